@@ -1,0 +1,56 @@
+#include "channel/device.h"
+
+#include "lumozeph.h"
+
+#include <cstdlib>
+#include <fcntl.h>
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr char normal_device[] = "/pelt/devices/char/zephdriver/kola_lumo";
+constexpr char upgrade_device[] = "/pelt/devices/char/zephdriver/kola_lumo_ugrade";
+constexpr char upgrade_switch[] = "USE_UPGRADE_DEV";
+
+} // namespace
+
+int32_t LUMOZEPHIoctl(int32_t command, LumoEnvelope* envelope)
+{
+    const char* path = getenv(upgrade_switch) != nullptr ? upgrade_device : normal_device;
+    const int device = open64(path, O_RDWR);
+    if (device < 0)
+        return -1;
+    const int result = ioctl(device, static_cast<unsigned long>(command), envelope);
+    close(device);
+    return result < 0 ? -1 : 0;
+}
+
+namespace lumo {
+
+int32_t exchange(Command command, Input input, Room& room)
+{
+    LumoEnvelope envelope {input.length, input.bytes, room.length, room.bytes};
+    const int32_t result = LUMOZEPHIoctl(static_cast<int32_t>(command), &envelope);
+    room.length = envelope.outLen;
+    return result;
+}
+
+int32_t send(Command command, Input input)
+{
+    Room none {nullptr, 0};
+    return exchange(command, input, none);
+}
+
+int32_t send(Command command, const Request& request)
+{
+    return send(command, input(request));
+}
+
+int32_t read_raw(Command command, const Request& request, void* bytes, uint32_t length)
+{
+    Room room {bytes, length};
+    return exchange(command, input(request), room);
+}
+
+} // namespace lumo

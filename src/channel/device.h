@@ -1,0 +1,42 @@
+// The way to the module. One command is one call of LUMOZEPHIoctl with one envelope.
+#pragma once
+
+#include "channel/command.h"
+#include "channel/request.h"
+
+#include <cstdint>
+
+namespace lumo {
+
+struct Input
+{
+    const void* bytes;
+    uint32_t length;
+};
+
+inline constexpr Input no_input {nullptr, 0};
+
+inline Input input(const Request& request)
+{
+    return {request.data(), request_size};
+}
+
+// Where the module writes, and how much room there is; after a call, the length that the module reported.
+struct Room
+{
+    void* bytes;
+    uint32_t length;
+};
+
+// Issues the command. Returns 0, or -1 with the errno of the system call that failed.
+int32_t exchange(Command command, Input input, Room& room);
+
+// A command that returns nothing.
+int32_t send(Command command, Input input);
+int32_t send(Command command, const Request& request);
+
+// A command whose reply goes straight to the caller, who is trusted to give length bytes of room; what the module
+// reports of it is not looked at.
+int32_t read_raw(Command command, const Request& request, void* bytes, uint32_t length);
+
+} // namespace lumo

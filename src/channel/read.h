@@ -1,0 +1,184 @@
+// The shapes of reads: one decoded record, a counted list of them, a 32-bit value; and the release of what they return.
+#pragma once
+
+#include "channel/device.h"
+#include "channel/fail.h"
+#include "channel/record.h"
+
+#include <cstdlib>
+#include <type_traits>
+
+namespace lumo {
+
+// Where the module writes a reply that is decoded afterwards. Freed when the call ends, by whatever way.
+class ReplyBuffer
+{
+public:
+    explicit ReplyBuffer(uint32_t size) : room_ {malloc(size), size} {}
+    ~ReplyBuffer()
+    {
+        if (room_.bytes != nullptr)
+            free(room_.bytes);
+    }
+    ReplyBuffer(const ReplyBuffer&) = delete;
+    ReplyBuffer& operator=(const ReplyBuffer&) = delete;
+
+    bool allocated() const { return room_.bytes != nullptr; }
+    int32_t receive(Command command, const Request& request) { return exchange(command, input(request), room_); }
+
+    const char* bytes() const { return static_cast<const char*>(room_.bytes); }
+    // The length that the module reported. It is compared as signed everywhere.
+    int32_t length() const { return static_cast<int32_t>(room_.length); }
+
+private:
+    Room room_;
+};
+
+template <class Record>
+int32_t release(Record* record)
+{
+    if (record != nullptr)
+        free(record);
+    return 0;
+}
+
+template <class List>
+int32_t release_list(List* list)
+{
+    if (list == nullptr)
+        return 0;
+    release(list->records);
+    free(list);
+    return 0;
+}
+
+// Reads one record.
+template <class Record>
+int32_t get_one(Command command, const Request& request, Record** out)
+{
+    ReplyBuffer reply(sizeof(Record));
+    if (!reply.allocated())
+        return fail(ENOMEM);
+    if (reply.receive(command, request) != 0)
+        return -1;
+
+    Record* record = static_cast<Record*>(calloc(1, sizeof(Record)));
+    *out = record;
+    if (record == nullptr)
+        return fail(ENOMEM);
+    if (reply.length() < static_cast<int32_t>(sizeof(Record))) {
+        release(record);
+        *out = nullptr;
+        return fail(EBADMSG);
+    }
+    decode<Record>(reinterpret_cast<char*>(record), reply.bytes());
+    return 0;
+}
+
+// What becomes of a list's holder when the device call fails.
+enum class Holder
+{
+    Freed,
+    LeftAllocated
+};
+
+// What a piece at the end of a list that is shorter than a record is.
+enum class Fragment
+{
+    Rejected,
+    DecodedAsRecord
+};
+
+struct ListShape
+{
+    int32_t cap;
+    Holder on_device_error = Holder::Freed;
+    Fragment fragment = Fragment::Rejected;
+};
+
+template <class List>
+using RecordOf = std::remove_pointer_t<decltype(List::records)>;
+
+// Decodes the reply into list->records, which has room for the cap, and counts. Stops at the cap; what the module
+// reported beyond it is not looked at.
+template <class List>
+int32_t decode_list(const ReplyBuffer& reply, const ListShape& shape, List* list)
+{
+    using Record = RecordOf<List>;
+    constexpr int32_t size = sizeof(Record);
+
+    const int32_t length = std::max(reply.length(), 0);
+    int32_t whole = length / size;
+    int32_t tail = length % size;
+    if (whole >= shape.cap) {
+        whole = shape.cap;
+        tail = 0;
+    }
+    if (tail > 0 && shape.fragment == Fragment::Rejected)
+        return fail(EBADMSG);
+    list->count = tail > 0 ? whole + 1 : whole;
+
+    char* to = reinterpret_cast<char*>(list->records);
+    const char* from = reply.bytes();
+    if constexpr (is_plain<Record>) {
+        std::memcpy(to, from, static_cast<std::size_t>(list->count) * sizeof(Record));
+    } else {
+        for (int32_t i = 0; i < list->count; ++i, to += size, from += size)
+            decode<Record>(to, from);
+    }
+    return 0;
+}
+
+// Fills the holder that the caller has allocated. Every failure frees it, except that of the device call where the
+// shape says so.
+template <class List>
+int32_t fill_list(Command command, const Request& request, const ListShape& shape, List* list)
+{
+    using Record = RecordOf<List>;
+
+    ReplyBuffer reply(static_cast<uint32_t>(shape.cap) * sizeof(Record));
+    if (!reply.allocated()) {
+        release(list);
+        return fail(ENOMEM);
+    }
+    if (reply.receive(command, request) != 0) {
+        if (shape.on_device_error == Holder::Freed)
+            release(list);
+        return -1;
+    }
+
+    list->count = 0;
+    list->records = static_cast<Record*>(calloc(static_cast<std::size_t>(shape.cap), sizeof(Record)));
+    const int32_t result = list->records == nullptr ? fail(ENOMEM) : decode_list(reply, shape, list);
+    if (result != 0)
+        release_list(list);
+    return result;
+}
+
+// Allocates the holder, hands it to the caller at once, and has it filled; takes it back when that fails.
+template <class List, class Fill>
+int32_t get_list(List** out, Fill fill)
+{
+    List* list = static_cast<List*>(calloc(1, sizeof(List)));
+    *out = list;
+    if (list == nullptr)
+        return fail(ENOMEM);
+    const int32_t result = fill(list);
+    if (result != 0)
+        *out = nullptr;
+    return result;
+}
+
+template <class List>
+int32_t get_list(Command command, const Request& request, const ListShape& shape, List** out)
+{
+    return get_list(out, [&](List* list) { return fill_list(command, request, shape, list); });
+}
+
+// Sets a module-wide 32-bit value: the value itself is the input.
+int32_t send_value(Command command, uint32_t value);
+
+// Reads a module-wide 32-bit value. A command without input, so that there is no request.
+int32_t read_value(Command command, uint32_t* out);
+
+} // namespace lumo
