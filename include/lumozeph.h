@@ -4,37 +4,38 @@
  *
  * Conventions. What is said here holds for every function; a function's own comment names only what differs.
  *
- *  1. Result. Every function returns 0 on success and -1 on failure, with the reason in errno. Nothing is logged, nothing
- *     is retried.
+ *  1. Result. Every function returns 0 on success and -1 on failure, with the reason in errno. Nothing is logged,
+ * nothing is retried.
  *  2. errno.
  *       EINVAL   a required argument is null or a value is rejected; the module has not been contacted;
  *       ENOMEM   the library could not allocate memory; set by the library whatever the allocator left behind;
  *       EBADMSG  the module's reply is shorter than one record, or a list ends in a fragment of a record;
- *       other    as open(2) or ioctl(2) on the module's device left it, passed through unchanged (ENOENT and EACCES from
- *                the open; whatever the module answers from the ioctl).
+ *       other    as open(2) or ioctl(2) on the module's device left it, passed through unchanged (ENOENT and EACCES
+ * from the open; whatever the module answers from the ioctl).
  *  3. Null. A pointer argument must not be null unless its function says "or null". Where a null argument is rejected,
  *     the function says EINVAL; where it says nothing, null is not tested and the program's behaviour is undefined.
  *  4. Ownership. Arguments are read, or filled, during the call only. A function that stores a pointer through an "out"
  *     argument hands over memory of the C allocator, to be given to the Release function that its comment names (or to
- *     free() where it says so). Nothing else frees it, and the library keeps no reference. Release functions accept null.
+ *     free() where it says so). Nothing else frees it, and the library keeps no reference. Release functions accept
+ * null.
  *  5. Out pointers on failure. Single reads: untouched while nothing has been allocated for the caller (null argument,
  *     failed reply buffer, failed device call); null when the result could not be allocated or the reply was too short.
  *     List reads: null after every failure that follows the null checks. A list is never returned partly filled.
- *  6. Lists. {count, records}: records always has room for the family's full cap, zero-filled past count. What the module
- *     reports beyond the cap is ignored without an error.
+ *  6. Lists. {count, records}: records always has room for the family's full cap, zero-filled past count. What the
+ * module reports beyond the cap is ignored without an error.
  *  7. Byte order. Integers are in host byte order and are passed on as they stand, both ways. MAC addresses are six
- *     bytes in wire order. An IPv6 address is sixteen bytes in wire order; as an argument it is two 64-bit words holding
- *     those bytes unchanged, the first eight in the first word. IPv4 addresses and masks are 32-bit values that the
+ *     bytes in wire order. An IPv6 address is sixteen bytes in wire order; as an argument it is two 64-bit words
+ * holding those bytes unchanged, the first eight in the first word. IPv4 addresses and masks are 32-bit values that the
  *     library hands to the module as the caller holds them.
  *  8. Texts. Plain bytes ended by NUL. A text that goes into a field of N bytes is cut, without an error, to its first
  *     N - 1 bytes, and a text that comes out of one always ends in NUL, with zero bytes after it. "Unterminated" at an
  *     argument means that all N bytes are used and a text of N or more bytes arrives without a NUL.
  *  9. Instance key. A router instance is named by its name or by its UUID in text form (lower-case hexadecimal digits,
  *     8-4-4-4-12), at most 63 bytes. The module tells the two apart.
- * 10. Threads. The library has no state: every call opens the device, issues one command and closes the device. Calls from
- *     any number of threads are independent; their order is the module's business.
- * 11. Environment. If USE_UPGRADE_DEV is set, to whatever value, a call uses the module's upgrade device. It is looked up
- *     on every call.
+ * 10. Threads. The library has no state: every call opens the device, issues one command and closes the device. Calls
+ * from any number of threads are independent; their order is the module's business.
+ * 11. Environment. If USE_UPGRADE_DEV is set, to whatever value, a call uses the module's upgrade device. It is looked
+ * up on every call.
  * 12. Records. Every record is packed: fields lie where the comment before them says, unaligned where that is so. Take
  *     the address of such a field only as a pointer to bytes. Fields that the library does not interpret are called
  *     value, text, data or bytes and numbered in the order in which they lie; "not copied" bytes are zero whatever the
@@ -46,9 +47,11 @@
 #include <stdint.h>
 
 #if defined(__cplusplus)
-#define LUMOZEPH_RECORD_SIZE(type, size) static_assert(sizeof(struct type) == (size), "struct " #type " is " #size " bytes")
+#define LUMOZEPH_RECORD_SIZE(type, size)                                                                               \
+    static_assert(sizeof(struct type) == (size), "struct " #type " is " #size " bytes")
 #elif defined(__STDC_VERSION__) && __STDC_VERSION__ >= 201112L
-#define LUMOZEPH_RECORD_SIZE(type, size) _Static_assert(sizeof(struct type) == (size), "struct " #type " is " #size " bytes")
+#define LUMOZEPH_RECORD_SIZE(type, size)                                                                               \
+    _Static_assert(sizeof(struct type) == (size), "struct " #type " is " #size " bytes")
 #else
 #define LUMOZEPH_RECORD_SIZE(type, size) typedef char type##_size_holds[sizeof(struct type) == (size) ? 1 : -1]
 #endif
@@ -68,7 +71,8 @@ extern "C" {
  * ------------------------------------------------------------------------------------------------------------------ */
 
 /* What one ioctl carries to the module and back. */
-struct LumoEnvelope {
+struct LumoEnvelope
+{
     uint32_t inLen;    /* 0: bytes at inPtr; 776 for a request record */
     const void* inPtr; /* 4: the command's input, or null */
     uint32_t outLen;   /* 12: room at outPtr in bytes; the module stores the number of bytes it wrote */
@@ -102,41 +106,43 @@ int32_t LUMOZEPHGetUuidOrName(const char* text, char key[64]);
  * ------------------------------------------------------------------------------------------------------------------ */
 
 /* One router instance as the module reports it. */
-struct LumoInstanceInfo {
-    char instanceKey[64];   /* 0: the instance's key text */
-    uint32_t value1;        /* 64: the value given to LUMOZEPH_SetLumoInstance */
-    uint32_t value2;        /* 68 */
-    uint16_t value3;        /* 72: zeroed by LUMOZEPH_ReleaseInstances */
-    uint16_t value4;        /* 74: zeroed by LUMOZEPH_ReleaseInstances */
-    uint16_t value5;        /* 76: zeroed by LUMOZEPH_ReleaseInstances */
-    uint32_t value6;        /* 78 */
-    uint32_t value7;        /* 82 */
-    uint32_t value8;        /* 86 */
-    uint8_t value9;         /* 90 */
-    uint16_t value10;       /* 91 */
-    uint8_t uncopied[2];    /* 93: not copied */
-    uint8_t value11;        /* 95 */
-    uint8_t value12;        /* 96 */
-    uint8_t bytes1[13];     /* 97 */
-    uint32_t words[4];      /* 110 */
-    uint32_t value13;       /* 126 */
-    uint16_t value14;       /* 130 */
-    uint8_t value15;        /* 132 */
-    uint16_t value16;       /* 133 */
-    uint8_t value17;        /* 135 */
-    char text2[64];         /* 136 */
-    uint16_t value18;       /* 200 */
-    uint8_t bytes2[32];     /* 202 */
-    uint64_t value19;       /* 234 */
-    uint32_t value20;       /* 242 */
-    uint8_t value21;        /* 246 */
-    uint32_t value22;       /* 247 */
-    uint32_t value23;       /* 251 */
-    uint8_t value24;        /* 255 */
+struct LumoInstanceInfo
+{
+    char instanceKey[64]; /* 0: the instance's key text */
+    uint32_t value1;      /* 64: the value given to LUMOZEPH_SetLumoInstance */
+    uint32_t value2;      /* 68 */
+    uint16_t value3;      /* 72: zeroed by LUMOZEPH_ReleaseInstances */
+    uint16_t value4;      /* 74: zeroed by LUMOZEPH_ReleaseInstances */
+    uint16_t value5;      /* 76: zeroed by LUMOZEPH_ReleaseInstances */
+    uint32_t value6;      /* 78 */
+    uint32_t value7;      /* 82 */
+    uint32_t value8;      /* 86 */
+    uint8_t value9;       /* 90 */
+    uint16_t value10;     /* 91 */
+    uint8_t uncopied[2];  /* 93: not copied */
+    uint8_t value11;      /* 95 */
+    uint8_t value12;      /* 96 */
+    uint8_t bytes1[13];   /* 97 */
+    uint32_t words[4];    /* 110 */
+    uint32_t value13;     /* 126 */
+    uint16_t value14;     /* 130 */
+    uint8_t value15;      /* 132 */
+    uint16_t value16;     /* 133 */
+    uint8_t value17;      /* 135 */
+    char text2[64];       /* 136 */
+    uint16_t value18;     /* 200 */
+    uint8_t bytes2[32];   /* 202 */
+    uint64_t value19;     /* 234 */
+    uint32_t value20;     /* 242 */
+    uint8_t value21;      /* 246 */
+    uint32_t value22;     /* 247 */
+    uint32_t value23;     /* 251 */
+    uint8_t value24;      /* 255 */
 } LUMOZEPH_PACKED;
 LUMOZEPH_RECORD_SIZE(LumoInstanceInfo, 256);
 
-struct LumoInstanceList {
+struct LumoInstanceList
+{
     int32_t count;                    /* instances in records */
     struct LumoInstanceInfo* records; /* room for 1000 */
 };

@@ -1,6 +1,7 @@
 // Router instances: what is sent, and what is particular to reading and releasing them.
 #include "lumozeph.h"
 #include "support/matchers.h"
+#include "support/reads.h"
 #include "support/sends.h"
 
 using namespace world;
@@ -29,15 +30,28 @@ const std::vector<Send> sends {
         [] { return LUMOZEPH_SetLumoInstanceTunables("router-1", Bytes(64, 't').c_str(), 0xffffffff); }},
 };
 
-class InstanceSends : public testing::TestWithParam<Send>
-{};
+INSTANTIATE_TEST_SUITE_P(Instance, Sends, testing::ValuesIn(sends), NameOfRow());
 
-TEST_P(InstanceSends, CarryExactlyTheirRequest)
-{
-    expect_send(GetParam());
-}
+const Layout layout {.size = 256, .texts = {{0, 64}, {136, 64}}, .zeroed = {{93, 2}}};
 
-INSTANTIATE_TEST_SUITE_P(Rows, InstanceSends, testing::ValuesIn(sends), NameOfRow());
+const std::vector<SingleRead> single_reads {
+    {"GetInstance", 1, layout, Record().text(0, "router-1"),
+        [](void** out) { return LUMOZEPH_GetInstance("router-1", as<LumoInstanceInfo>(out)); },
+        releasing(LUMOZEPH_ReleaseInstance)},
+    {"GetInstanceWithKeyCutAt63", 1, layout, Record().text(0, Bytes(63, 'k')),
+        [](void** out) { return LUMOZEPH_GetInstance(Bytes(64, 'k').c_str(), as<LumoInstanceInfo>(out)); },
+        releasing(LUMOZEPH_ReleaseInstance)},
+};
+
+INSTANTIATE_TEST_SUITE_P(Instance, SingleReads, testing::ValuesIn(single_reads), NameOfRow());
+
+const std::vector<ListRead> list_reads {
+    {"GetInstances", 0, layout, 1000, 256000, Record(),
+        [](void** out) { return LUMOZEPH_GetInstances(as<LumoInstanceList>(out)); },
+        releasing(LUMOZEPH_ReleaseInstances)},
+};
+
+INSTANTIATE_TEST_SUITE_P(Instance, ListReads, testing::ValuesIn(list_reads), NameOfRow());
 
 TEST(Instances, AreNotNamedByANullKey)
 {

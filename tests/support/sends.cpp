@@ -2,23 +2,31 @@
 
 namespace world {
 
-void expect_send(const Send& row)
+TEST_P(Sends, CarryExactlyTheirRequestAndNoReply)
 {
-    ScriptedDevice accepting;
-    const Call accepted = observe(accepting, row.send);
-    EXPECT_THAT(accepted, Succeeds());
-    EXPECT_THAT(accepted.events,
+    ScriptedDevice device;
+    const Call call = observe(device, row.send);
+    EXPECT_THAT(call, Succeeds());
+    ASSERT_EQ(call.sent.size(), 1u);
+    EXPECT_EQ(call.sent[0].number, row.command);
+    EXPECT_EQ(call.sent[0].in_len, 776u);
+    EXPECT_EQ(call.sent[0].input, row.request);
+    EXPECT_EQ(call.sent[0].out_len, 0u);
+    EXPECT_EQ(call.sent[0].out_ptr, 0u);
+}
+
+TEST_P(Sends, MakeThreeSystemCallsAndAllocateNothing)
+{
+    ScriptedDevice device;
+    EXPECT_THAT(observe(device, row.send).events,
         testing::ElementsAre("getenv(USE_UPGRADE_DEV)", "open64(/pelt/devices/char/zephdriver/kola_lumo, 2) = 5000",
             "ioctl(5000, " + std::to_string(row.command) + ")", "close(5000)"));
-    ASSERT_EQ(accepted.sent.size(), 1u);
-    EXPECT_EQ(accepted.sent[0].in_len, 776u);
-    EXPECT_EQ(accepted.sent[0].input, row.request);
-    EXPECT_EQ(accepted.sent[0].out_len, 0u);
-    EXPECT_EQ(accepted.sent[0].out_ptr, 0u);
+}
 
+TEST_P(Sends, PassTheErrnoOfTheDeviceOn)
+{
     ScriptedDevice rejecting(fails(EPERM));
     EXPECT_THAT(observe(rejecting, row.send), Fails(EPERM));
-
     ScriptedDevice absent;
     EXPECT_THAT(observe(absent, {.open_error = ENOENT}, row.send), Fails(ENOENT));
 }

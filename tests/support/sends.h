@@ -1,4 +1,5 @@
-// What every operation that sends a request and reads no reply of its own must do, for rows of a table.
+// What every operation must do that sends a request and reads no reply. A family instantiates Sends with rows that
+// restate its requests; the tests are in sends.cpp.
 #pragma once
 
 #include "support/matchers.h"
@@ -19,8 +20,11 @@ inline void PrintTo(const Send& row, std::ostream* out)
     *out << row.name;
 }
 
-// The operation sends exactly this request and nothing else, allocates nothing, and passes the system's errno on.
-void expect_send(const Send& row);
+class Sends : public testing::TestWithParam<Send>
+{
+protected:
+    const Send& row = GetParam();
+};
 
 // The operation rejects its arguments: EINVAL, no device call, no allocation.
 void expect_rejected(const std::function<std::int32_t()>& call);

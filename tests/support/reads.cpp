@@ -1,35 +1,12 @@
-// The shapes of reads. Each row restates what goes over the wire; the tests below hold for every row.
-#include "lumozeph.h"
-#include "support/matchers.h"
 #include "support/reads.h"
 
-using namespace world;
+#include "support/matchers.h"
+
 using testing::ElementsAre;
-using testing::IsEmpty;
+
+namespace world {
 
 namespace {
-
-const Layout instance {.size = 256, .texts = {{0, 64}, {136, 64}}, .zeroed = {{93, 2}}};
-
-const std::vector<SingleRead> single_reads {
-    {"GetInstance", 1, instance, Record().text(0, "router-1"),
-        [](void** out) { return LUMOZEPH_GetInstance("router-1", as<LumoInstanceInfo>(out)); },
-        releasing(LUMOZEPH_ReleaseInstance)},
-};
-
-const std::vector<ListRead> list_reads {
-    {"GetInstances", 0, instance, 1000, 256000, Record(),
-        [](void** out) { return LUMOZEPH_GetInstances(as<LumoInstanceList>(out)); },
-        releasing(LUMOZEPH_ReleaseInstances)},
-};
-
-// Where an out pointer pointed before the call.
-void* const elsewhere = reinterpret_cast<void*>(0x5a5a);
-
-std::string number(std::size_t value)
-{
-    return std::to_string(value);
-}
 
 std::vector<std::string> device_call(int command)
 {
@@ -45,26 +22,16 @@ std::vector<std::string> joined(const std::vector<std::vector<std::string>>& pie
     return all;
 }
 
-class SingleReads : public testing::TestWithParam<SingleRead>
+// None, one, the table's room, and more than that up to the largest that the count's field can say.
+std::vector<std::uint64_t> counts_for(const Table& table)
 {
-protected:
-    const SingleRead& row = GetParam();
-    const std::size_t size = row.layout.size;
-    void* out = elsewhere;
+    if (table.count.width == 0)
+        return {};
+    const std::uint64_t largest = (std::uint64_t {1} << (8 * table.count.width)) - 1;
+    return {0, 1, table.capacity - 1, table.capacity, table.capacity + 1, largest / 2 + 1, largest};
+}
 
-    const std::string reply_buffer = "malloc(" + number(size) + ")";
-    const std::string result = "calloc(1, " + number(size) + ")";
-
-    Call read(Answer answer, const System& system = {})
-    {
-        ScriptedDevice device(std::move(answer));
-        return observe(device, system, [&] { return row.read(&out); });
-    }
-
-    Bytes record() const { return Bytes(static_cast<const char*>(out), size); }
-
-    void release() { EXPECT_EQ(row.release(out), 0); }
-};
+} // namespace
 
 TEST_P(SingleReads, SendTheirRequestWithRoomForOneRecord)
 {
@@ -97,6 +64,32 @@ TEST_P(SingleReads, DecodeEveryByteOfARecord)
         EXPECT_EQ(record(), decoded(row.layout, reply));
         release();
     }
+}
+
+TEST_P(SingleReads, ClearWhatFollowsTheEndOfAText)
+{
+    for (const Range& text : row.layout.texts)
+        for (const std::size_t end : {std::size_t {0}, std::size_t {1}, text.width / 2, text.width - 1}) {
+            Bytes reply = reply_record(row.layout, 0);
+            reply[text.offset + end] = '\0';
+            ASSERT_THAT(read(replies(reply)), Succeeds());
+            EXPECT_EQ(record(), decoded(row.layout, reply)) << "text at " << text.offset << " of " << end << " bytes";
+            release();
+        }
+}
+
+// Kept: a count is passed on as the module reports it. It moves nothing outside the reply and the record.
+TEST_P(SingleReads, PassCountsOnAndStayInside)
+{
+    for (const Table& table : row.layout.tables)
+        for (const std::uint64_t count : counts_for(table)) {
+            Bytes reply = reply_record(row.layout, 1);
+            put(reply, table.count.offset, count, table.count.width);
+            ASSERT_THAT(read(replies(reply), {.guarded_blocks = true}), Succeeds());
+            EXPECT_EQ(get(record(), table.count.offset, table.count.width), count);
+            EXPECT_EQ(record(), decoded(row.layout, reply)) << "count " << count;
+            release();
+        }
 }
 
 TEST_P(SingleReads, AcceptALongerReplyAndDecodeItsFirstRecord)
@@ -171,64 +164,6 @@ TEST_P(SingleReads, AreReleasedWithOneFree)
     EXPECT_THAT(null, DoesNothing());
 }
 
-INSTANTIATE_TEST_SUITE_P(Rows, SingleReads, testing::ValuesIn(single_reads), NameOfRow());
-
-// A list holder as it lies in memory.
-struct Listed
-{
-    std::int32_t count;
-    char* records;
-};
-
-class ListReads : public testing::TestWithParam<ListRead>
-{
-protected:
-    const ListRead& row = GetParam();
-    const std::size_t size = row.layout.size;
-    void* out = elsewhere;
-
-    const std::string holder = "calloc(1, 16)";
-    const std::string reply_buffer = "malloc(" + number(row.room) + ")";
-    const std::string array = "calloc(" + number(row.cap) + ", " + number(size) + ")";
-
-    Call read(Answer answer, const System& system = {})
-    {
-        ScriptedDevice device(std::move(answer));
-        return observe(device, system, [&] { return row.read(&out); });
-    }
-
-    Bytes reply_of(std::size_t records) const
-    {
-        Bytes reply;
-        reply.reserve(records * size);
-        for (std::size_t i = 0; i < records; ++i)
-            reply += reply_record(row.layout, i);
-        return reply;
-    }
-
-    const Listed& list() const { return *static_cast<const Listed*>(out); }
-    Bytes record(std::size_t index) const { return Bytes(list().records + index * size, size); }
-
-    void expect_records(std::size_t count) const
-    {
-        ASSERT_EQ(list().count, static_cast<std::int32_t>(count));
-        for (std::size_t i = 0; i < count; ++i)
-            ASSERT_EQ(record(i), decoded(row.layout, reply_record(row.layout, i))) << "record " << i;
-        for (std::size_t i = count; i < std::min(count + 2, row.cap); ++i)
-            ASSERT_EQ(record(i), Bytes(size, '\0')) << "past the last record";
-    }
-
-    void expect_failure(const Call& call, int error, const std::vector<std::string>& events)
-    {
-        EXPECT_THAT(call, Fails(error));
-        EXPECT_EQ(out, nullptr);
-        EXPECT_EQ(call.events, events);
-        out = elsewhere;
-    }
-
-    void release() { EXPECT_EQ(row.release(out), 0); }
-};
-
 TEST_P(ListReads, SendTheirRequestWithRoomForTheCap)
 {
     const Call call = read(replies({}));
@@ -268,6 +203,22 @@ TEST_P(ListReads, DecodeEachRecord)
     ASSERT_THAT(read(replies(reply_of(5))), Succeeds());
     expect_records(5);
     release();
+}
+
+// Kept: a count is passed on as the module reports it. It moves nothing outside the reply and the record: the record
+// before it and the one after it arrive unharmed.
+TEST_P(ListReads, PassCountsOnAndStayInside)
+{
+    for (const Table& table : row.layout.tables)
+        for (const std::uint64_t count : counts_for(table)) {
+            Bytes reply = reply_of(3);
+            put(reply, size + table.count.offset, count, table.count.width);
+            ASSERT_THAT(read(replies(reply), {.guarded_blocks = true}), Succeeds());
+            EXPECT_EQ(record(0), decoded(row.layout, reply_record(row.layout, 0)));
+            EXPECT_EQ(record(1), decoded(row.layout, reply.substr(size, size))) << "count " << count;
+            EXPECT_EQ(record(2), decoded(row.layout, reply_record(row.layout, 2)));
+            release();
+        }
 }
 
 TEST_P(ListReads, DecodeAFullReply)
@@ -357,6 +308,4 @@ TEST_P(ListReads, AreReleasedAlsoWithoutArray)
     EXPECT_THAT(null, DoesNothing());
 }
 
-INSTANTIATE_TEST_SUITE_P(Rows, ListReads, testing::ValuesIn(list_reads), NameOfRow());
-
-} // namespace
+} // namespace world
