@@ -1,0 +1,42 @@
+#include "emulator/model/module.h"
+
+#include "emulator/model/device.h"
+#include "emulator/model/state.h"
+
+namespace emulator {
+
+namespace {
+
+using CommandTable = std::array<const Command*, last_command + 1>;
+
+CommandTable all_commands()
+{
+    CommandTable table {};
+    for (const std::span<const Command> family : {setting_commands(), instance_commands()})
+        for (const Command& command : family)
+            table[command.number] = &command;
+    return table;
+}
+
+} // namespace
+
+Module::Module() : state_(std::make_unique<State>()) {}
+Module::~Module() = default;
+
+Answer Module::answer(std::uint32_t number, std::span<const std::byte> input, std::uint32_t room)
+{
+    static const CommandTable commands = all_commands();
+    if (number > last_command || commands[number] == nullptr)
+        return {ENOTTY, {}};
+    if (input.size() != commands[number]->input)
+        return {EINVAL, {}};
+
+    Exchange exchange {*state_, Request(input), room, {}};
+    if (const int error = commands[number]->answer(exchange); error != 0)
+        return {error, {}};
+    if (exchange.reply.size() > room)
+        return {ENOBUFS, {}};
+    return {0, std::move(exchange.reply)};
+}
+
+} // namespace emulator

@@ -1,0 +1,35 @@
+// A model of the kernel module: takes one command at a time and keeps what it was told.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <vector>
+
+namespace emulator {
+
+struct Answer
+{
+    int error = 0;                // 0 or an errno value
+    std::vector<std::byte> reply; // empty when there is an error
+};
+
+struct State;
+
+class Module
+{
+public:
+    Module();
+    ~Module();
+    Module(const Module&) = delete;
+    Module& operator=(const Module&) = delete;
+
+    // number: the request of the ioctl; input: the bytes that the envelope's inPtr and inLen name; room: its outLen.
+    Answer answer(std::uint32_t number, std::span<const std::byte> input, std::uint32_t room);
+
+private:
+    std::unique_ptr<State> state_;
+};
+
+} // namespace emulator

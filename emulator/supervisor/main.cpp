@@ -1,0 +1,144 @@
+// lumozeph-emulator: runs programs in a world in which the module exists.
+#include "emulator/model/device.h"
+#include "emulator/model/module.h"
+#include "emulator/supervisor/world.h"
+
+#include <CLI/CLI.hpp>
+#include <cerrno>
+#include <csignal>
+#include <cstring>
+#include <fcntl.h>
+#include <fmt/core.h>
+#include <memory>
+#include <string>
+#include <sys/ioctl.h>
+#include <sys/prctl.h>
+#include <sys/resource.h>
+#include <unistd.h>
+#include <vector>
+
+namespace {
+
+// As env(1) and timeout(1) have them.
+constexpr int emulator_failed = 125;
+constexpr int cannot_be_invoked = 126;
+constexpr int not_found = 127;
+
+int execute(char** program)
+{
+    execvp(program[0], program);
+    const int error = errno;
+    fmt::print(stderr, "lumozeph-emulator: cannot run '{}': {}\n", program[0], std::strerror(error));
+    return error == ENOENT ? not_found : cannot_be_invoked;
+}
+
+// Ends as the program ended.
+int end_like(const emulator::Ending& ending)
+{
+    if (ending.signal == 0)
+        return ending.status;
+    // The program has dumped its core, if any.
+    const rlimit no_core {0, 0};
+    setrlimit(RLIMIT_CORE, &no_core);
+    prctl(PR_SET_DUMPABLE, 0, 0, 0, 0);
+    std::signal(ending.signal, SIG_DFL);
+    sigset_t only;
+    sigemptyset(&only);
+    sigaddset(&only, ending.signal);
+    sigprocmask(SIG_UNBLOCK, &only, nullptr);
+    std::raise(ending.signal);
+    return 128 + ending.signal;
+}
+
+struct CloseFile
+{
+    void operator()(std::FILE* file) const
+    {
+        if (file != stderr)
+            std::fclose(file);
+    }
+};
+using File = std::unique_ptr<std::FILE, CloseFile>;
+
+int run(const std::string& trace_path, char** program)
+{
+    File trace;
+    if (trace_path == "-") {
+        trace.reset(stderr);
+    } else if (!trace_path.empty()) {
+        trace.reset(std::fopen(trace_path.c_str(), "we"));
+        if (!trace) {
+            fmt::print(stderr, "lumozeph-emulator: cannot write '{}': {}\n", trace_path, std::strerror(errno));
+            return emulator_failed;
+        }
+    }
+    emulator::Module module;
+    return end_like(emulator::run_in_world(module, trace.get(), [program] { return execute(program); }));
+}
+
+// Asks for a setting, from inside a world. Returns an exit status.
+int ask_once()
+{
+    const int device = open(emulator::normal_path.data(), O_RDWR | O_CLOEXEC);
+    std::uint32_t level = 0;
+    std::array<std::byte, emulator::envelope_size> envelope {};
+    const std::uint32_t room = sizeof level;
+    const auto* const at = &level;
+    std::memcpy(envelope.data() + emulator::out_len_at, &room, sizeof room);
+    std::memcpy(envelope.data() + emulator::out_ptr_at, &at, sizeof at);
+    return device >= 0 && ioctl(device, 9, envelope.data()) >= 0 ? 0 : 1;
+}
+
+int check()
+{
+    emulator::Module module;
+    const emulator::Ending ending = emulator::run_in_world(module, nullptr, ask_once);
+    if (ending.signal == 0 && ending.status == 0) {
+        fmt::print("this machine can run the emulator\n");
+        return 0;
+    }
+    if (ending.status != emulator_failed)
+        fmt::print(stderr, "lumozeph-emulator: the supervisor may not read the memory of its children\n");
+    return emulator_failed;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    // What follows the first "--" is the program's, to the letter.
+    int own = 1;
+    while (own < argc && std::strcmp(argv[own], "--") != 0)
+        ++own;
+    char** const program = own < argc ? argv + own + 1 : argv + argc;
+
+    CLI::App app("Runs programs in a world in which the lumozeph module exists.", "lumozeph-emulator");
+    app.set_version_flag("--version", std::string("lumozeph-emulator ") + LUMOZEPH_VERSION);
+    app.require_subcommand(1);
+    app.footer("The exit status of 'run' is that of PROGRAM; 125 if the emulator failed, 126 if PROGRAM cannot be\n"
+               "invoked, 127 if it is not found. If a signal ends PROGRAM, the same signal ends the emulator.");
+
+    std::string trace;
+    CLI::App* const run_command = app.add_subcommand("run", "Run a program: run [OPTIONS] -- PROGRAM [ARGS...]");
+    run_command->add_option("--trace", trace, "Write a line of JSON for each command answered (-: standard error)")
+        ->type_name("FILE");
+    CLI::App* const check_command = app.add_subcommand("check", "Say whether this machine can run the emulator");
+
+    try {
+        app.parse(own, argv);
+        if (check_command->parsed())
+            return check();
+        if (*program == nullptr)
+            throw CLI::RequiredError("-- PROGRAM");
+        return run(trace, program);
+    } catch (const CLI::ParseError& error) {
+        // --help and --version come this way, too.
+        if (error.get_exit_code() == 0)
+            return app.exit(error);
+        fmt::print(stderr, "lumozeph-emulator: {}\nTry 'lumozeph-emulator --help'.\n", error.what());
+        return emulator_failed;
+    } catch (const std::exception& error) {
+        fmt::print(stderr, "lumozeph-emulator: {}\n", error.what());
+        return emulator_failed;
+    }
+}

@@ -1,0 +1,213 @@
+#include "emulator/supervisor/server.h"
+
+#include "emulator/model/device.h"
+#include "emulator/model/wire.h"
+#include "emulator/supervisor/memory.h"
+
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <fmt/core.h>
+#include <fmt/format.h>
+#include <sys/ioctl.h>
+#include <sys/mman.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <system_error>
+#include <unistd.h>
+
+// Newer than the oldest headers that the emulator is built with.
+#ifndef SECCOMP_IOCTL_NOTIF_SET_FLAGS
+#define SECCOMP_IOCTL_NOTIF_SET_FLAGS SECCOMP_IOW(4, __u64)
+#endif
+#ifndef SECCOMP_USER_NOTIF_FD_SYNC_WAKE_UP
+#define SECCOMP_USER_NOTIF_FD_SYNC_WAKE_UP (1UL << 0)
+#endif
+
+namespace emulator {
+
+namespace {
+
+// No command takes more input; a longer one is refused without being read.
+constexpr std::uint32_t longest_input = 4096;
+
+} // namespace
+
+Server::Server(Module& module, std::FILE* trace)
+    : module_(module), trace_(trace), device_file_(memfd_create("lumozeph-emulator-device", MFD_CLOEXEC))
+{
+    if (device_file_ < 0 || fstat(device_file_, &device_) != 0)
+        throw std::system_error(errno, std::generic_category(), "cannot make the device");
+
+    seccomp_notif_sizes sizes {};
+    if (syscall(SYS_seccomp, SECCOMP_GET_NOTIF_SIZES, 0, &sizes) != 0)
+        throw std::system_error(errno, std::generic_category(), "the kernel has no seccomp user notification");
+    notification_.resize(std::max<std::size_t>(sizes.seccomp_notif, sizeof(seccomp_notif)));
+    response_.resize(std::max<std::size_t>(sizes.seccomp_notif_resp, sizeof(seccomp_notif_resp)));
+}
+
+Server::~Server()
+{
+    close(device_file_);
+    for (const int descriptor : {listener_, descriptors_})
+        if (descriptor >= 0)
+            close(descriptor);
+}
+
+void Server::listen(int listener)
+{
+    listener_ = listener;
+    // Hands the processor straight to the other side and back. Kernels before 6.6 do without.
+    ioctl(listener_, SECCOMP_IOCTL_NOTIF_SET_FLAGS, SECCOMP_USER_NOTIF_FD_SYNC_WAKE_UP);
+}
+
+void Server::serve_one()
+{
+    std::fill(notification_.begin(), notification_.end(), std::byte {0});
+    if (ioctl(listener_, SECCOMP_IOCTL_NOTIF_RECV, notification_.data()) != 0)
+        return; // Whoever it was has gone.
+    Notification notification;
+    std::memcpy(&notification, notification_.data(), sizeof notification);
+
+    const auto& arguments = notification.data.args;
+    switch (notification.data.nr) {
+#ifdef SYS_open
+    case SYS_open:
+        answer_open(notification, arguments[0], arguments[1]);
+        break;
+#endif
+    case SYS_openat:
+        answer_open(notification, arguments[1], arguments[2]);
+        break;
+    case SYS_openat2: {
+        std::uint64_t flags = 0; // the first member of struct open_how
+        Memory(static_cast<pid_t>(notification.pid)).read(arguments[2], std::as_writable_bytes(std::span(&flags, 1)));
+        answer_open(notification, arguments[1], flags);
+        break;
+    }
+    case SYS_ioctl:
+        answer_ioctl(notification);
+        break;
+    default:
+        let_continue(notification);
+    }
+}
+
+bool Server::opens_device(const Notification& notification, std::uint64_t path) const
+{
+    std::array<std::byte, upgrade_path.size() + 1> buffer {};
+    const Memory memory(static_cast<pid_t>(notification.pid));
+    const std::size_t length = memory.read_some(path, buffer);
+    const char* text = reinterpret_cast<const char*>(buffer.data());
+    const std::size_t end = strnlen(text, length);
+    return end < length && is_device_path({text, end});
+}
+
+void Server::answer_open(const Notification& notification, std::uint64_t path, std::uint64_t flags)
+{
+    if (!opens_device(notification, path)) {
+        let_continue(notification);
+        return;
+    }
+    seccomp_notif_addfd added {};
+    added.id = notification.id;
+    added.flags = SECCOMP_ADDFD_FLAG_SEND;
+    added.srcfd = static_cast<std::uint32_t>(device_file_);
+    added.newfd_flags = (flags & O_CLOEXEC) != 0 ? O_CLOEXEC : 0;
+    // Answers the call with the new descriptor's number. Fails when the process may have no more descriptors.
+    if (ioctl(listener_, SECCOMP_IOCTL_NOTIF_ADDFD, &added) < 0)
+        respond(notification, errno);
+}
+
+bool Server::is_device(const Notification& notification, std::uint64_t descriptor)
+{
+    // Most calls come from the thread that the last one came from. Its directory stays its own even when its number is
+    // given to another: then nothing is found in it any more.
+    if (notification.pid != thread_ || !identify(descriptor)) {
+        thread_ = notification.pid;
+        if (descriptors_ >= 0)
+            close(descriptors_);
+        descriptors_ = open(fmt::format("/proc/{}/fd", thread_).c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC);
+        identify(descriptor);
+    }
+    return found_.st_dev == device_.st_dev && found_.st_ino == device_.st_ino;
+}
+
+bool Server::identify(std::uint64_t descriptor)
+{
+    found_ = {};
+    const auto name = fmt::format_int(static_cast<int>(descriptor));
+    return fstatat(descriptors_, name.c_str(), &found_, 0) == 0;
+}
+
+void Server::answer_ioctl(const Notification& notification)
+{
+    if (is_device(notification, notification.data.args[0]))
+        respond(notification, command(notification));
+    else
+        let_continue(notification);
+}
+
+int Server::command(const Notification& notification)
+{
+    const auto number = static_cast<std::uint32_t>(notification.data.args[1]);
+    const std::uint64_t envelope_at = notification.data.args[2];
+    const Memory memory(static_cast<pid_t>(notification.pid));
+
+    std::array<std::byte, envelope_size> envelope {};
+    if (!memory.read(envelope_at, envelope))
+        return EFAULT;
+    const Request fields(envelope);
+    const std::uint32_t in_len = fields.u32(in_len_at);
+    const std::uint32_t room = fields.u32(out_len_at);
+
+    std::vector<std::byte> input(std::min(in_len, longest_input));
+    if (!memory.read(fields.u64(in_ptr_at), input))
+        return EFAULT;
+    // The process may have been killed and its number given to another one while its memory was read.
+    if (!still_waiting(notification))
+        return EINTR;
+
+    Answer answer;
+    if (in_len > longest_input)
+        answer.error = EINVAL;
+    else
+        answer = module_.answer(number, input, room);
+    if (answer.error == 0) {
+        const auto length = static_cast<std::uint32_t>(answer.reply.size());
+        if (!memory.write({{{fields.u64(out_ptr_at), answer.reply},
+                {envelope_at + out_len_at, std::as_bytes(std::span(&length, 1))}}}))
+            answer.error = EFAULT;
+    }
+    if (trace_ != nullptr) {
+        fmt::print(trace_, "{{\"pid\":{},\"command\":{},\"inLen\":{},\"room\":{},\"errno\":{},\"replyLen\":{}}}\n",
+            notification.pid, number, in_len, room, answer.error, answer.error == 0 ? answer.reply.size() : 0);
+        std::fflush(trace_);
+    }
+    return answer.error;
+}
+
+bool Server::still_waiting(const Notification& notification) const
+{
+    return ioctl(listener_, SECCOMP_IOCTL_NOTIF_ID_VALID, &notification.id) == 0;
+}
+
+void Server::let_continue(const Notification& notification)
+{
+    seccomp_notif_resp response {};
+    response.id = notification.id;
+    response.flags = SECCOMP_USER_NOTIF_FLAG_CONTINUE;
+    std::memcpy(response_.data(), &response, sizeof response);
+    ioctl(listener_, SECCOMP_IOCTL_NOTIF_SEND, response_.data());
+}
+
+void Server::respond(const Notification& notification, int error)
+{
+    seccomp_notif_resp response {};
+    response.id = notification.id;
+    response.error = -error;
+    std::memcpy(response_.data(), &response, sizeof response);
+    ioctl(listener_, SECCOMP_IOCTL_NOTIF_SEND, response_.data());
+}
+
+} // namespace emulator

@@ -1,0 +1,209 @@
+/*
+ * Speaks to the device by itself, with literal numbers, to test the emulator without the library. Each verb prints one
+ * line and exits with 0 if what it tried was possible.
+ */
+#define _GNU_SOURCE
+#include <errno.h>
+#include <fcntl.h>
+#include <linux/fs.h>
+#include <pthread.h>
+#include <stdint.h>
+#include <stdio.h>
+#include <stdlib.h>
+#include <string.h>
+#include <sys/ioctl.h>
+#include <sys/mman.h>
+#include <sys/syscall.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#define NORMAL "/pelt/devices/char/zephdriver/kola_lumo"
+#define UPGRADE "/pelt/devices/char/zephdriver/kola_lumo_ugrade"
+
+struct envelope
+{
+    uint32_t in_len;
+    const void* in;
+    uint32_t out_len;
+    void* out;
+} __attribute__((packed));
+
+static int report(const char* what, int result)
+{
+    if (result >= 0)
+        printf("%s ok\n", what);
+    else
+        printf("%s %s\n", what, strerrorname_np(errno));
+    return result >= 0 ? 0 : 1;
+}
+
+static int get_on(int device, uint32_t* value)
+{
+    struct envelope envelope = {0, NULL, sizeof *value, value};
+    const int result = ioctl(device, 9, &envelope);
+    if (result >= 0 && envelope.out_len != 4)
+        abort();
+    return result;
+}
+
+static int set_on(int device, uint32_t value)
+{
+    struct envelope envelope = {sizeof value, &value, 0, NULL};
+    return ioctl(device, 10, &envelope);
+}
+
+static int get(const char* path)
+{
+    uint32_t value = 0;
+    const int device = open(path, O_RDWR);
+    if (device < 0 || get_on(device, &value) < 0)
+        return report("get", -1);
+    printf("%u\n", value);
+    return 0;
+}
+
+static int set(uint32_t value)
+{
+    const int device = open(NORMAL, O_RDWR);
+    return report("set", device < 0 ? -1 : set_on(device, value));
+}
+
+static int numbered_ioctl(unsigned long number)
+{
+    uint32_t value = 0;
+    struct envelope envelope = {0, NULL, sizeof value, &value};
+    return report("ioctl", ioctl(open(NORMAL, O_RDWR), number, &envelope));
+}
+
+static int bad_pointers(void)
+{
+    char* const page = mmap(NULL, 4096, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    const int device = open(NORMAL, O_RDWR);
+    uint32_t value = 0;
+    struct envelope bad_in = {4, page, 0, NULL};
+    struct envelope bad_out = {0, NULL, 4, page};
+    struct envelope no_room = {0, NULL, 3, &value};
+    int failures = 0;
+    failures += report("envelope", ioctl(device, 9, page));
+    failures += report("input", ioctl(device, 10, &bad_in));
+    failures += report("output", ioctl(device, 9, &bad_out));
+    failures += report("room", ioctl(device, 9, &no_room));
+    return failures == 4 ? 0 : 1;
+}
+
+/* The path ends where the readable memory ends. */
+static int path_at_the_end_of_a_page(void)
+{
+    char* const pages = mmap(NULL, 8192, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    char* const path = pages + 4096 - sizeof NORMAL;
+    mprotect(pages + 4096, 4096, PROT_NONE);
+    memcpy(path, NORMAL, sizeof NORMAL);
+    return get(path);
+}
+
+static int duplicated(void)
+{
+    uint32_t value = 0;
+    const int device = open(NORMAL, O_RDWR);
+    const int copy = dup(device);
+    close(device);
+    return report("dup", get_on(copy, &value));
+}
+
+/* The descriptor goes through a fork and an exec. */
+static int inherited(char* self)
+{
+    const int device = open(NORMAL, O_RDWR);
+    char number[16];
+    snprintf(number, sizeof number, "%d", device);
+    execl(self, self, "get-on", number, (char*)NULL);
+    return 1;
+}
+
+static int close_on_exec(void)
+{
+    const int kept = open(NORMAL, O_RDWR);
+    const int closed = open(NORMAL, O_RDWR | O_CLOEXEC);
+    printf("%d %d\n", fcntl(kept, F_GETFD), fcntl(closed, F_GETFD));
+    return 0;
+}
+
+static void* set_many(void* argument)
+{
+    int i = 0;
+    for (i = 0; i < 200; ++i) {
+        const int device = open(NORMAL, O_RDWR);
+        if (device < 0 || set_on(device, 7) < 0)
+            return argument;
+        close(device);
+    }
+    return NULL;
+}
+
+static int threads(void)
+{
+    pthread_t thread[4];
+    void* failed = NULL;
+    int failures = 0;
+    int i = 0;
+    for (i = 0; i < 4; ++i)
+        pthread_create(&thread[i], NULL, set_many, &failures);
+    for (i = 0; i < 4; ++i) {
+        pthread_join(thread[i], &failed);
+        failures += failed != NULL;
+    }
+    printf("%d failures\n", failures);
+    return failures;
+}
+
+static int other_files(const char* self)
+{
+    int block_size = 0;
+    const int file = open(self, O_RDONLY | O_CLOEXEC);
+    const int got = ioctl(file, FIGETBSZ, &block_size);
+    printf("%s\n", got == 0 && block_size > 0 ? "untouched" : "touched");
+    return got;
+}
+
+static int by_openat2(void)
+{
+    const uint64_t how[3] = {O_RDWR | O_CLOEXEC, 0, 0};
+    uint32_t value = 0;
+    const long device = syscall(437, AT_FDCWD, NORMAL, how, sizeof how);
+    return report("openat2", device < 0 ? -1 : get_on((int)device, &value));
+}
+
+int main(int argc, char** argv)
+{
+    const char* const verb = argc > 1 ? argv[1] : "";
+    uint32_t value = 0;
+    if (strcmp(verb, "get") == 0)
+        return get(NORMAL);
+    if (strcmp(verb, "get-upgrade") == 0)
+        return get(UPGRADE);
+    if (strcmp(verb, "get-relative") == 0)
+        return get("kola_lumo");
+    if (strcmp(verb, "get-on") == 0)
+        return report("inherited", get_on(atoi(argv[2]), &value));
+    if (strcmp(verb, "set") == 0)
+        return set((uint32_t)strtoul(argv[2], NULL, 0));
+    if (strcmp(verb, "ioctl") == 0)
+        return numbered_ioctl((unsigned long)strtol(argv[2], NULL, 0));
+    if (strcmp(verb, "bad-pointers") == 0)
+        return bad_pointers();
+    if (strcmp(verb, "path-at-the-end-of-a-page") == 0)
+        return path_at_the_end_of_a_page();
+    if (strcmp(verb, "dup") == 0)
+        return duplicated();
+    if (strcmp(verb, "inherit") == 0)
+        return inherited(argv[0]);
+    if (strcmp(verb, "close-on-exec") == 0)
+        return close_on_exec();
+    if (strcmp(verb, "threads") == 0)
+        return threads();
+    if (strcmp(verb, "other-files") == 0)
+        return other_files(argv[0]);
+    if (strcmp(verb, "openat2") == 0)
+        return by_openat2();
+    return 2;
+}
