@@ -40,7 +40,8 @@ public:
         for (const int opening : {SCMP_SYS(open), SCMP_SYS(openat), SCMP_SYS(openat2)})
             if (const int error = seccomp_rule_add(context_, SCMP_ACT_NOTIFY, opening, 0); error != 0)
                 return error;
-        return seccomp_rule_add(context_, SCMP_ACT_NOTIFY, SCMP_SYS(ioctl), 1, SCMP_A1_32(SCMP_CMP_LE, last_command));
+        const scmp_arg_cmp number {1, SCMP_CMP_LE, last_command, 0};
+        return seccomp_rule_add_array(context_, SCMP_ACT_NOTIFY, SCMP_SYS(ioctl), 1, &number);
     }
 
     int write_to(int descriptor) const { return seccomp_export_bpf(context_, descriptor); }
