@@ -67,7 +67,7 @@ extern "C" {
 #endif
 
 /* ------------------------------------------------------------------------------------------------------------------ *
- * 1. Channel
+ * Channel
  * ------------------------------------------------------------------------------------------------------------------ */
 
 /* What one ioctl carries to the module and back. */
@@ -102,7 +102,7 @@ int32_t LUMOZEPHIoctl(int32_t command, struct LumoEnvelope* envelope);
 int32_t LUMOZEPHGetUuidOrName(const char* text, char key[64]);
 
 /* ------------------------------------------------------------------------------------------------------------------ *
- * 2. Router instances
+ * Router instances
  * ------------------------------------------------------------------------------------------------------------------ */
 
 /* One router instance as the module reports it. */
@@ -192,7 +192,7 @@ int32_t LUMOZEPH_ReleaseInstance(struct LumoInstanceInfo* instance);
 int32_t LUMOZEPH_ReleaseInstances(struct LumoInstanceList* list);
 
 /* ------------------------------------------------------------------------------------------------------------------ *
- * 3. Runtime levels and queue tunables
+ * Runtime levels and queue tunables
  *
  * Four module-wide 32-bit settings. The library checks no range; the module owns the values. A read with a null address
  * gives EINVAL; a failed read leaves the caller's value untouched. The length that the module reports is not looked at:
@@ -214,6 +214,492 @@ int32_t LUMOZEPH_SetStatsLevel(uint32_t level);
 /* The size of the transmit dispatch queue. */
 int32_t LUMOZEPH_GetTxDispQueueSize(uint32_t* size);
 int32_t LUMOZEPH_SetTxDispQueueSize(uint32_t size);
+
+/* ------------------------------------------------------------------------------------------------------------------ *
+ * Logical interfaces
+ *
+ * A router instance owns logical interfaces (LIFs): routed interfaces, and bridge LIFs, which attach a bridge to it. A
+ * LIF is named by its instance's key and its own name, at most 63 bytes.
+ * ------------------------------------------------------------------------------------------------------------------ */
+
+/* One IPv6 address of a LIF. */
+struct LumoLifIpv6Addr
+{
+    uint8_t address[16]; /* 0 */
+    uint32_t prefixLen;  /* 16: in bits */
+    uint8_t value;       /* 20 */
+    uint8_t uncopied[3]; /* 21: not copied */
+} LUMOZEPH_PACKED;
+LUMOZEPH_RECORD_SIZE(LumoLifIpv6Addr, 24);
+
+/* One DHCP server that a LIF relays to. */
+struct LumoDhcpRelayServer
+{
+    uint8_t address[16]; /* 0: in wire order; an IPv4 address in the first 4 bytes, zero bytes after it */
+    uint32_t family;     /* 16: 1 for IPv4, 3 for IPv6 */
+} LUMOZEPH_PACKED;
+LUMOZEPH_RECORD_SIZE(LumoDhcpRelayServer, 20);
+
+struct LumoDhcpRelay
+{
+    uint32_t relayCount;                   /* 0: servers that count */
+    struct LumoDhcpRelayServer servers[8]; /* 4 */
+} LUMOZEPH_PACKED;
+LUMOZEPH_RECORD_SIZE(LumoDhcpRelay, 164);
+
+/* One logical interface as the module reports it. */
+struct LumoLifInfo
+{
+    char lifName[64];                     /* 0 */
+    char lifSecondName[64];               /* 64 */
+    uint32_t ipAddr;                      /* 128: IPv4 address */
+    uint32_t ipMask;                      /* 132: its mask value */
+    uint32_t diIp;                        /* 136: designated-instance address */
+    uint8_t lifMac[6];                    /* 140 */
+    uint32_t lifValue1;                   /* 146 */
+    uint32_t lifValue2;                   /* 150 */
+    uint32_t lifValue3;                   /* 154 */
+    uint8_t lifFlags[4];                  /* 158 */
+    struct LumoDhcpRelay dhcpRelay;       /* 162 */
+    struct LumoLifIpv6Addr ipv6Addrs[10]; /* 326: zero past ipv6Count */
+    uint32_t ipv6Count;                   /* 566: as the module reports it, at most 10 if it is well behaved */
+    uint8_t lifState1;                    /* 570 */
+    uint8_t lifState2;                    /* 571 */
+    uint32_t lifValue4;                   /* 572 */
+} LUMOZEPH_PACKED;
+LUMOZEPH_RECORD_SIZE(LumoLifInfo, 576);
+
+struct LumoLifList
+{
+    int32_t count;               /* LIFs in records */
+    struct LumoLifInfo* records; /* room for 10000 */
+};
+LUMOZEPH_RECORD_SIZE(LumoLifList, 16);
+
+/*
+ * Creates a LIF, or changes it.
+ *
+ * lif, auxName            its name and its second name
+ * address, mask           IPv4
+ * paramA, paramB, paramC  passed on as they stand
+ * diAddress               designated-instance address, IPv4
+ * instance                null: EINVAL
+ * mac                     6 bytes, or null for none
+ */
+int32_t LUMOZEPH_SetLif(const char* lif, const char* auxName, uint32_t address, uint32_t mask, uint32_t paramA,
+    uint32_t paramB, uint32_t diAddress, uint32_t paramC, const char* instance, const uint8_t* mac);
+
+/* Removes a LIF. A null instance: EINVAL. */
+int32_t LUMOZEPH_DelLif(const char* lif, const char* auxName, const char* instance);
+
+/*
+ * Adds a bridge LIF, or removes it.
+ *
+ * lif, auxName    its name and its second name
+ * paramA, paramB  passed on as they stand
+ * diValue         goes where a routed LIF has its designated-instance address
+ * instance        the instance's key
+ * add             not 0: adds; 0: removes
+ */
+int32_t LUMOZEPH_SetBridgeLif(const char* lif, const char* auxName, uint32_t paramA, uint32_t paramB, uint32_t diValue,
+    const char* instance, int add);
+
+/*
+ * Reads one LIF, or one bridge LIF.
+ *
+ * instance, lif  null: EINVAL
+ * out            receives the record; free it with LUMOZEPH_ReleaseLif
+ */
+int32_t LUMOZEPH_GetLif(const char* instance, const char* lif, struct LumoLifInfo** out);
+int32_t LUMOZEPH_GetBridgeLif(const char* instance, const char* lif, struct LumoLifInfo** out);
+
+/*
+ * Reads an instance's LIFs, or its bridge LIFs, at most 10000.
+ *
+ * out  receives the list; free it with LUMOZEPH_ReleaseLifs. If the device call of LUMOZEPH_GetBridgeLifs fails, 16
+ * bytes stay allocated
+ */
+int32_t LUMOZEPH_GetLifs(const char* instance, struct LumoLifList** out);
+int32_t LUMOZEPH_GetBridgeLifs(const char* instance, struct LumoLifList** out);
+
+/* Frees a record of LUMOZEPH_GetLif or LUMOZEPH_GetBridgeLif, or null. */
+int32_t LUMOZEPH_ReleaseLif(struct LumoLifInfo* lif);
+
+/* Frees a list of LUMOZEPH_GetLifs or LUMOZEPH_GetBridgeLifs, or null. */
+int32_t LUMOZEPH_ReleaseLifs(struct LumoLifList* list);
+
+/* ------------------------------------------------------------------------------------------------------------------ *
+ * Interface addressing and options
+ *
+ * Each changes one property of a LIF that exists. A null instance or lif gives EINVAL unless the function says
+ * otherwise; no value is range-checked.
+ * ------------------------------------------------------------------------------------------------------------------ */
+
+/* Sets, or removes, the IPv4 address. The removal carries the mask too. */
+int32_t LUMOZEPH_SetLifIp(const char* instance, const char* lif, uint32_t address, uint32_t mask);
+int32_t LUMOZEPH_DelLifIp(const char* instance, const char* lif, uint32_t address, uint32_t mask);
+
+/* Sets the designated-instance address, IPv4. */
+int32_t LUMOZEPH_SetLifDIIp(const char* instance, const char* lif, uint32_t address);
+
+/* Sets the VXLAN multicast address, IPv4. */
+int32_t LUMOZEPH_SetLifVxlanMulticastIp(const char* instance, const char* lif, uint32_t address);
+
+/* Attaches the LIF to the VXLAN control plane, or detaches it. */
+int32_t LUMOZEPH_SetLifVxlanCP(const char* instance, const char* lif);
+int32_t LUMOZEPH_DelLifVxlanCP(const char* instance, const char* lif);
+
+/* Sets the administrative state to up, or to down. */
+int32_t LUMOZEPH_EnableLif(const char* instance, const char* lif);
+int32_t LUMOZEPH_DisableLif(const char* instance, const char* lif);
+
+/* Switches multicast routing on the LIF on (not 0) or off (0). */
+int32_t LUMOZEPH_SetLifMcastRouting(const char* instance, const char* lif, uint8_t on);
+
+/* Sets the MTU, in bytes, that the LIF advertises in IPv6 router advertisements. Neither text is tested for null. */
+int32_t LUMOZEPH_RAMTUSetv6(const char* instance, const char* lif, uint32_t mtu);
+
+/*
+ * Adds, or removes, an IPv6 address. The removal carries the prefix length too.
+ *
+ * instance, lif  unterminated at 64 bytes
+ * word1, word2   the address
+ * prefixLen      in bits; only its low byte is sent
+ */
+int32_t LUMOZEPH_SetLifIpv6(const char* instance, const char* lif, uint64_t word1, uint64_t word2, uint32_t prefixLen);
+int32_t LUMOZEPH_DelLifIpv6(const char* instance, const char* lif, uint64_t word1, uint64_t word2, uint32_t prefixLen);
+
+/*
+ * Configures multicast routing for the instance as a whole.
+ *
+ * instance          null: EINVAL
+ * name              at most 63 bytes; not tested for null
+ * value1 to value4  passed on as they stand
+ */
+int32_t LUMOZEPH_SetMcastRouting(
+    const char* instance, const char* name, uint32_t value1, uint32_t value2, uint16_t value3, uint8_t value4);
+
+/*
+ * Replaces the DHCP servers that a LIF relays to. As it stands, only the empty list can be configured: an address is
+ * accepted only if it is well-formed both as IPv4 and as IPv6, which none is.
+ *
+ * instance, lif  null: EINVAL
+ * servers        null for no servers; otherwise addresses separated by commas, in writable memory: EINVAL, and the
+ * commas that were passed, in practice the first, are overwritten with NUL
+ */
+int32_t LUMOZEPH_ConfigureLifDhcpRelay(const char* instance, const char* lif, char* servers);
+
+/* ------------------------------------------------------------------------------------------------------------------ *
+ * IPv4 routes
+ * ------------------------------------------------------------------------------------------------------------------ */
+
+/*
+ * What the module has to say about a set or delete of routes and policies, if the caller wants to know. The library
+ * zeroes it before the call (unless an argument is rejected) and never reads it.
+ */
+struct LumoCmdResult
+{
+    uint8_t bytes[88];
+} LUMOZEPH_PACKED;
+LUMOZEPH_RECORD_SIZE(LumoCmdResult, 88);
+
+struct LumoNextHop
+{
+    uint8_t uncopied[4];     /* 0: not copied */
+    uint32_t nextHopAddr;    /* 4 */
+    char nextHopLifName[64]; /* 8: the outgoing LIF */
+    uint8_t nextHopValue[8]; /* 72 */
+} LUMOZEPH_PACKED;
+LUMOZEPH_RECORD_SIZE(LumoNextHop, 80);
+
+/* One route, or one interface policy, as the module reports it. */
+struct LumoRouteInfo
+{
+    uint32_t routeDest;             /* 0: destination network address */
+    uint32_t routeMask;             /* 4: its mask value */
+    uint32_t routeValue1;           /* 8 */
+    uint32_t routeValue2;           /* 12 */
+    uint8_t routeFlags;             /* 16 */
+    uint8_t nextHopCount;           /* 17: as the module reports it, at most 8 if it is well behaved */
+    uint8_t uncopied[2];            /* 18: not copied */
+    uint8_t routeValue3[8];         /* 20 */
+    struct LumoNextHop nextHops[8]; /* 28: zero past nextHopCount */
+} LUMOZEPH_PACKED;
+LUMOZEPH_RECORD_SIZE(LumoRouteInfo, 668);
+
+struct LumoRouteList
+{
+    int32_t count;                 /* routes in records */
+    struct LumoRouteInfo* records; /* room for 8000 */
+};
+LUMOZEPH_RECORD_SIZE(LumoRouteList, 16);
+
+/*
+ * Adds a route, or deletes it.
+ *
+ * dest, mask  the destination network
+ * gateway     next-hop address
+ * lif         name of the outgoing LIF, or null for none
+ * instance    null: EINVAL
+ * param       passed on as it stands; the delete has none
+ * result      receives the module's answer, or null
+ */
+int32_t LUMOZEPH_SetRoute(uint32_t dest, uint32_t mask, uint32_t gateway, const char* lif, const char* instance,
+    uint32_t param, struct LumoCmdResult* result);
+int32_t LUMOZEPH_DelRoute(uint32_t dest, uint32_t mask, uint32_t gateway, const char* lif, const char* instance,
+    struct LumoCmdResult* result);
+
+/*
+ * Reads an instance's routes, at most 8000.
+ *
+ * out  receives the list; free it with LUMOZEPH_ReleaseRoutes
+ */
+int32_t LUMOZEPH_GetRoutes(const char* instance, struct LumoRouteList** out);
+
+/*
+ * Asks the module which route it uses for a destination.
+ *
+ * instance    null: EINVAL
+ * dest, mask  the destination
+ * param       passed on as it stands
+ * out         receives the route; free it with LUMOZEPH_ReleaseRoute
+ */
+int32_t LUMOZEPH_GetResolveRoute(
+    const char* instance, uint32_t dest, uint32_t mask, uint32_t param, struct LumoRouteInfo** out);
+
+/* Frees a record of LUMOZEPH_GetResolveRoute, or null. */
+int32_t LUMOZEPH_ReleaseRoute(struct LumoRouteInfo* route);
+
+/* Frees a list of LUMOZEPH_GetRoutes or LUMOZEPH_GetLifPolicies, or null. */
+int32_t LUMOZEPH_ReleaseRoutes(struct LumoRouteList* list);
+
+/* ------------------------------------------------------------------------------------------------------------------ *
+ * IPv6 routes and path MTU
+ * ------------------------------------------------------------------------------------------------------------------ */
+
+/*
+ * Adds a route, or deletes it; the delete carries the same arguments.
+ *
+ * dest1, dest2        the destination prefix
+ * prefixLen           in bits; only its low byte is sent
+ * gateway1, gateway2  next-hop address
+ * lif                 name of the outgoing LIF, unterminated at 64 bytes; or null for none
+ * instance            unterminated at 64 bytes; null: EINVAL
+ */
+int32_t LUMOZEPH_SetRoutev6(uint64_t dest1, uint64_t dest2, uint32_t prefixLen, uint64_t gateway1, uint64_t gateway2,
+    const char* lif, const char* instance);
+int32_t LUMOZEPH_DelRoutev6(uint64_t dest1, uint64_t dest2, uint32_t prefixLen, uint64_t gateway1, uint64_t gateway2,
+    const char* lif, const char* instance);
+
+/*
+ * Reads an instance's routes as the module lays them out: entries of 776 bytes. Sends two commands, the first for the
+ * number of routes, by which the block gets room for 8000 entries or for 30000.
+ *
+ * instance  unterminated at 64 bytes
+ * block     receives the entries; free them with free(). Null if the block could not be allocated. If reading the
+ * entries fails, the pointer is that of a block that has been freed and must not be used count     receives the number
+ * of whole entries in the block, also when reading them fails; untouched before that
+ *
+ * ENOMEM also for any failure of the first command, and for 30000 routes or more: nothing is allocated then and block
+ * is untouched.
+ */
+int32_t LUMOZEPH_GetRoutesv6(const char* instance, void** block, uint32_t* count);
+
+/* Clears the module-wide IPv6 path-MTU table. */
+int32_t LUMOZEPH_PMTUTableCearv6(void);
+
+/* ------------------------------------------------------------------------------------------------------------------ *
+ * ARP, IPv6 neighbours and proxy entries
+ *
+ * In the functions that set or delete an entry, a null instance gives EINVAL, and lif names the interface the entry is
+ * on. In those that read or clear a table, lif or null selects one interface or the whole instance.
+ * ------------------------------------------------------------------------------------------------------------------ */
+
+/* Adds an ARP entry. mac: the MAC address as text, at most 17 bytes. */
+int32_t LUMOZEPH_SetArp(uint32_t address, const char* mac, const char* lif, const char* instance);
+int32_t LUMOZEPH_DelArp(uint32_t address, const char* lif, const char* instance);
+
+/* The same for an address that the router answers for. */
+int32_t LUMOZEPH_SetProxyArp(uint32_t address, const char* lif, const char* instance);
+int32_t LUMOZEPH_DelProxyArp(uint32_t address, const char* lif, const char* instance);
+
+/*
+ * Reads the ARP table, or the proxy entries in it, as the module lays it out.
+ *
+ * buffer  room for 7471104 bytes. What the module wrote is neither checked nor counted
+ */
+int32_t LUMOZEPH_GetArps(const char* instance, const char* lif, void* buffer);
+int32_t LUMOZEPH_GetProxyArps(const char* instance, const char* lif, void* buffer);
+
+/* Clears the ARP table, or that of IPv6 neighbours. */
+int32_t LUMOZEPH_ClearArp(const char* instance, const char* lif);
+int32_t LUMOZEPH_ClearArpv6(const char* instance, const char* lif);
+
+/*
+ * Adds an IPv6 neighbour.
+ *
+ * word1, word2   its address
+ * mac            the MAC address as text, unterminated at 18 bytes
+ * lif, instance  unterminated at 64 bytes
+ */
+int32_t LUMOZEPH_SetArpv6(uint64_t word1, uint64_t word2, const char* mac, const char* lif, const char* instance);
+int32_t LUMOZEPH_DelArpv6(uint64_t word1, uint64_t word2, const char* lif, const char* instance);
+
+/* The same for an address that the router answers for. */
+int32_t LUMOZEPH_SetProxyArpv6(uint64_t word1, uint64_t word2, const char* lif, const char* instance);
+int32_t LUMOZEPH_DelProxyArpv6(uint64_t word1, uint64_t word2, const char* lif, const char* instance);
+
+/* Reads the IPv6 neighbours as LUMOZEPH_GetArps reads the ARP table. lif, instance: unterminated at 64 bytes. */
+int32_t LUMOZEPH_GetArpsv6(const char* instance, const char* lif, void* buffer);
+
+/* ------------------------------------------------------------------------------------------------------------------ *
+ * Interface policies
+ *
+ * Route-shaped entries kept under a policy kind; kind 4 carries a text that names what the policy applies to.
+ * ------------------------------------------------------------------------------------------------------------------ */
+
+/*
+ * Adds a policy, or deletes it; the delete carries the same arguments.
+ *
+ * kind                        4 with a null text: EINVAL
+ * text                        at most 63 bytes; ignored unless kind is 4
+ * dest, mask, gateway, param  as in LUMOZEPH_SetRoute
+ * lif                         name of the LIF, or null for none
+ * instance                    null: EINVAL
+ * result                      receives the module's answer, or null
+ */
+int32_t LUMOZEPH_SetLifPolicy(int32_t kind, const char* text, uint32_t dest, uint32_t mask, uint32_t gateway,
+    const char* lif, const char* instance, uint32_t param, struct LumoCmdResult* result);
+int32_t LUMOZEPH_DelLifPolicy(int32_t kind, const char* text, uint32_t dest, uint32_t mask, uint32_t gateway,
+    const char* lif, const char* instance, uint32_t param, struct LumoCmdResult* result);
+
+/*
+ * Reads an instance's policies of one kind, at most 8000, as route records.
+ *
+ * kind  4 with a null text: EINVAL, and out is untouched
+ * text  at most 63 bytes, sent whatever the kind; or null
+ * out   receives the list; free it with LUMOZEPH_ReleaseRoutes
+ */
+int32_t LUMOZEPH_GetLifPolicies(const char* instance, uint32_t kind, const char* text, struct LumoRouteList** out);
+
+/* ------------------------------------------------------------------------------------------------------------------ *
+ * Policies and policy tables
+ *
+ * Policies lie in policy tables, which are numbered and belong to the module as a whole, not to an instance.
+ * ------------------------------------------------------------------------------------------------------------------ */
+
+struct LumoPolicyInfo
+{
+    uint32_t value1; /* 0 */
+    uint32_t value2; /* 4 */
+    uint32_t value3; /* 8 */
+    uint32_t value4; /* 12 */
+    uint32_t value5; /* 16 */
+    uint64_t value6; /* 20 */
+} LUMOZEPH_PACKED;
+LUMOZEPH_RECORD_SIZE(LumoPolicyInfo, 28);
+
+struct LumoPolicyList
+{
+    int32_t count;                  /* policies in records */
+    struct LumoPolicyInfo* records; /* room for 1000 */
+};
+LUMOZEPH_RECORD_SIZE(LumoPolicyList, 16);
+
+struct LumoPolicyTableInfo
+{
+    uint32_t policyTableId;   /* 0 */
+    char policyTableName[64]; /* 4 */
+    uint32_t value1;          /* 68 */
+} LUMOZEPH_PACKED;
+LUMOZEPH_RECORD_SIZE(LumoPolicyTableInfo, 72);
+
+struct LumoPolicyTableList
+{
+    int32_t count;                       /* tables in records */
+    struct LumoPolicyTableInfo* records; /* room for 1000 */
+};
+LUMOZEPH_RECORD_SIZE(LumoPolicyTableList, 16);
+
+struct LumoPolicyTableRefEntry
+{
+    uint8_t bytes[24];
+} LUMOZEPH_PACKED;
+LUMOZEPH_RECORD_SIZE(LumoPolicyTableRefEntry, 24);
+
+/* The references from one LIF to policy tables. */
+struct LumoLifPolicyTableRef
+{
+    char text1[64];                          /* 0 */
+    uint16_t refCount;                       /* 64: as the module reports it, at most 20 if it is well behaved */
+    struct LumoPolicyTableRefEntry refs[20]; /* 66: zero past refCount */
+} LUMOZEPH_PACKED;
+LUMOZEPH_RECORD_SIZE(LumoLifPolicyTableRef, 546);
+
+/*
+ * Reads the policies of one table, at most 1000.
+ *
+ * out  receives the list; free it with LUMOZEPH_ReleaseAllPolicy
+ */
+int32_t LUMOZEPH_GetPolicy(uint32_t table, struct LumoPolicyList** out);
+
+/* Counts the policies of one table. If the module's reply is too short (EBADMSG), 4 bytes stay allocated. */
+int32_t LUMOZEPH_GetPolicyCount(uint32_t table, uint32_t* count);
+
+/*
+ * Sets a policy, or deletes it.
+ *
+ * key1, key2  name the policy within its table
+ * value       stored with the policy
+ * result      receives the module's answer, or null
+ */
+int32_t LUMOZEPH_SetPolicy(uint32_t table, uint32_t key1, uint32_t key2, uint32_t value, struct LumoCmdResult* result);
+int32_t LUMOZEPH_DelPolicy(uint32_t table, uint32_t key1, uint32_t key2, struct LumoCmdResult* result);
+
+/* Frees a list of LUMOZEPH_GetPolicy, or null. */
+int32_t LUMOZEPH_ReleaseAllPolicy(struct LumoPolicyList* list);
+
+/*
+ * Reads the policy tables, at most 1000.
+ *
+ * out  receives the list; free it with LUMOZEPH_ReleaseAllPolicyTable
+ */
+int32_t LUMOZEPH_GetPolicyTable(struct LumoPolicyTableList** out);
+
+/*
+ * Creates a policy table, or deletes it.
+ *
+ * name    at most 63 bytes
+ * result  receives the module's answer, or null
+ */
+int32_t LUMOZEPH_SetPolicyTable(uint32_t table, const char* name, struct LumoCmdResult* result);
+int32_t LUMOZEPH_DelPolicyTable(uint32_t table, struct LumoCmdResult* result);
+
+/* Frees a list of LUMOZEPH_GetPolicyTable, or null. */
+int32_t LUMOZEPH_ReleaseAllPolicyTable(struct LumoPolicyTableList* list);
+
+/*
+ * Reads a LIF's references to policy tables.
+ *
+ * instance, lif  null: EINVAL
+ * out            receives the record; free it with LUMOZEPH_ReleaseLifPolicyTableRef
+ */
+int32_t LUMOZEPH_GetLifPolicyTableRef(const char* instance, const char* lif, struct LumoLifPolicyTableRef** out);
+
+/*
+ * Sets a LIF's references to policy tables, or deletes them.
+ *
+ * instance, lif  null: EINVAL
+ * count          at most 20; of a larger number, what does not fit into the request is not sent
+ * entries        count of them; not read if count is 0
+ * result         receives the module's answer, or null
+ */
+int32_t LUMOZEPH_SetLifPolicyTableRef(const char* instance, const char* lif, uint16_t count,
+    const struct LumoPolicyTableRefEntry* entries, struct LumoCmdResult* result);
+int32_t LUMOZEPH_DelLifPolicyTableRef(const char* instance, const char* lif, struct LumoCmdResult* result);
+
+/* Frees a record of LUMOZEPH_GetLifPolicyTableRef, or null. */
+int32_t LUMOZEPH_ReleaseLifPolicyTableRef(struct LumoLifPolicyTableRef* ref);
 
 #if defined(__GNUC__)
 #pragma GCC visibility pop

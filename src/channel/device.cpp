@@ -1,8 +1,7 @@
 #include "channel/device.h"
 
-#include "lumozeph.h"
-
 #include <cstdlib>
+#include <cstring>
 #include <fcntl.h>
 #include <sys/ioctl.h>
 #include <unistd.h>
@@ -45,6 +44,14 @@ int32_t send(Command command, Input input)
 int32_t send(Command command, const Request& request)
 {
     return send(command, input(request));
+}
+
+int32_t send(Command command, const Request& request, LumoCmdResult* result)
+{
+    if (result == nullptr)
+        return send(command, request);
+    std::memset(result, 0, sizeof *result);
+    return read_raw(command, request, result, sizeof *result);
 }
 
 int32_t read_raw(Command command, const Request& request, void* bytes, uint32_t length)

@@ -3,6 +3,7 @@
 
 #include "channel/command.h"
 #include "channel/request.h"
+#include "lumozeph.h"
 
 #include <cstdint>
 
@@ -34,6 +35,9 @@ int32_t exchange(Command command, Input input, Room& room);
 // A command that returns nothing.
 int32_t send(Command command, Input input);
 int32_t send(Command command, const Request& request);
+
+// A command that answers with the module's own result, if the caller has given an area for it.
+int32_t send(Command command, const Request& request, LumoCmdResult* result);
 
 // A command whose reply goes straight to the caller, who is trusted to give length bytes of room; what the module
 // reports of it is not looked at.

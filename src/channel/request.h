@@ -3,6 +3,7 @@
 
 #include "channel/text.h"
 
+#include <algorithm>
 #include <array>
 #include <concepts>
 #include <cstddef>
@@ -74,6 +75,38 @@ struct Number
     }
 };
 
+// An IPv6 address: sixteen bytes that the caller holds in two words.
+template <std::size_t Offset>
+struct Words
+{
+    struct Value : Extent<Offset, 16>
+    {
+        uint64_t words[2];
+        void store(char* record) const { std::memcpy(record + Offset, words, sizeof words); }
+    };
+
+    constexpr Value operator()(uint64_t first, uint64_t second) const { return {{}, {first, second}}; }
+};
+
+// As many bytes as a count of the caller's says, of which the record holds those that lie before its end. Width is the
+// room that the module gives the field.
+template <std::size_t Offset, std::size_t Width>
+struct CountedBytes
+{
+    struct Value : Extent<Offset, Width>
+    {
+        const void* from;
+        std::size_t length;
+        void store(char* record) const
+        {
+            if (length > 0)
+                std::memcpy(record + Offset, from, std::min(length, request_size - Offset));
+        }
+    };
+
+    constexpr Value operator()(const void* from, std::size_t length) const { return {{}, from, length}; }
+};
+
 template <class... Fields>
 consteval bool no_two_overlap()
 {
@@ -120,5 +153,6 @@ private:
 
 // The instance addressed, in the first field of every request that addresses one.
 inline constexpr Text<0, 64> instance_key;
+inline constexpr RawText<0, 64> unterminated_instance_key;
 
 } // namespace lumo

@@ -2,6 +2,7 @@
 // restate its requests; the tests are in sends.cpp.
 #pragma once
 
+#include "lumozeph.h"
 #include "support/matchers.h"
 #include "support/reads.h"
 
@@ -24,6 +25,48 @@ class Sends : public testing::TestWithParam<Send>
 {
 protected:
     const Send& row = GetParam();
+};
+
+// The same for operations that offer an area of the caller's for the module's own result.
+struct ResultSend
+{
+    std::string name;
+    unsigned long command;
+    Bytes request;
+    std::function<std::int32_t(LumoCmdResult*)> send;
+};
+
+inline void PrintTo(const ResultSend& row, std::ostream* out)
+{
+    *out << row.name;
+}
+
+class ResultSends : public testing::TestWithParam<ResultSend>
+{
+protected:
+    const ResultSend& row = GetParam();
+};
+
+// The same for reads whose reply goes straight into the caller's buffer.
+struct RawRead
+{
+    std::string name;
+    unsigned long command;
+    Bytes request;
+    std::uint32_t room;
+    std::function<std::int32_t(void*)> read;
+};
+
+inline void PrintTo(const RawRead& row, std::ostream* out)
+{
+    *out << row.name;
+}
+
+class RawReads : public testing::TestWithParam<RawRead>
+{
+protected:
+    const RawRead& row = GetParam();
+    Bytes buffer = Bytes(row.room, '\x5a');
 };
 
 // The operation rejects its arguments: EINVAL, no device call, no allocation.
