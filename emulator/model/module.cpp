@@ -12,13 +12,22 @@ using CommandTable = std::array<const Command*, last_command + 1>;
 CommandTable all_commands()
 {
     CommandTable table {};
-    for (const std::span<const Command> family : {setting_commands(), instance_commands()})
+    for (const std::span<const Command> family : {setting_commands(), instance_commands(), lif_commands(),
+             route_commands(), route6_commands(), lif_policy_commands(), neighbour_commands(), policy_commands()})
         for (const Command& command : family)
             table[command.number] = &command;
     return table;
 }
 
 } // namespace
+
+int done(Exchange& exchange)
+{
+    constexpr std::size_t result_size = 88;
+    if (exchange.room >= result_size)
+        Record(exchange.reply, result_size).u32(0, 0).text(4, 84, "done");
+    return 0;
+}
 
 Module::Module() : state_(std::make_unique<State>()) {}
 Module::~Module() = default;
