@@ -191,8 +191,10 @@ TEST(Lif, NeedsInstanceAndNameToBeRead)
 
 TEST(Lif, NeedsInstanceAndNameForItsOptions)
 {
-    for (const auto& [instance, lif] :
-        {std::pair {"inst", static_cast<const char*>(nullptr)}, std::pair {static_cast<const char*>(nullptr), "lif"}}) {
+    using Names = std::pair<const char*, const char*>;
+    for (const Names& names : {Names {"inst", nullptr}, Names {nullptr, "lif"}}) {
+        const char* const instance = names.first;
+        const char* const lif = names.second;
         expect_rejected([&] { return LUMOZEPH_SetLifIp(instance, lif, 1, 2); });
         expect_rejected([&] { return LUMOZEPH_DelLifIp(instance, lif, 1, 2); });
         expect_rejected([&] { return LUMOZEPH_SetLifDIIp(instance, lif, 1); });

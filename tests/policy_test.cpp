@@ -111,8 +111,10 @@ TEST(PolicyTableRef, NeedsInstanceAndInterface)
     std::memset(&result, 0x77, sizeof result);
     const LumoCmdResult before = result;
     LumoLifPolicyTableRef* out = reinterpret_cast<LumoLifPolicyTableRef*>(elsewhere);
-    for (const auto& [instance, lif] :
-        {std::pair {"inst", static_cast<const char*>(nullptr)}, std::pair {static_cast<const char*>(nullptr), "lif"}}) {
+    using Names = std::pair<const char*, const char*>;
+    for (const Names& names : {Names {"inst", nullptr}, Names {nullptr, "lif"}}) {
+        const char* const instance = names.first;
+        const char* const lif = names.second;
         expect_rejected([&] { return LUMOZEPH_GetLifPolicyTableRef(instance, lif, &out); });
         expect_rejected([&] { return LUMOZEPH_SetLifPolicyTableRef(instance, lif, 1, one.data(), &result); });
         expect_rejected([&] { return LUMOZEPH_DelLifPolicyTableRef(instance, lif, &result); });

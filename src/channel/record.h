@@ -49,7 +49,7 @@ struct Rule
 void wire_offset_is_not_that_of_the_member();
 void rules_do_not_tile_the_record();
 
-consteval Rule rule_at(Move move, std::size_t offset, Member member)
+constexpr Rule rule_at(Move move, std::size_t offset, Member member)
 {
     if (offset != member.offset)
         wire_offset_is_not_that_of_the_member();
@@ -166,25 +166,18 @@ inline void decode(char* to, const char* from)
     (std::make_index_sequence<moves<Record>.second> {});
 }
 
-// A table of entries that have a layout of their own, all of which count.
+// A table of entries that have a layout of their own. Only the first count of them are decoded, where count is a member
+// of the record, read from the reply; without it, all are.
 template <class Entry>
-consteval Rule table(std::size_t offset, Member member)
+consteval Rule table(std::size_t offset, Member member, Member count = {0, 0})
 {
     Rule rule = rule_at(Move::Table, offset, member);
     if (rule.width % sizeof(Entry) != 0)
         rules_do_not_tile_the_record();
     rule.stride = sizeof(Entry);
-    rule.decode_entry = decode<Entry>;
-    return rule;
-}
-
-// The same, of which only the first count are decoded: count is a member of the record, read from the reply.
-template <class Entry>
-consteval Rule table(std::size_t offset, Member member, Member count)
-{
-    Rule rule = table<Entry>(offset, member);
     rule.count_at = count.offset;
     rule.count_width = count.width;
+    rule.decode_entry = decode<Entry>;
     return rule;
 }
 
