@@ -228,6 +228,7 @@ TEST_F(PolicyCount, LeavesItsBufferAllocatedWhenTheReplyIsShort)
         const Call call = read(reports(twelve, length));
         EXPECT_THAT(call, Fails(EBADMSG));
         EXPECT_THAT(call.blocks_left, ElementsAre("#1: malloc(4)"));
+        free_left(call);
         EXPECT_EQ(count, 4711u);
     }
 }

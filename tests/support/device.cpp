@@ -214,8 +214,10 @@ Call observe(Device& device, const System& system, const std::function<std::int3
     recording = nullptr;
     made.call.result = result;
     made.call.error = error;
-    for (const auto& [block, facts] : made.blocks)
+    for (const auto& [block, facts] : made.blocks) {
         made.call.blocks_left.push_back("#" + std::to_string(facts.number) + ": " + facts.made_by);
+        made.call.addresses_left.push_back(block);
+    }
     const std::lock_guard lock(handed_out_mutex);
     handed_out.merge(made.blocks);
     std::sort(made.call.blocks_left.begin(), made.call.blocks_left.end());
@@ -226,6 +228,12 @@ Call observe(Device& device, const System& system, const std::function<std::int3
 Call observe(Device& device, const std::function<std::int32_t()>& call)
 {
     return observe(device, System {}, call);
+}
+
+void free_left(const Call& call)
+{
+    for (void* block : call.addresses_left)
+        free(block);
 }
 
 Installed::Installed(Device& device)

@@ -103,6 +103,7 @@ struct Call
     std::vector<std::string> events;
     std::vector<Sent> sent;
     std::vector<std::string> blocks_left;   // allocated in this call, not freed: "#1: malloc(256)"
+    std::vector<void*> addresses_left;      // where they are
     std::vector<std::string> freed_content; // what each freed block held, in the order of the frees
     int descriptors_left = 0;
 };
@@ -111,6 +112,9 @@ struct Call
 inline constexpr int untouched = 133;
 
 Call observe(Device& device, const System& system, const std::function<std::int32_t()>& call);
+// Frees what the call has left allocated on purpose.
+void free_left(const Call& call);
+
 Call observe(Device& device, const std::function<std::int32_t()>& call);
 
 // What the library hands out is freed by a later observe(), where it is recorded by how it was made,

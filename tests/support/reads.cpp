@@ -275,12 +275,14 @@ TEST_P(ListReads, FailWhenTheDeviceCallFails)
     expect_failure(
         rejected, ENODEV, joined({{holder + " = #1", reply_buffer + " = #2"}, device_call(row.command), frees}));
     EXPECT_EQ(rejected.blocks_left.size(), row.on_device_error == Holder::LeftAllocated ? 1u : 0u);
+    free_left(rejected);
 
     auto no_device = device_call(row.command);
     no_device.resize(1);
     no_device.push_back("open64(/pelt/devices/char/zephdriver/kola_lumo, 2) = -1");
-    expect_failure(read({}, {.open_error = ENOENT}), ENOENT,
-        joined({{holder + " = #1", reply_buffer + " = #2"}, no_device, frees}));
+    const Call absent = read({}, {.open_error = ENOENT});
+    expect_failure(absent, ENOENT, joined({{holder + " = #1", reply_buffer + " = #2"}, no_device, frees}));
+    free_left(absent);
 }
 
 TEST_P(ListReads, AreReleasedArrayFirst)
