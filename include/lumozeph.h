@@ -216,6 +216,152 @@ int32_t LUMOZEPH_GetTxDispQueueSize(uint32_t* size);
 int32_t LUMOZEPH_SetTxDispQueueSize(uint32_t size);
 
 /* ------------------------------------------------------------------------------------------------------------------ *
+ * Statistics
+ *
+ * All reads give one record, whose counters the first word chooses.
+ * ------------------------------------------------------------------------------------------------------------------ */
+
+/*
+ * Counters by statsKind, as indices into counters; all others are zero:
+ *   0      0 to 27, but not 8
+ *   1      0 to 99, but not 71 and 77; 84 repeats 83
+ *   3      1 to 19
+ *   other  none
+ */
+struct LumoStats
+{
+    uint32_t statsKind;     /* 0 */
+    uint64_t counters[100]; /* 4 */
+} LUMOZEPH_PACKED;
+LUMOZEPH_RECORD_SIZE(LumoStats, 804);
+
+/*
+ * Reads the counters of an instance's control-plane traffic, or zeroes them.
+ *
+ * instance  null: EINVAL
+ * out       receives the record; free it with LUMOZEPH_ReleaseStats
+ */
+int32_t LUMOZEPH_GetLumoInstanceCPStats(const char* instance, struct LumoStats** out);
+int32_t LUMOZEPH_ResetLumoInstanceCPStats(const char* instance);
+
+/*
+ * Reads a LIF's counters, those that the module has cached, or zeroes them.
+ *
+ * instance  null: EINVAL
+ * lif       not tested for null
+ * out       receives the record; free it with LUMOZEPH_ReleaseStats
+ */
+int32_t LUMOZEPH_GetLifStats(const char* instance, const char* lif, struct LumoStats** out);
+int32_t LUMOZEPH_GetLifStatsCached(const char* instance, const char* lif, struct LumoStats** out);
+int32_t LUMOZEPH_ResetLifStats(const char* instance, const char* lif);
+
+/* Reads the counters of distributed interfaces, or zeroes them. Free the record with LUMOZEPH_ReleaseStats. */
+int32_t LUMOZEPH_GetLumoDiStats(struct LumoStats** out);
+int32_t LUMOZEPH_ResetLumoDiStats(void);
+
+/* Frees a record of one of these reads or of LUMOZEPH_GetLumoInstanceCPSyncState, or null. */
+int32_t LUMOZEPH_ReleaseStats(void* record);
+
+/* ------------------------------------------------------------------------------------------------------------------ *
+ * Control-plane attachment
+ * ------------------------------------------------------------------------------------------------------------------ */
+
+struct LumoCPSyncStateEntry
+{
+    uint64_t value1;      /* 0 */
+    uint32_t value2;      /* 8 */
+    uint32_t value3;      /* 12 */
+    uint32_t value4;      /* 16 */
+    uint32_t value5;      /* 20 */
+    uint32_t value6;      /* 24 */
+    uint64_t values7[8];  /* 28 */
+    uint8_t uncopied[8];  /* 92: not copied */
+    uint64_t values8[23]; /* 100 */
+} LUMOZEPH_PACKED;
+LUMOZEPH_RECORD_SIZE(LumoCPSyncStateEntry, 284);
+
+/* The state of an instance's synchronisation with its control plane. */
+struct LumoCPSyncState
+{
+    struct LumoCPSyncStateEntry entries[5];
+} LUMOZEPH_PACKED;
+LUMOZEPH_RECORD_SIZE(LumoCPSyncState, 1420);
+
+/* Activates the module's control-plane connection. */
+int32_t LUMOZEPH_CPActivate(uint32_t value);
+
+/* Sets an instance's control-plane address, IPv4. A null instance: EINVAL. */
+int32_t LUMOZEPH_SetCPIp(const char* instance, uint32_t address);
+
+/*
+ * Reads an instance's synchronisation state.
+ *
+ * instance  null: EINVAL
+ * out       receives the record; free it with LUMOZEPH_ReleaseStats
+ */
+int32_t LUMOZEPH_GetLumoInstanceCPSyncState(const char* instance, struct LumoCPSyncState** out);
+
+/* Sets an instance's synchronisation state. A null instance: EINVAL. */
+int32_t LUMOZEPH_SetLumoInstanceCPSyncState(const char* instance, uint32_t state);
+
+/* ------------------------------------------------------------------------------------------------------------------ *
+ * Port connections and module housekeeping
+ *
+ * None of these names an instance. The reads hand over what the module wrote, neither checked nor counted.
+ * ------------------------------------------------------------------------------------------------------------------ */
+
+/* Reads all connections. buffer: room for 131072 bytes. */
+int32_t LUMOZEPH_GetConnections(void* buffer);
+
+/* Reads one connection. name: at most 63 bytes; buffer: room for 152 bytes. */
+int32_t LUMOZEPH_GetConnection(const char* name, void* buffer);
+
+/* Reads the virtual MAC address that goes with a name of at most 63 bytes. mac: room for 6 bytes. */
+int32_t LUMOZEPH_GetVMAC(const char* name, uint8_t* mac);
+
+/*
+ * Plumbs a connection.
+ *
+ * name     at most 63 bytes
+ * text1    at most 15 bytes
+ * ignored  not sent
+ * text2    at most 17 bytes, or null for none
+ * text3    at most 31 bytes, or null for none
+ * text4    at most 255 bytes, or null for none
+ */
+int32_t LUMOZEPH_PlumbLumoConnection(
+    const char* name, const char* text1, uint32_t ignored, const char* text2, const char* text3, const char* text4);
+
+/* Unplumbs a connection. */
+int32_t LUMOZEPH_UnPlumbLumoConnection(const char* name);
+
+/* Reads the module's connection-deletion check. A failed read leaves the value untouched. */
+int32_t LUMOZEPH_LUMODevCheckConnDeletion(uint32_t* value);
+
+/*
+ * Flushes what the values select; they are passed on as they stand.
+ *
+ * text  at most 63 bytes, or null for none
+ */
+int32_t LUMOZEPH_GenericFlush(
+    uint32_t value1, uint8_t value2, uint8_t value3, uint8_t value4, const char* text, uint32_t value5);
+
+/* Prepares the module for being unloaded. */
+int32_t LUMOZEPH_PreUnload(void);
+
+/* ------------------------------------------------------------------------------------------------------------------ *
+ * Full-sync save
+ *
+ * The module writes the result straight to the caller: where it writes nothing, and on failure, the value stays.
+ * ------------------------------------------------------------------------------------------------------------------ */
+
+/* Starts a full-sync save of the whole module. */
+int32_t LUMOZEPH_PerformFullSyncSave(uint8_t value, uint32_t* result);
+
+/* Reads the status of the last one. */
+int32_t LUMOZEPH_GetFullSyncSaveStatus(uint32_t* status);
+
+/* ------------------------------------------------------------------------------------------------------------------ *
  * Logical interfaces
  *
  * A router instance owns logical interfaces (LIFs): routed interfaces, and bridge LIFs, which attach a bridge to it. A
@@ -700,6 +846,614 @@ int32_t LUMOZEPH_DelLifPolicyTableRef(const char* instance, const char* lif, str
 
 /* Frees a record of LUMOZEPH_GetLifPolicyTableRef, or null. */
 int32_t LUMOZEPH_ReleaseLifPolicyTableRef(struct LumoLifPolicyTableRef* ref);
+
+/* ------------------------------------------------------------------------------------------------------------------ *
+ * Bridge instances
+ *
+ * Layer-2 bridges, named by an instance key as router instances are. Except where it says so, a key is not tested for
+ * null.
+ *
+ * The list reads of bridges come in two forms. LUMOZEPH_GetBridge... allocates the list and hands it over.
+ * LUMOZEPHGetBridge..., without the underscore, fills a list of 16 zeroed bytes that the caller has allocated with
+ * calloc; it frees that list when it fails, except when the device call fails. The same failure of the first form
+ * leaves 16 bytes allocated.
+ * ------------------------------------------------------------------------------------------------------------------ */
+
+struct LumoBridgeInstanceInfo
+{
+    uint64_t value1;      /* 0 */
+    uint32_t value2;      /* 8 */
+    char name[64];        /* 12 */
+    uint32_t value3;      /* 76 */
+    uint32_t value4;      /* 80 */
+    char text1[128];      /* 84 */
+    char text2[81];       /* 212 */
+    uint8_t uncopied[12]; /* 293: not copied */
+    uint32_t value5;      /* 305 */
+    uint32_t value6;      /* 309 */
+    uint64_t data[10];    /* 313 */
+} LUMOZEPH_PACKED;
+LUMOZEPH_RECORD_SIZE(LumoBridgeInstanceInfo, 393);
+
+struct LumoBridgeInstanceList
+{
+    int32_t count;                          /* bridges in records */
+    struct LumoBridgeInstanceInfo* records; /* room for 4096 */
+};
+LUMOZEPH_RECORD_SIZE(LumoBridgeInstanceList, 16);
+
+/*
+ * Reads one bridge.
+ *
+ * key  null: EINVAL
+ * out  receives the record; free it with LUMOZEPH_ReleaseBridgeInstance
+ */
+int32_t LUMOZEPH_GetBridgeInstance(const char* key, struct LumoBridgeInstanceInfo** out);
+
+/* Reads all bridges, at most 4096. Free the list with LUMOZEPH_ReleaseBridgeInstances. */
+int32_t LUMOZEPH_GetBridgeInstances(struct LumoBridgeInstanceList** out);
+int32_t LUMOZEPHGetBridgeInstances(struct LumoBridgeInstanceList* list);
+
+/* Frees a record of LUMOZEPH_GetBridgeInstance, or null. */
+int32_t LUMOZEPH_ReleaseBridgeInstance(struct LumoBridgeInstanceInfo* bridge);
+
+/* Frees a list of LUMOZEPH_GetBridgeInstances, or null. */
+int32_t LUMOZEPH_ReleaseBridgeInstances(struct LumoBridgeInstanceList* list);
+
+/* Creates a bridge, or removes it. */
+int32_t LUMOZEPH_BridgeAdd(const char* key, uint32_t value);
+int32_t LUMOZEPH_BridgeDel(const char* key, uint32_t value);
+
+/* Switches a bridge on, or off. */
+int32_t LUMOZEPH_BridgeEnable(const char* key, uint8_t value);
+int32_t LUMOZEPH_BridgeDisable(const char* key, uint8_t value);
+
+/* Sets a bridge's high-availability administrative state. */
+int32_t LUMOZEPH_BridgeSetHAAdminState(const char* key, uint32_t state);
+
+/* Sets one numeric setting of a bridge, which the command number chooses. The number is sent unchecked. */
+int32_t LUMOZEPH_BridgeSetConfig(const char* key, int32_t command, uint32_t value);
+
+/* ------------------------------------------------------------------------------------------------------------------ *
+ * Bridge networks and ports
+ * ------------------------------------------------------------------------------------------------------------------ */
+
+struct LumoBridgeNetworkInfo
+{
+    uint64_t value1;     /* 0 */
+    uint32_t value2;     /* 8 */
+    uint16_t value3;     /* 12 */
+    uint32_t value4;     /* 14 */
+    uint16_t value5;     /* 18 */
+    uint32_t value6;     /* 20 */
+    uint32_t value7;     /* 24 */
+    uint8_t value8;      /* 28 */
+    uint64_t data[12];   /* 29 */
+    uint8_t uncopied[8]; /* 125: not copied */
+} LUMOZEPH_PACKED;
+LUMOZEPH_RECORD_SIZE(LumoBridgeNetworkInfo, 133);
+
+struct LumoBridgeNetworkList
+{
+    int32_t count;                         /* networks in records */
+    struct LumoBridgeNetworkInfo* records; /* room for 32768 */
+};
+LUMOZEPH_RECORD_SIZE(LumoBridgeNetworkList, 16);
+
+struct LumoBridgePortInfo
+{
+    uint64_t value1;   /* 0 */
+    uint32_t value2;   /* 8 */
+    uint16_t value3;   /* 12 */
+    uint32_t value4;   /* 14 */
+    uint64_t data[16]; /* 18 */
+} LUMOZEPH_PACKED;
+LUMOZEPH_RECORD_SIZE(LumoBridgePortInfo, 146);
+
+struct LumoBridgePortList
+{
+    int32_t count;                      /* ports in records */
+    struct LumoBridgePortInfo* records; /* room for 32768 */
+};
+LUMOZEPH_RECORD_SIZE(LumoBridgePortList, 16);
+
+/*
+ * Reads a bridge's networks, at most 32768.
+ *
+ * firstKey  a text that is read and not sent
+ * key       the bridge's key
+ * out       receives the list; free it with LUMOZEPH_ReleaseBridgeNetworks
+ */
+int32_t LUMOZEPH_GetBridgeNetworks(const char* firstKey, const char* key, struct LumoBridgeNetworkList** out);
+int32_t LUMOZEPHGetBridgeNetworks(const char* firstKey, const char* key, struct LumoBridgeNetworkList* list);
+
+/*
+ * Reads a bridge's ports, at most 32768.
+ *
+ * firstKey, key     as above
+ * value16, value32  select the ports
+ * out               receives the list; free it with LUMOZEPH_ReleaseBridgePorts
+ */
+int32_t LUMOZEPH_GetBridgePorts(
+    const char* firstKey, const char* key, uint16_t value16, uint32_t value32, struct LumoBridgePortList** out);
+int32_t LUMOZEPHGetBridgePorts(
+    const char* firstKey, const char* key, uint16_t value16, uint32_t value32, struct LumoBridgePortList* list);
+
+/* Frees a network record that stands alone, or null. No function returns one. */
+int32_t LUMOZEPH_ReleaseBridgeNetwork(struct LumoBridgeNetworkInfo* network);
+
+/* Frees a list of LUMOZEPH_GetBridgeNetworks, or null. */
+int32_t LUMOZEPH_ReleaseBridgeNetworks(struct LumoBridgeNetworkList* list);
+
+/* Frees a list of LUMOZEPH_GetBridgePorts, or null. */
+int32_t LUMOZEPH_ReleaseBridgePorts(struct LumoBridgePortList* list);
+
+/* ------------------------------------------------------------------------------------------------------------------ *
+ * Forwarding table and endpoint statistics
+ *
+ * The raw reads hand over what the module wrote, neither checked nor counted unless the function says so.
+ * ------------------------------------------------------------------------------------------------------------------ */
+
+struct LumoBridgeFdbEntry
+{
+    uint8_t mac[6];       /* 0 */
+    uint16_t value1;      /* 6 */
+    uint32_t value2 : 24; /* 8: low 24 bits of the 32-bit word */
+    uint32_t value3 : 8;  /* 11: its top byte */
+    uint32_t value4;      /* 12 */
+    uint32_t value5;      /* 16 */
+} LUMOZEPH_PACKED;
+LUMOZEPH_RECORD_SIZE(LumoBridgeFdbEntry, 20);
+
+struct LumoBridgeFdbList
+{
+    int32_t count;                      /* entries in records */
+    struct LumoBridgeFdbEntry* records; /* room for 4096 */
+};
+LUMOZEPH_RECORD_SIZE(LumoBridgeFdbList, 16);
+
+/*
+ * Reads a bridge's forwarding table, at most 4096 entries.
+ *
+ * value16, value32  select the entries
+ * out               receives the list; free it with LUMOZEPH_ReleaseBridgeFdbEntries
+ */
+int32_t LUMOZEPH_GetBridgeFdbEntries(
+    const char* key, uint16_t value16, uint32_t value32, struct LumoBridgeFdbList** out);
+int32_t LUMOZEPHGetBridgeFdbEntries(
+    const char* key, uint16_t value16, uint32_t value32, struct LumoBridgeFdbList* list);
+
+/* Frees a list of LUMOZEPH_GetBridgeFdbEntries, or null. */
+int32_t LUMOZEPH_ReleaseBridgeFdbEntries(struct LumoBridgeFdbList* list);
+
+/*
+ * Sets an entry of a bridge's forwarding table.
+ *
+ * mac                   the MAC address as text, at most 17 bytes; or null for none
+ * selector1, selector2  select the network
+ * value, flags          passed on as they stand
+ */
+int32_t LUMOZEPH_BridgeSetFdbEntry(
+    const char* key, const char* mac, uint32_t selector1, uint32_t selector2, uint32_t value, uint8_t flags);
+
+/* Clears a bridge's forwarding table. */
+int32_t LUMOZEPH_BridgeClearFdbTable(const char* key, uint32_t selector1, uint32_t selector2);
+
+/* Dumps the module's FL table. buffer: room for 426080 bytes. */
+int32_t LUMOZEPH_DumpFLTable(uint16_t selector, void* buffer);
+
+/* Reads the PMAC table. buffer: room for 131072 bytes. */
+int32_t LUMOZEPH_GetPmac(void* buffer);
+
+/* Adds a PMAC, or deletes it. mac: 6 bytes, or null for none. */
+int32_t LUMOZEPH_AddPmac(uint32_t value, const uint8_t* mac);
+int32_t LUMOZEPH_DelPmac(const uint8_t* mac);
+
+/* Reads the statistics of the bridge endpoint of this key. buffer: room for 146 bytes. */
+int32_t LUMOZEPH_GetBeStats(const char* key, void* buffer);
+
+/* Reads the status of the bridge endpoint of this key. buffer: room for 229 bytes. */
+int32_t LUMOZEPH_GetBeStatus(const char* key, void* buffer);
+
+/*
+ * Reads all bridge endpoints.
+ *
+ * buffer  room for size bytes
+ * count   receives the number of bytes written divided by 235, rounded down; untouched on failure
+ */
+int32_t LUMOZEPH_GetBeAll(void* buffer, uint32_t size, uint32_t* count);
+
+/* ------------------------------------------------------------------------------------------------------------------ *
+ * Bridge clusters and nodes
+ * ------------------------------------------------------------------------------------------------------------------ */
+
+struct LumoBridgeClusterInfo
+{
+    char ident[64];      /* 0: as the module sent it, not necessarily terminated */
+    uint8_t uncopied[8]; /* 64: not copied */
+    uint32_t value1;     /* 72 */
+    uint8_t block[96];   /* 76 */
+    uint16_t value2;     /* 172 */
+    uint16_t value3;     /* 174 */
+    uint16_t value4;     /* 176 */
+    uint8_t value5;      /* 178 */
+    uint32_t value6;     /* 179 */
+} LUMOZEPH_PACKED;
+LUMOZEPH_RECORD_SIZE(LumoBridgeClusterInfo, 183);
+
+struct LumoBridgeClusterList
+{
+    int32_t count;                         /* clusters in records */
+    struct LumoBridgeClusterInfo* records; /* room for 10 */
+};
+LUMOZEPH_RECORD_SIZE(LumoBridgeClusterList, 16);
+
+struct LumoBridgeClusterNodeInfo
+{
+    char ident[64];  /* 0: as the module sent it, not necessarily terminated */
+    uint32_t value1; /* 64 */
+    uint16_t value2; /* 68 */
+    uint8_t value3;  /* 70 */
+} LUMOZEPH_PACKED;
+LUMOZEPH_RECORD_SIZE(LumoBridgeClusterNodeInfo, 71);
+
+struct LumoBridgeClusterNodeList
+{
+    int32_t count;                             /* nodes in records */
+    struct LumoBridgeClusterNodeInfo* records; /* room for 100 */
+};
+LUMOZEPH_RECORD_SIZE(LumoBridgeClusterNodeList, 16);
+
+/* Reads the locale identifier. buffer: room for 16 bytes; what the module wrote is neither checked nor counted. */
+int32_t LUMOZEPH_GetLocaleId(void* buffer);
+
+/*
+ * Reads the clusters, at most 10.
+ *
+ * key  or null for all
+ * out  receives the list; free it with LUMOZEPH_ReleaseBridgeClusters
+ */
+int32_t LUMOZEPH_GetBridgeClusters(const char* key, struct LumoBridgeClusterList** out);
+int32_t LUMOZEPHGetBridgeClusters(const char* key, struct LumoBridgeClusterList* list);
+
+/* Frees a list of LUMOZEPH_GetBridgeClusters, or null. */
+int32_t LUMOZEPH_ReleaseBridgeClusters(struct LumoBridgeClusterList* list);
+
+/* Sets a cluster (on is not 0), or removes it (0). */
+int32_t LUMOZEPH_BridgeClusterSet(const char* key, int8_t on);
+
+/*
+ * Reads the nodes of clusters, at most 100.
+ *
+ * key  the cluster's, or null for all
+ * out  receives the list; free it with LUMOZEPH_ReleaseBridgeClusterNodes
+ */
+int32_t LUMOZEPH_GetBridgeClusterNodes(const char* key, struct LumoBridgeClusterNodeList** out);
+int32_t LUMOZEPHGetBridgeClusterNodes(const char* key, struct LumoBridgeClusterNodeList* list);
+
+/* Frees a list of LUMOZEPH_GetBridgeClusterNodes, or null. */
+int32_t LUMOZEPH_ReleaseBridgeClusterNodes(struct LumoBridgeClusterNodeList* list);
+
+/*
+ * Sets a node of a cluster (on is not 0), or removes it (0).
+ *
+ * node  at most 63 bytes
+ * mac   6 bytes; neither read nor sent when on is 0
+ */
+int32_t LUMOZEPH_BridgeClusterNodeSet(const char* key, const char* node, const uint8_t* mac, int8_t on);
+
+/*
+ * Sets the local transport node (on is not 0), or removes it (0).
+ *
+ * text1, text2  at most 63 bytes
+ * text3         at most 15 bytes
+ * block         64 bytes, sent as they stand
+ */
+int32_t LUMOZEPH_BridgeLocalTransportNodeSet(
+    const char* text1, const char* text2, const char* text3, uint32_t value, const void* block, int8_t on);
+
+/* Reads the local transport node. buffer: room for 2048 bytes; what the module wrote is neither checked nor counted. */
+int32_t LUMOZEPH_BridgeGetLocalTransportNode(void* buffer, uint32_t selector);
+
+/* Flushes a cluster. key: or null for all; on: chooses between the module's two ways. */
+int32_t LUMOZEPH_FlushBridgeCluster(const char* key, int8_t on);
+
+/* Sets the debug level of a cluster. key: or null for all. */
+int32_t LUMOZEPH_SetBridgeClusterDebug(const char* key, uint8_t level);
+
+/* Sets the BFD high-availability profile of a cluster. */
+int32_t LUMOZEPH_BridgeClusterBfdHAProfileSet(const char* key, uint8_t flag, uint32_t value1, uint32_t value2);
+
+/* ------------------------------------------------------------------------------------------------------------------ *
+ * Bridge endpoints and BFD
+ *
+ * The two list reads are the largest there are, and their memory does not depend on how much there is to read: 6737920
+ * bytes twice for endpoints, 111820800 bytes twice for BFD sessions.
+ * ------------------------------------------------------------------------------------------------------------------ */
+
+struct LumoBridgeEndpointInfo
+{
+    uint8_t uncopied[64]; /* 0: not copied */
+    char ident[64];       /* 64: as the module sent it, not necessarily terminated */
+    uint16_t value1;      /* 128 */
+    uint8_t value2;       /* 130 */
+    uint32_t value3;      /* 131 */
+    uint32_t value4;      /* 135 */
+    uint8_t block[96];    /* 139 */
+} LUMOZEPH_PACKED;
+LUMOZEPH_RECORD_SIZE(LumoBridgeEndpointInfo, 235);
+
+struct LumoBridgeEndpointList
+{
+    int32_t count;                          /* endpoints in records */
+    struct LumoBridgeEndpointInfo* records; /* room for 28672 */
+};
+LUMOZEPH_RECORD_SIZE(LumoBridgeEndpointList, 16);
+
+struct LumoBridgeBfdSessionInfo
+{
+    uint16_t value1;  /* 0 */
+    uint8_t addr1[6]; /* 2 */
+    uint8_t addr2[6]; /* 8 */
+    uint32_t value2;  /* 14 */
+    uint8_t value3;   /* 18 */
+    uint32_t value4;  /* 19 */
+    uint64_t value5;  /* 23 */
+    uint64_t value6;  /* 31 */
+} LUMOZEPH_PACKED;
+LUMOZEPH_RECORD_SIZE(LumoBridgeBfdSessionInfo, 39);
+
+struct LumoBridgeBfdSessionList
+{
+    int32_t count;                            /* sessions in records */
+    struct LumoBridgeBfdSessionInfo* records; /* room for 2867200 */
+};
+LUMOZEPH_RECORD_SIZE(LumoBridgeBfdSessionList, 16);
+
+/*
+ * Adds a bridge endpoint. Texts of at most 63 bytes; values and flags are passed on as they stand.
+ */
+int32_t LUMOZEPH_AddBridgeEndpoint(const char* key, const char* text1, const char* name, uint32_t value1,
+    uint32_t value2, const char* text2, uint16_t value3, uint8_t flag1, const char* text3, uint8_t flag2);
+
+/* Deletes a bridge endpoint. */
+int32_t LUMOZEPH_DelBridgeEndpoint(const char* key, const char* name);
+
+/* Flushes the bridge endpoints. on: chooses between the module's two ways. */
+int32_t LUMOZEPH_FlushBridgeEndpoint(int8_t on);
+
+/* Sets a bridge's replication mode. */
+int32_t LUMOZEPH_SetBridgeRepMode(const char* key, uint32_t mode);
+
+/*
+ * Reads the endpoints of a bridge, at most 28672.
+ *
+ * key  or null for all
+ * out  receives the list; free it with LUMOZEPH_ReleaseBridgeEndpoints
+ */
+int32_t LUMOZEPH_GetBridgeEndpoints(const char* key, struct LumoBridgeEndpointList** out);
+int32_t LUMOZEPHGetBridgeEndpoints(const char* key, struct LumoBridgeEndpointList* list);
+
+/* Frees a list of LUMOZEPH_GetBridgeEndpoints, or null. */
+int32_t LUMOZEPH_ReleaseBridgeEndpoints(struct LumoBridgeEndpointList* list);
+
+/*
+ * Reads the BFD sessions, at most 2867200.
+ *
+ * key  or null for all
+ * out  receives the list; free it with LUMOZEPH_ReleaseBridgeBFDSessions
+ */
+int32_t LUMOZEPH_GetBridgeBFDSessions(const char* key, struct LumoBridgeBfdSessionList** out);
+int32_t LUMOZEPHGetBridgeBFDSessions(const char* key, struct LumoBridgeBfdSessionList* list);
+
+/* Frees a list of LUMOZEPH_GetBridgeBFDSessions, or null. */
+int32_t LUMOZEPH_ReleaseBridgeBFDSessions(struct LumoBridgeBfdSessionList* list);
+
+/*
+ * Plumbs a port connection for BFD.
+ *
+ * port  at most 63 bytes
+ * text  at most 15 bytes
+ * mac   6 bytes, or null for none
+ */
+int32_t LUMOZEPH_PlumbBFDPortConnection(const char* port, const char* text, const uint8_t* mac);
+
+/* Unplumbs a port connection for BFD. */
+int32_t LUMOZEPH_UnPlumbBFDPortConnection(const char* port);
+
+/* Reads the port connections for BFD. buffer: room for 131072 bytes; what the module wrote is neither checked nor
+ * counted. */
+int32_t LUMOZEPH_GetBFDPortConnections(void* buffer);
+
+/* ------------------------------------------------------------------------------------------------------------------ *
+ * Multicast domain and receivers
+ * ------------------------------------------------------------------------------------------------------------------ */
+
+struct LumoMcastDomainInfo
+{
+    char text1[64];  /* 0 */
+    char text2[48];  /* 64 */
+    uint64_t value1; /* 112 */
+    uint64_t value2; /* 120 */
+    uint64_t value3; /* 128 */
+    uint64_t value4; /* 136 */
+    uint32_t value5; /* 144 */
+} LUMOZEPH_PACKED;
+LUMOZEPH_RECORD_SIZE(LumoMcastDomainInfo, 148);
+
+struct LumoLocalRcvrInfo
+{
+    char text1[64];  /* 0 */
+    uint32_t value1; /* 64 */
+    uint32_t value2; /* 68 */
+    uint64_t value3; /* 72 */
+    uint64_t value4; /* 80 */
+} LUMOZEPH_PACKED;
+LUMOZEPH_RECORD_SIZE(LumoLocalRcvrInfo, 88);
+
+struct LumoLocalRcvrList
+{
+    int32_t count;                     /* receivers in records */
+    struct LumoLocalRcvrInfo* records; /* room for 512 */
+};
+LUMOZEPH_RECORD_SIZE(LumoLocalRcvrList, 16);
+
+/* One tunnel endpoint, as the module lays it out. */
+struct LumoVtepEntry
+{
+    uint8_t bytes[68];
+} LUMOZEPH_PACKED;
+LUMOZEPH_RECORD_SIZE(LumoVtepEntry, 68);
+
+struct LumoVtepTable
+{
+    uint32_t count; /* entries in records; at most 2048 if the module is well behaved */
+    struct LumoVtepEntry* records;
+};
+LUMOZEPH_RECORD_SIZE(LumoVtepTable, 16);
+
+/* Reads an instance's multicast domain. Free the record with LUMOZEPH_ReleaseMRoutingDomainData. */
+int32_t LUMOZEPH_GetMRoutingDomain(const char* instance, struct LumoMcastDomainInfo** out);
+
+/* Frees a record of LUMOZEPH_GetMRoutingDomain, or null. */
+int32_t LUMOZEPH_ReleaseMRoutingDomainData(struct LumoMcastDomainInfo* domain);
+
+/*
+ * Reads an instance's local receivers under a value, at most 512.
+ *
+ * out  receives the list; free it with LUMOZEPH_ReleaseMRoutingLocalRcvrs. If the device call fails, 16 bytes stay
+ *      allocated
+ */
+int32_t LUMOZEPH_GetMRoutingLocalRcvrs(const char* instance, uint32_t value, struct LumoLocalRcvrList** out);
+
+/* Adds a local receiver, or deletes it. text: at most 63 bytes, or null for none. */
+int32_t LUMOZEPH_AddMRoutingLocalRcvrs(const char* instance, uint32_t value, const char* text);
+int32_t LUMOZEPH_DelMRoutingLocalRcvrs(const char* instance, uint32_t value, const char* text);
+
+/* Frees a list of LUMOZEPH_GetMRoutingLocalRcvrs, or null. */
+int32_t LUMOZEPH_ReleaseMRoutingLocalRcvrs(struct LumoLocalRcvrList* list);
+
+/*
+ * Reads an instance's remote receivers under a value.
+ *
+ * out  receives the table; free it with LUMOZEPH_ReleaseVTEPTable. Untouched when the reply buffer or the device call
+ *      fails, null after every later failure
+ *
+ * EBADMSG when the reply is shorter than the entries it announces. If they would be 2 GiB or more, the call fails, when
+ * nothing else is wrong, without setting errno.
+ */
+int32_t LUMOZEPH_GetMRoutingRemoteRcvrs(const char* instance, uint32_t value, struct LumoVtepTable** out);
+
+/*
+ * Adds a remote receiver.
+ *
+ * key             its key under value
+ * hwAddr          6 bytes
+ * value1, value2  passed on as they stand
+ */
+int32_t LUMOZEPH_AddMRoutingRemoteRcvrs(
+    const char* instance, uint32_t value, uint32_t key, const uint8_t* hwAddr, uint32_t value1, uint32_t value2);
+
+/* Deletes a remote receiver. */
+int32_t LUMOZEPH_DelMRoutingRemoteRcvrs(const char* instance, uint32_t value, uint32_t key);
+
+/* Frees a table of LUMOZEPH_GetMRoutingRemoteRcvrs, or null. The array of a table without entries stays allocated. */
+int32_t LUMOZEPH_ReleaseVTEPTable(struct LumoVtepTable* table);
+
+/* ------------------------------------------------------------------------------------------------------------------ *
+ * Multicast groups, replication and router addresses
+ * ------------------------------------------------------------------------------------------------------------------ */
+
+struct LumoMcastGroupInfo
+{
+    uint32_t value1; /* 0 */
+    uint32_t value2; /* 4 */
+    uint32_t value3; /* 8 */
+} LUMOZEPH_PACKED;
+LUMOZEPH_RECORD_SIZE(LumoMcastGroupInfo, 12);
+
+struct LumoMcastGroupList
+{
+    int32_t count;                      /* groups in records */
+    struct LumoMcastGroupInfo* records; /* room for 4096 */
+};
+LUMOZEPH_RECORD_SIZE(LumoMcastGroupList, 16);
+
+/*
+ * Reads an instance's multicast groups, at most 4096. A fragment at the end of the module's reply counts as a group,
+ * whose missing bytes are undefined.
+ *
+ * out  receives the list; free it with LUMOZEPH_ReleaseMRoutingMcastGroups. If the device call fails, 16 bytes stay
+ *      allocated
+ */
+int32_t LUMOZEPH_GetMRoutingAllMcastGroups(const char* instance, struct LumoMcastGroupList** out);
+
+/* Frees a list of LUMOZEPH_GetMRoutingAllMcastGroups, or null. */
+int32_t LUMOZEPH_ReleaseMRoutingMcastGroups(struct LumoMcastGroupList* list);
+
+/*
+ * Reads the replication address, or the multicast router's address, under a value: IPv4, written by the module straight
+ * to the caller. Where it writes nothing, and on failure, the address stays as it was.
+ */
+int32_t LUMOZEPH_GetMRoutingReplicationIP(const char* instance, uint32_t value, uint32_t* address);
+int32_t LUMOZEPH_GetMRoutingMRouterIP(const char* instance, uint32_t value, uint32_t* address);
+
+/* Adds a multicast router under a value, or removes the instance's. */
+int32_t LUMOZEPH_AddMRoutingMRouter(const char* instance, uint32_t value);
+int32_t LUMOZEPH_DelMRoutingMRouter(const char* instance);
+
+/* ------------------------------------------------------------------------------------------------------------------ *
+ * Software receive-side scaling
+ *
+ * A target is named by a text of at most 63 bytes; a null target gives EINVAL. Reply lengths are not looked at.
+ * ------------------------------------------------------------------------------------------------------------------ */
+
+/* What is not copied, and entries past rssEntryCount, is undefined. */
+struct LumoRssStats
+{
+    uint8_t uncopied1[4];     /* 0 */
+    uint32_t rssEntryCount;   /* 4: as the module reports it, at most 16 if it is well behaved */
+    uint32_t rssWord[16];     /* 8 */
+    uint8_t uncopied2[4];     /* 72 */
+    uint64_t rssCounter1[16]; /* 76 */
+    uint64_t rssCounter2[16]; /* 204 */
+    uint64_t rssCounter3[16]; /* 332 */
+    uint8_t uncopied3[344];   /* 460 */
+} LUMOZEPH_PACKED;
+LUMOZEPH_RECORD_SIZE(LumoRssStats, 804);
+
+struct LumoRssTunables
+{
+    uint64_t value1; /* 0: read and written */
+    uint32_t value2; /* 8: only read */
+} LUMOZEPH_PACKED;
+LUMOZEPH_RECORD_SIZE(LumoRssTunables, 12);
+
+/* An indirection table to be set. */
+struct LumoRssIndTable
+{
+    uint8_t entries[128]; /* 0 */
+    int32_t size;         /* 128: entries to send, at most 128; none if it is 0 or negative */
+} LUMOZEPH_PACKED;
+LUMOZEPH_RECORD_SIZE(LumoRssIndTable, 132);
+
+/* Reads a target's statistics. out receives the block; free it with free(). */
+int32_t LUMOZEPH_SoftRSSGetStats(const char* target, struct LumoRssStats** out);
+
+/* Zeroes a target's statistics. */
+int32_t LUMOZEPH_SoftRSSStatsReset(const char* target);
+
+/* Reads a target's tunables. On failure of the device call, the tunables are undefined. */
+int32_t LUMOZEPH_SoftRSSGetTunables(const char* target, struct LumoRssTunables* tunables);
+
+/* Sets a target's tunables: value1 only. */
+int32_t LUMOZEPH_SoftRSSSetTunables(const char* target, const struct LumoRssTunables* tunables);
+
+/* Reads a target's indirection table. entries: room for 128 bytes; untouched on failure. */
+int32_t LUMOZEPH_SoftRSSGetIndTable(const char* target, uint8_t* entries);
+
+/* Sets a target's indirection table. */
+int32_t LUMOZEPH_SoftRSSTableSet(const char* target, const struct LumoRssIndTable* table);
 
 #if defined(__GNUC__)
 #pragma GCC visibility pop

@@ -62,6 +62,14 @@ consteval Rule copy(std::size_t offset, Member member)
     return rule_at(Move::Copy, offset, member);
 }
 
+// The same, from bytes that lie elsewhere in the reply.
+consteval Rule copy_from(std::size_t source, std::size_t offset, Member member)
+{
+    Rule rule = rule_at(Move::Copy, offset, member);
+    rule.from = source;
+    return rule;
+}
+
 // A text: ends in NUL, with zero bytes after it, whatever the module sent.
 consteval Rule text(std::size_t offset, Member member)
 {

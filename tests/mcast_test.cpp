@@ -1,0 +1,287 @@
+// Multicast routing.
+#include "lumozeph.h"
+#include "support/reads.h"
+#include "support/sends.h"
+
+using namespace world;
+using testing::ElementsAre;
+
+namespace {
+
+const Layout domain {.size = 148, .texts = {{0, 64}, {64, 48}}};
+const Layout receiver {.size = 88, .texts = {{0, 64}}};
+const Layout group {.size = 12};
+
+const std::vector<SingleRead> single_reads {
+    {"GetMRoutingDomain", 130, domain, Record().text(0, "inst"),
+        [](void** out) { return LUMOZEPH_GetMRoutingDomain("inst", as<LumoMcastDomainInfo>(out)); },
+        releasing(LUMOZEPH_ReleaseMRoutingDomainData)},
+};
+
+INSTANTIATE_TEST_SUITE_P(Mcast, SingleReads, testing::ValuesIn(single_reads), NameOfRow());
+
+// Kept: the holder stays allocated when the device call fails; a fragment of a group counts as one.
+const std::vector<ListRead> list_reads {
+    {"GetMRoutingLocalRcvrs", 128, receiver, 512, 45056, Record().text(0, "inst").u32(64, 0x01020304),
+        [](void** out) { return LUMOZEPH_GetMRoutingLocalRcvrs("inst", 0x01020304, as<LumoLocalRcvrList>(out)); },
+        releasing(LUMOZEPH_ReleaseMRoutingLocalRcvrs), Holder::LeftAllocated},
+    {"GetMRoutingAllMcastGroups", 135, group, 4096, 49152, Record().text(0, Bytes(63, 'i')),
+        [](void** out) {
+            return LUMOZEPH_GetMRoutingAllMcastGroups(Bytes(64, 'i').c_str(), as<LumoMcastGroupList>(out));
+        },
+        releasing(LUMOZEPH_ReleaseMRoutingMcastGroups), Holder::LeftAllocated, Fragment::DecodedAsRecord},
+};
+
+INSTANTIATE_TEST_SUITE_P(Mcast, ListReads, testing::ValuesIn(list_reads), NameOfRow());
+
+constexpr std::uint8_t hw_addr[6] = {0xa1, 0xa2, 0xa3, 0xa4, 0xa5, 0xa6};
+
+const std::vector<Send> sends {
+    {"AddLocalRcvrs", 133, Record().text(0, "inst").u32(64, 0x01020304).text(80, "text"),
+        [] { return LUMOZEPH_AddMRoutingLocalRcvrs("inst", 0x01020304, "text"); }},
+    {"AddLocalRcvrsWithoutText", 133, Record().text(0, "inst").u32(64, 1),
+        [] { return LUMOZEPH_AddMRoutingLocalRcvrs("inst", 1, nullptr); }},
+    {"AddLocalRcvrsWithTextCutAt63", 133, Record().text(0, "inst").u32(64, 1).text(80, Bytes(63, 't')),
+        [] { return LUMOZEPH_AddMRoutingLocalRcvrs("inst", 1, Bytes(70, 't').c_str()); }},
+    {"DelLocalRcvrs", 134, Record().text(0, "inst").u32(64, 0x01020304).text(80, "text"),
+        [] { return LUMOZEPH_DelMRoutingLocalRcvrs("inst", 0x01020304, "text"); }},
+    {"DelLocalRcvrsWithoutText", 134, Record().text(0, "inst").u32(64, 1),
+        [] { return LUMOZEPH_DelMRoutingLocalRcvrs("inst", 1, nullptr); }},
+    {"AddRemoteRcvrs", 131,
+        Record()
+            .text(0, "inst")
+            .u32(64, 0x01020304)
+            .u32(80, 0x21222324)
+            .u32(84, 0x11121314)
+            .text(88, "\xa1\xa2\xa3\xa4\xa5\xa6")
+            .u32(96, 0x31323334),
+        [] {
+            return LUMOZEPH_AddMRoutingRemoteRcvrs("inst", 0x01020304, 0x11121314, hw_addr, 0x21222324, 0x31323334);
+        }},
+    {"AddMRouter", 137, Record().text(0, "inst").u32(64, 0x01020304),
+        [] { return LUMOZEPH_AddMRoutingMRouter("inst", 0x01020304); }},
+    // Kept: the removal names no value.
+    {"DelMRouterNamesNoValue", 138, Record().text(0, "inst"), [] { return LUMOZEPH_DelMRoutingMRouter("inst"); }},
+};
+
+INSTANTIATE_TEST_SUITE_P(Mcast, Sends, testing::ValuesIn(sends), NameOfRow());
+
+const std::vector<RawRead> raw_reads {
+    {"GetReplicationIP", 136, Record().text(0, "inst").u32(64, 0x01020304), 4,
+        [](void* buffer) {
+            return LUMOZEPH_GetMRoutingReplicationIP("inst", 0x01020304, static_cast<std::uint32_t*>(buffer));
+        }},
+    {"GetMRouterIP", 139, Record().text(0, "inst").u32(64, 0x01020304), 4,
+        [](void* buffer) {
+            return LUMOZEPH_GetMRoutingMRouterIP("inst", 0x01020304, static_cast<std::uint32_t*>(buffer));
+        }},
+};
+
+INSTANTIATE_TEST_SUITE_P(Mcast, RawReads, testing::ValuesIn(raw_reads), NameOfRow());
+
+TEST(Mcast, AReplicationAddressIsLeftAsItWasWhereTheModuleWritesNothing)
+{
+    ScriptedDevice device(replies("\x01\x02"));
+    std::uint32_t address = 0xaabbccdd;
+    EXPECT_THAT(observe(device, [&] { return LUMOZEPH_GetMRoutingReplicationIP("inst", 1, &address); }), Succeeds());
+    EXPECT_EQ(address, 0xaabb0201u);
+}
+
+// Kept: nothing but its three fields is written into the request.
+TEST(Mcast, ARemoteReceiverIsDeletedByARequestThatIsNotCleared)
+{
+    ScriptedDevice device;
+    const auto del = [] { return LUMOZEPH_DelMRoutingRemoteRcvrs("inst", 0x01020304, 0x11121314); };
+    const Call call = observe(device, del);
+    EXPECT_THAT(call, Succeeds());
+    EXPECT_EQ(call.events.size(), 4u);
+    EXPECT_EQ(call.sent.at(0).number, 132u);
+    EXPECT_EQ(call.sent.at(0).in_len, 776u);
+    EXPECT_EQ(call.sent.at(0).out_len, 0u);
+    EXPECT_EQ(call.sent.at(0).out_ptr, 0u);
+    const Bytes& request = call.sent.at(0).input;
+    EXPECT_EQ(request.substr(0, 64), "inst" + Bytes(60, '\0'));
+    EXPECT_EQ(get(request, 64, 4), 0x01020304u);
+    EXPECT_EQ(get(request, 84, 4), 0x11121314u);
+    ScriptedDevice rejecting(fails(EPERM));
+    EXPECT_THAT(observe(rejecting, del), Fails(EPERM));
+}
+
+TEST(Mcast, DomainFieldsLieAsTheModuleWritesThem)
+{
+    Bytes reply(148, '\0');
+    reply.replace(0, 4, "text");
+    reply.replace(64, 48, Bytes(48, 'x'));
+    for (std::size_t i = 0; i < 4; ++i)
+        put(reply, 112 + 8 * i, 0x0102030405060700 + i, 8);
+    put(reply, 144, 0x11121314, 4);
+    ScriptedDevice device(replies(reply));
+    LumoMcastDomainInfo* out = nullptr;
+    ASSERT_THAT(observe(device, [&] { return LUMOZEPH_GetMRoutingDomain("inst", &out); }), Succeeds());
+    const LumoMcastDomainInfo info = *out;
+    LUMOZEPH_ReleaseMRoutingDomainData(out);
+    EXPECT_STREQ(info.text1, "text");
+    EXPECT_EQ(Bytes(info.text2), Bytes(47, 'x'));
+    EXPECT_EQ(+info.value1, 0x0102030405060700u);
+    EXPECT_EQ(+info.value2, 0x0102030405060701u);
+    EXPECT_EQ(+info.value3, 0x0102030405060702u);
+    EXPECT_EQ(+info.value4, 0x0102030405060703u);
+    EXPECT_EQ(+info.value5, 0x11121314u);
+    EXPECT_EQ(offsetof(LumoLocalRcvrInfo, value1), 64u);
+    EXPECT_EQ(offsetof(LumoLocalRcvrInfo, value2), 68u);
+    EXPECT_EQ(offsetof(LumoLocalRcvrInfo, value3), 72u);
+    EXPECT_EQ(offsetof(LumoLocalRcvrInfo, value4), 80u);
+}
+
+// Kept: the missing bytes of the last group are whatever the buffer holds.
+TEST(Mcast, AGroupReplyOf30BytesGivesThreeGroups)
+{
+    Bytes reply(36, '\0');
+    for (std::size_t i = 0; i < 36; ++i)
+        reply[i] = static_cast<char>(i + 1);
+    for (const std::int32_t length : {25, 30, 35, 36}) {
+        ScriptedDevice device(reports(reply, length));
+        LumoMcastGroupList* list = nullptr;
+        ASSERT_THAT(observe(device, {.guarded_blocks = true},
+                        [&] { return LUMOZEPH_GetMRoutingAllMcastGroups("inst", &list); }),
+            Succeeds());
+        ASSERT_EQ(list->count, 3) << length;
+        EXPECT_EQ(Bytes(reinterpret_cast<const char*>(list->records), 36), reply);
+        EXPECT_EQ(+list->records[3].value1, 0u);
+        LUMOZEPH_ReleaseMRoutingMcastGroups(list);
+    }
+}
+
+class VtepTable : public testing::Test
+{
+protected:
+    LumoVtepTable* out = reinterpret_cast<LumoVtepTable*>(elsewhere);
+
+    static Bytes reply_of(std::uint32_t count, std::size_t entries)
+    {
+        Bytes reply(4 + 68 * entries, '\0');
+        put(reply, 0, count, 4);
+        for (std::size_t i = 4; i < reply.size(); ++i)
+            reply[i] = static_cast<char>(1 + i % 251);
+        return reply;
+    }
+    Call read(Answer answer, const System& system = {})
+    {
+        ScriptedDevice device(std::move(answer));
+        return observe(device, system, [&] { return LUMOZEPH_GetMRoutingRemoteRcvrs("inst", 0x01020304, &out); });
+    }
+    Call release()
+    {
+        ScriptedDevice device;
+        return observe(device, [&] { return LUMOZEPH_ReleaseVTEPTable(out); });
+    }
+
+    const std::vector<std::string> until_reply {"malloc(139268) = #1", "getenv(USE_UPGRADE_DEV)",
+        "open64(/pelt/devices/char/zephdriver/kola_lumo, 2) = 5000", "ioctl(5000, 129)", "close(5000)"};
+    std::vector<std::string> after_reply(const std::vector<std::string>& events) const
+    {
+        std::vector<std::string> all = until_reply;
+        all.insert(all.end(), events.begin(), events.end());
+        return all;
+    }
+};
+
+TEST_F(VtepTable, IsReadAsItStands)
+{
+    const Bytes reply = reply_of(3, 3);
+    const Call call = read(replies(reply), {.guarded_blocks = true});
+    ASSERT_THAT(call, Succeeds());
+    EXPECT_EQ(call.events, after_reply({"calloc(1, 16) = #2", "calloc(3, 68) = #3", "free(#1)"}));
+    EXPECT_EQ(call.sent.at(0).input, Bytes(Record().text(0, "inst").u32(64, 0x01020304)));
+    EXPECT_EQ(call.sent.at(0).out_len, 139268u);
+    EXPECT_EQ(out->count, 3u);
+    EXPECT_EQ(Bytes(reinterpret_cast<const char*>(out->records), 204), reply.substr(4));
+    EXPECT_THAT(release().events, ElementsAre("free(calloc(3, 68))", "free(calloc(1, 16))"));
+}
+
+TEST_F(VtepTable, HoldsAsManyEntriesAsTheRoom)
+{
+    const Bytes reply = reply_of(2048, 2048);
+    ASSERT_EQ(reply.size(), 139268u);
+    ASSERT_THAT(read(replies(reply), {.guarded_blocks = true}), Succeeds());
+    EXPECT_EQ(out->count, 2048u);
+    EXPECT_EQ(Bytes(reinterpret_cast<const char*>(out->records), 2048 * 68), reply.substr(4));
+    release();
+}
+
+// Kept: the array of a table without entries stays allocated.
+TEST_F(VtepTable, WithoutEntriesIsReleasedButForItsArray)
+{
+    const Call call = read(replies(reply_of(0, 0)));
+    ASSERT_THAT(call, Succeeds());
+    EXPECT_EQ(call.events, after_reply({"calloc(1, 16) = #2", "calloc(0, 68) = #3", "free(#1)"}));
+    EXPECT_EQ(out->count, 0u);
+    LumoVtepEntry* const array = out->records;
+    EXPECT_NE(array, nullptr);
+    EXPECT_THAT(release().events, ElementsAre("free(calloc(1, 16))"));
+    free(array);
+}
+
+TEST_F(VtepTable, IsRejectedWhenTheReplyIsShorterThanItsEntries)
+{
+    for (const auto& [count, length] : std::vector<std::pair<std::uint32_t, std::int32_t>> {
+             {3, 4 + 2 * 68}, {3, 4 + 3 * 68 - 1}, {0, 3}, {0, 0}, {0, -1}, {2049, 139268}}) {
+        const Call call = read(reports(reply_of(count, 3), length));
+        EXPECT_THAT(call, Fails(EBADMSG));
+        EXPECT_EQ(call.events, after_reply({"calloc(1, 16) = #2", "free(#2)", "free(#1)"}));
+        EXPECT_EQ(out, nullptr);
+    }
+}
+
+TEST_F(VtepTable, IsNotReadBeyondTheReplyWhateverLengthIsReported)
+{
+    ASSERT_THAT(read(reports(reply_of(2050, 2048), 4 + 2050 * 68), {.guarded_blocks = true}), Succeeds());
+    EXPECT_EQ(out->count, 2050u);
+    EXPECT_EQ(Bytes(reinterpret_cast<const char*>(out->records + 2048), 2 * 68), Bytes(2 * 68, '\0'));
+    release();
+}
+
+// Kept: the length is computed in 32 bits. A count whose length wraps around passes the comparison and fails without
+// errno.
+TEST_F(VtepTable, OfACountThatWrapsAroundFailsWithoutErrno)
+{
+    // 0x80000000 / 68 and more: negative. 0x100000000 / 68 and more: small again.
+    for (const std::uint32_t count : {31580642u, 63161283u, 63161284u}) {
+        ScriptedDevice device(reports(reply_of(count, 1), 139268));
+        const Call call = observe(device, [&] { return LUMOZEPH_GetMRoutingRemoteRcvrs("inst", 0x01020304, &out); });
+        EXPECT_THAT(call, Fails(untouched)) << count;
+        EXPECT_EQ(out, nullptr);
+        EXPECT_THAT(call, LeavesNothingAllocated());
+    }
+}
+
+TEST_F(VtepTable, IsUntouchedWhenReplyOrDeviceFail)
+{
+    EXPECT_THAT(read({}, {.failing_allocation = 1}), Fails(ENOMEM));
+    const Call rejected = read(fails(EPERM));
+    EXPECT_THAT(rejected, Fails(EPERM));
+    EXPECT_EQ(rejected.events, after_reply({"free(#1)"}));
+    EXPECT_THAT(read({}, {.open_error = ENOENT}), Fails(ENOENT));
+    EXPECT_EQ(out, elsewhere);
+}
+
+TEST_F(VtepTable, IsNullWhenItCannotBeAllocated)
+{
+    const Call no_holder = read(replies(reply_of(1, 1)), {.failing_allocation = 2});
+    EXPECT_THAT(no_holder, Fails(ENOMEM));
+    EXPECT_EQ(no_holder.events, after_reply({"calloc(1, 16) = null", "free(#1)"}));
+    EXPECT_EQ(out, nullptr);
+    out = reinterpret_cast<LumoVtepTable*>(elsewhere);
+    const Call no_array = read(replies(reply_of(1, 1)), {.failing_allocation = 3});
+    EXPECT_THAT(no_array, Fails(ENOMEM));
+    EXPECT_EQ(no_array.events, after_reply({"calloc(1, 16) = #2", "calloc(1, 68) = null", "free(#2)", "free(#1)"}));
+    EXPECT_EQ(out, nullptr);
+}
+
+TEST_F(VtepTable, OfNullIsReleasedWithoutHarm)
+{
+    out = nullptr;
+    EXPECT_THAT(release(), DoesNothing());
+}
+
+} // namespace
