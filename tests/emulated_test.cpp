@@ -304,6 +304,261 @@ TEST_F(EmulatedRouter, ALifRefersToPolicyTables)
     LUMOZEPH_ReleaseLifPolicyTableRef(ref);
 }
 
+TEST_F(EmulatedRouter, StatisticsHaveTheirKind)
+{
+    LumoStats* stats = nullptr;
+    const auto kind = [&](const std::function<std::int32_t()>& read) {
+        succeed(read);
+        const std::uint32_t read_kind = stats->statsKind;
+        LUMOZEPH_ReleaseStats(stats);
+        return read_kind;
+    };
+    EXPECT_EQ(kind([&] { return LUMOZEPH_GetLumoInstanceCPStats("blue", &stats); }), 0u);
+    EXPECT_EQ(kind([&] { return LUMOZEPH_GetLifStats("blue", "uplink", &stats); }), 1u);
+    EXPECT_EQ(kind([&] { return LUMOZEPH_GetLifStatsCached("blue", "uplink", &stats); }), 1u);
+    EXPECT_EQ(kind([&] { return LUMOZEPH_GetLumoDiStats(&stats); }), 3u);
+    EXPECT_THAT(call([&] { return LUMOZEPH_GetLifStats("blue", "no lif", &stats); }), Fails(ENOENT));
+    succeed([] { return LUMOZEPH_ResetLumoInstanceCPStats("blue"); });
+    succeed([] { return LUMOZEPH_ResetLifStats("blue", "uplink"); });
+    succeed([] { return LUMOZEPH_ResetLumoDiStats(); });
+}
+
+TEST_F(EmulatedRouter, TheControlPlaneStateIsReadBack)
+{
+    succeed([] { return LUMOZEPH_CPActivate(5); });
+    succeed([] { return LUMOZEPH_SetCPIp("blue", 6); });
+    succeed([] { return LUMOZEPH_SetLumoInstanceCPSyncState("blue", 7); });
+    LumoCPSyncState* state = nullptr;
+    succeed([&] { return LUMOZEPH_GetLumoInstanceCPSyncState("blue", &state); });
+    EXPECT_EQ(+state->entries[0].value2, 7u);
+    EXPECT_EQ(+state->entries[0].value3, 6u);
+    EXPECT_EQ(+state->entries[0].value4, 5u);
+    LUMOZEPH_ReleaseStats(state);
+}
+
+TEST_F(EmulatedRouter, ConnectionsArePlumbedReadAndUnplumbed)
+{
+    succeed([] { return LUMOZEPH_PlumbLumoConnection("port", "text", 0, nullptr, nullptr, nullptr); });
+    Bytes record(152, '\x5a');
+    succeed([&] { return LUMOZEPH_GetConnection("port", record.data()); });
+    EXPECT_EQ(record.substr(0, 5), Bytes("port\0", 5));
+    EXPECT_EQ(record.substr(64, 4), "text");
+    Bytes all(131072, '\0');
+    succeed([&] { return LUMOZEPH_GetConnections(all.data()); });
+    EXPECT_EQ(all.substr(0, 152), record);
+    succeed([] { return LUMOZEPH_UnPlumbLumoConnection("port"); });
+    EXPECT_THAT(call([] { return LUMOZEPH_UnPlumbLumoConnection("port"); }), Fails(ENOENT));
+    succeed([] { return LUMOZEPH_PlumbBFDPortConnection("bfd", "text", nullptr); });
+    succeed([&] { return LUMOZEPH_GetBFDPortConnections(all.data()); });
+    EXPECT_EQ(all.substr(0, 3), "bfd");
+    succeed([] { return LUMOZEPH_UnPlumbBFDPortConnection("bfd"); });
+}
+
+TEST_F(Emulated, HousekeepingIsAnswered)
+{
+    std::uint8_t mac[6] = {};
+    std::uint32_t value = 4711;
+    EXPECT_THAT(call([&] { return LUMOZEPH_GetVMAC("port", mac); }), Succeeds());
+    EXPECT_EQ(+mac[0], 0x02);
+    EXPECT_THAT(call([&] { return LUMOZEPH_LUMODevCheckConnDeletion(&value); }), Succeeds());
+    EXPECT_EQ(value, 0u);
+    EXPECT_THAT(call([] { return LUMOZEPH_GenericFlush(1, 2, 3, 4, nullptr, 5); }), Succeeds());
+    EXPECT_THAT(call([] { return LUMOZEPH_PreUnload(); }), Succeeds());
+    EXPECT_THAT(call([&] { return LUMOZEPH_PerformFullSyncSave(1, &value); }), Succeeds());
+    EXPECT_THAT(call([&] { return LUMOZEPH_PerformFullSyncSave(1, &value); }), Succeeds());
+    EXPECT_THAT(call([&] { return LUMOZEPH_GetFullSyncSaveStatus(&value); }), Succeeds());
+    EXPECT_EQ(value, 2u);
+}
+
+TEST_F(EmulatedRouter, ABridgeIsReadBackAsItWasSet)
+{
+    succeed([] { return LUMOZEPH_BridgeAdd("bridge", 11); });
+    succeed([] { return LUMOZEPH_BridgeEnable("bridge", 1); });
+    succeed([] { return LUMOZEPH_BridgeSetHAAdminState("bridge", 12); });
+    succeed([] { return LUMOZEPH_SetBridgeRepMode("bridge", 13); });
+    succeed([] { return LUMOZEPH_BridgeSetFdbEntry("bridge", "00:11:22:33:44:55", 1, 2, 3, 4); });
+    LumoBridgeInstanceInfo* info = nullptr;
+    succeed([&] { return LUMOZEPH_GetBridgeInstance("bridge", &info); });
+    EXPECT_STREQ(info->name, "bridge");
+    EXPECT_EQ(+info->value2, 11u);
+    EXPECT_EQ(+info->value3, 1u);
+    EXPECT_EQ(+info->value4, 12u);
+    EXPECT_EQ(+info->value5, 13u);
+    LUMOZEPH_ReleaseBridgeInstance(info);
+    LumoBridgeFdbList* fdb = nullptr;
+    succeed([&] { return LUMOZEPH_GetBridgeFdbEntries("bridge", 1, 2, &fdb); });
+    ASSERT_EQ(fdb->count, 1);
+    EXPECT_EQ(+fdb->records[0].mac[5], 0x55);
+    EXPECT_EQ(fdb->records[0].value3 + 0u, 4u);
+    EXPECT_EQ(+fdb->records[0].value4, 3u);
+    LUMOZEPH_ReleaseBridgeFdbEntries(fdb);
+    succeed([] { return LUMOZEPH_BridgeClearFdbTable("bridge", 1, 2); });
+    succeed([&] { return LUMOZEPH_GetBridgeFdbEntries("bridge", 1, 2, &fdb); });
+    EXPECT_EQ(fdb->count, 0);
+    LUMOZEPH_ReleaseBridgeFdbEntries(fdb);
+    LumoBridgeNetworkList* networks = nullptr;
+    succeed([&] { return LUMOZEPH_GetBridgeNetworks("", "bridge", &networks); });
+    EXPECT_EQ(networks->count, 0);
+    LUMOZEPH_ReleaseBridgeNetworks(networks);
+    LumoBridgePortList* ports = nullptr;
+    succeed([&] { return LUMOZEPH_GetBridgePorts("", "bridge", 1, 2, &ports); });
+    EXPECT_EQ(ports->count, 0);
+    LUMOZEPH_ReleaseBridgePorts(ports);
+    succeed([] { return LUMOZEPH_BridgeDisable("bridge", 1); });
+    LumoBridgeInstanceList* bridges = nullptr;
+    succeed([&] { return LUMOZEPH_GetBridgeInstances(&bridges); });
+    ASSERT_EQ(bridges->count, 1);
+    EXPECT_EQ(+bridges->records[0].value3, 0u);
+    LUMOZEPH_ReleaseBridgeInstances(bridges);
+    EXPECT_THAT(call([] { return LUMOZEPH_BridgeSetConfig("bridge", 70, 1); }), Fails(ENOTTY));
+    succeed([] { return LUMOZEPH_BridgeDel("bridge", 0); });
+    EXPECT_THAT(call([] { return LUMOZEPH_BridgeEnable("bridge", 1); }), Fails(ENOENT));
+}
+
+TEST_F(EmulatedRouter, PmacsAreKept)
+{
+    constexpr std::uint8_t mac[6] = {2, 3, 4, 5, 6, 7};
+    Bytes buffer(426080, '\0');
+    succeed([&] { return LUMOZEPH_AddPmac(9, mac); });
+    succeed([&] { return LUMOZEPH_GetPmac(buffer.data()); });
+    EXPECT_EQ(buffer.substr(0, 7), "\2\3\4\5\6\7\x9");
+    succeed([&] { return LUMOZEPH_DelPmac(mac); });
+    EXPECT_THAT(call([&] { return LUMOZEPH_DelPmac(mac); }), Fails(ENOENT));
+    succeed([&] { return LUMOZEPH_DumpFLTable(1, buffer.data()); });
+}
+
+TEST_F(EmulatedRouter, ClustersHaveNodes)
+{
+    constexpr std::uint8_t mac[6] = {2, 3, 4, 5, 6, 7};
+    succeed([] { return LUMOZEPH_BridgeClusterSet("one", 1); });
+    succeed([] { return LUMOZEPH_BridgeClusterSet("two", 1); });
+    succeed([&] { return LUMOZEPH_BridgeClusterNodeSet("one", "a", mac, 1); });
+    succeed([&] { return LUMOZEPH_BridgeClusterNodeSet("two", "b", mac, 1); });
+    succeed([] { return LUMOZEPH_SetBridgeClusterDebug(nullptr, 5); });
+    succeed([] { return LUMOZEPH_BridgeClusterBfdHAProfileSet("one", 6, 7, 8); });
+    LumoBridgeClusterList* clusters = nullptr;
+    succeed([&] { return LUMOZEPH_GetBridgeClusters(nullptr, &clusters); });
+    ASSERT_EQ(clusters->count, 2);
+    EXPECT_STREQ(clusters->records[1].ident, "two");
+    EXPECT_EQ(+clusters->records[1].value5, 5);
+    EXPECT_EQ(+clusters->records[0].block[0], 6);
+    LUMOZEPH_ReleaseBridgeClusters(clusters);
+    LumoBridgeClusterNodeList* nodes = nullptr;
+    const auto count_nodes = [&](const char* key) {
+        succeed([&] { return LUMOZEPH_GetBridgeClusterNodes(key, &nodes); });
+        const std::int32_t count = nodes->count;
+        LUMOZEPH_ReleaseBridgeClusterNodes(nodes);
+        return count;
+    };
+    EXPECT_EQ(count_nodes(nullptr), 2);
+    EXPECT_EQ(count_nodes("two"), 1);
+    succeed([] { return LUMOZEPH_BridgeClusterNodeSet("one", "a", nullptr, 0); });
+    EXPECT_EQ(count_nodes("one"), 0);
+    succeed([] { return LUMOZEPH_FlushBridgeCluster("two", 1); });
+    EXPECT_EQ(count_nodes(nullptr), 0);
+    succeed([] { return LUMOZEPH_BridgeClusterSet("two", 0); });
+    EXPECT_THAT(call([] { return LUMOZEPH_BridgeClusterSet("two", 0); }), Fails(ENOENT));
+    Bytes buffer(2048, '\0');
+    const Bytes block(64, 'b');
+    succeed([&] { return LUMOZEPH_BridgeLocalTransportNodeSet("one", "two", "three", 4, block.data(), 1); });
+    succeed([&] { return LUMOZEPH_BridgeGetLocalTransportNode(buffer.data(), 0); });
+    EXPECT_EQ(buffer.substr(128, 5), "three");
+    EXPECT_EQ(buffer.substr(148, 64), block);
+    succeed([&] { return LUMOZEPH_BridgeLocalTransportNodeSet("", "", "", 0, block.data(), 0); });
+    succeed([&] { return LUMOZEPH_GetLocaleId(buffer.data()); });
+    EXPECT_EQ(+buffer[15], 15);
+}
+
+TEST_F(EmulatedRouter, EndpointsAreListedAndCounted)
+{
+    for (const char* key : {"a", "b", "c"})
+        succeed([&] { return LUMOZEPH_AddBridgeEndpoint(key, "", "name", 1, 2, "", 3, 4, "", 5); });
+    succeed([] { return LUMOZEPH_DelBridgeEndpoint("b", "name"); });
+    LumoBridgeEndpointList* endpoints = nullptr;
+    succeed([&] { return LUMOZEPH_GetBridgeEndpoints(nullptr, &endpoints); });
+    ASSERT_EQ(endpoints->count, 2);
+    EXPECT_STREQ(endpoints->records[1].ident, "c");
+    EXPECT_EQ(+endpoints->records[1].value1, 3);
+    LUMOZEPH_ReleaseBridgeEndpoints(endpoints);
+    Bytes buffer(2 * 235, '\0');
+    std::uint32_t count = 0;
+    succeed([&] { return LUMOZEPH_GetBeAll(buffer.data(), 2 * 235, &count); });
+    EXPECT_EQ(count, 2u);
+    EXPECT_THAT(call([&] { return LUMOZEPH_GetBeAll(buffer.data(), 235, &count); }), Fails(ENOBUFS));
+    succeed([&] { return LUMOZEPH_GetBeStats("c", buffer.data()); });
+    EXPECT_STREQ(buffer.c_str(), "c");
+    succeed([&] { return LUMOZEPH_GetBeStatus("a", buffer.data()); });
+    succeed([] { return LUMOZEPH_FlushBridgeEndpoint(1); });
+    EXPECT_THAT(call([&] { return LUMOZEPH_GetBeStatus("a", buffer.data()); }), Fails(ENOENT));
+    LumoBridgeBfdSessionList* sessions = nullptr;
+    succeed([&] { return LUMOZEPH_GetBridgeBFDSessions(nullptr, &sessions); });
+    EXPECT_EQ(sessions->count, 0);
+    LUMOZEPH_ReleaseBridgeBFDSessions(sessions);
+}
+
+TEST_F(EmulatedRouter, MulticastReceiversMakeGroups)
+{
+    constexpr std::uint8_t hw_addr[6] = {2, 3, 4, 5, 6, 7};
+    succeed([] { return LUMOZEPH_SetMcastRouting("blue", "domain", 1, 2, 3, 4); });
+    succeed([] { return LUMOZEPH_AddMRoutingLocalRcvrs("blue", 9, "local"); });
+    for (std::uint32_t key = 0; key < 3; ++key)
+        succeed([&] { return LUMOZEPH_AddMRoutingRemoteRcvrs("blue", 9, key, hw_addr, 7, 8); });
+    succeed([] { return LUMOZEPH_DelMRoutingRemoteRcvrs("blue", 9, 1); });
+    LumoMcastDomainInfo* domain = nullptr;
+    succeed([&] { return LUMOZEPH_GetMRoutingDomain("blue", &domain); });
+    EXPECT_STREQ(domain->text1, "domain");
+    EXPECT_EQ(+domain->value4, 4u);
+    LUMOZEPH_ReleaseMRoutingDomainData(domain);
+    LumoLocalRcvrList* local = nullptr;
+    succeed([&] { return LUMOZEPH_GetMRoutingLocalRcvrs("blue", 9, &local); });
+    ASSERT_EQ(local->count, 1);
+    EXPECT_STREQ(local->records[0].text1, "local");
+    LUMOZEPH_ReleaseMRoutingLocalRcvrs(local);
+    LumoVtepTable* table = nullptr;
+    succeed([&] { return LUMOZEPH_GetMRoutingRemoteRcvrs("blue", 9, &table); });
+    ASSERT_EQ(table->count, 2u);
+    EXPECT_EQ(+table->records[1].bytes[0], 2);
+    EXPECT_EQ(+table->records[1].bytes[9], 7);
+    LUMOZEPH_ReleaseVTEPTable(table);
+    LumoMcastGroupList* groups = nullptr;
+    succeed([&] { return LUMOZEPH_GetMRoutingAllMcastGroups("blue", &groups); });
+    ASSERT_EQ(groups->count, 1);
+    EXPECT_EQ(+groups->records[0].value1, 9u);
+    EXPECT_EQ(+groups->records[0].value3, 2u);
+    LUMOZEPH_ReleaseMRoutingMcastGroups(groups);
+    std::uint32_t address = 4711;
+    succeed([&] { return LUMOZEPH_GetMRoutingReplicationIP("blue", 9, &address); });
+    EXPECT_EQ(address, 0u);
+    succeed([] { return LUMOZEPH_AddMRoutingMRouter("blue", 12); });
+    succeed([&] { return LUMOZEPH_GetMRoutingMRouterIP("blue", 9, &address); });
+    EXPECT_EQ(address, 12u);
+    succeed([] { return LUMOZEPH_DelMRoutingMRouter("blue"); });
+    EXPECT_THAT(call([&] { return LUMOZEPH_GetMRoutingMRouterIP("blue", 9, &address); }), Fails(ENOENT));
+    succeed([] { return LUMOZEPH_DelMRoutingLocalRcvrs("blue", 9, "local"); });
+}
+
+TEST_F(Emulated, ReceiveSideScalingIsTuned)
+{
+    LumoRssStats* stats = nullptr;
+    EXPECT_THAT(call([&] { return LUMOZEPH_SoftRSSGetStats("eth0", &stats); }), Succeeds());
+    EXPECT_EQ(+stats->rssEntryCount, 16u);
+    free(stats);
+    EXPECT_THAT(call([] { return LUMOZEPH_SoftRSSStatsReset("eth0"); }), Succeeds());
+    LumoRssTunables tunables {0x0102030405060708, 9};
+    EXPECT_THAT(call([&] { return LUMOZEPH_SoftRSSSetTunables("eth0", &tunables); }), Succeeds());
+    tunables = {};
+    EXPECT_THAT(call([&] { return LUMOZEPH_SoftRSSGetTunables("eth0", &tunables); }), Succeeds());
+    EXPECT_EQ(+tunables.value1, 0x0102030405060708u);
+    EXPECT_EQ(+tunables.value2, 0u);
+    LumoRssIndTable table {};
+    table.entries[127] = 3;
+    table.size = 128;
+    EXPECT_THAT(call([&] { return LUMOZEPH_SoftRSSTableSet("eth0", &table); }), Succeeds());
+    std::uint8_t entries[128] = {};
+    EXPECT_THAT(call([&] { return LUMOZEPH_SoftRSSGetIndTable("eth0", entries); }), Succeeds());
+    EXPECT_EQ(+entries[127], 3);
+}
+
 TEST_F(Emulated, AnUnknownCommandIsReportedByTheModule)
 {
     LumoEnvelope envelope {};

@@ -13,7 +13,9 @@ CommandTable all_commands()
 {
     CommandTable table {};
     for (const std::span<const Command> family : {setting_commands(), instance_commands(), lif_commands(),
-             route_commands(), route6_commands(), lif_policy_commands(), neighbour_commands(), policy_commands()})
+             route_commands(), route6_commands(), lif_policy_commands(), neighbour_commands(), policy_commands(),
+             statistics_commands(), control_plane_commands(), housekeeping_commands(), bridge_commands(),
+             cluster_commands(), endpoint_commands(), multicast_commands(), rss_commands()})
         for (const Command& command : family)
             table[command.number] = &command;
     return table;

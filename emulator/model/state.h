@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <compare>
 #include <cstdint>
+#include <map>
 #include <span>
 #include <string>
 #include <vector>
@@ -107,6 +108,27 @@ struct MulticastSettings
     std::uint8_t value4 = 0;
 };
 
+struct RemoteReceiver
+{
+    std::uint32_t value = 0;
+    std::uint32_t key = 0;
+    std::uint32_t value1 = 0;
+    std::uint32_t value2 = 0;
+    std::array<std::byte, 6> hw_address {};
+};
+
+struct LocalReceiver
+{
+    std::uint32_t value = 0;
+    std::string text;
+};
+
+struct MulticastRouter
+{
+    bool present = false;
+    std::uint32_t value = 0;
+};
+
 struct Instance
 {
     std::string name;
@@ -123,6 +145,11 @@ struct Instance
     std::vector<LifPolicy> lif_policies;
     std::vector<Neighbour> neighbours;
     MulticastSettings multicast;
+    std::vector<LocalReceiver> local_receivers;
+    std::vector<RemoteReceiver> remote_receivers;
+    MulticastRouter multicast_router;
+    std::uint32_t control_plane_address = 0;
+    std::uint32_t sync_state = 0;
 
     Lif* find_lif(const std::string& lif_name);
 };
@@ -141,6 +168,65 @@ struct PolicyTable
     std::vector<Policy> policies;
 };
 
+// Forwarding entries are kept as the text that was sent.
+struct FdbEntry
+{
+    std::array<std::uint32_t, 2> selectors {};
+    std::string mac;
+    std::uint32_t value = 0;
+    std::uint8_t flags = 0;
+};
+
+struct Bridge
+{
+    std::string key;
+    std::uint32_t value = 0;
+    bool enabled = false;
+    std::uint32_t ha_state = 0;
+    std::uint32_t replication_mode = 0;
+    std::vector<FdbEntry> fdb;
+};
+
+struct ClusterNode
+{
+    std::string name;
+    std::array<std::byte, 6> mac {};
+};
+
+struct Cluster
+{
+    std::string key;
+    std::uint8_t debug_level = 0;
+    std::uint8_t profile_flag = 0;
+    std::uint32_t profile_value1 = 0;
+    std::uint32_t profile_value2 = 0;
+    std::vector<ClusterNode> nodes;
+};
+
+struct Endpoint
+{
+    std::string key;
+    std::string name;
+    std::uint32_t value1 = 0;
+    std::uint32_t value2 = 0;
+    std::uint16_t value3 = 0;
+    std::uint8_t flag1 = 0;
+    std::uint8_t flag2 = 0;
+};
+
+// A plumbed connection, as it was sent from the name on.
+struct Connection
+{
+    std::string name;
+    std::vector<std::byte> sent;
+};
+
+struct RssTarget
+{
+    std::array<std::byte, 8> tunables {};
+    std::array<std::byte, 128> table {};
+};
+
 struct State
 {
     std::uint32_t log_level = 4;
@@ -152,6 +238,19 @@ struct State
     std::uint64_t instances_created = 0;
 
     std::vector<PolicyTable> policy_tables;
+
+    std::vector<Bridge> bridges;
+    std::vector<Cluster> clusters;
+    std::vector<Endpoint> endpoints;
+    std::vector<std::byte> local_transport_node; // as it was sent, or empty
+    std::map<std::array<std::byte, 6>, std::uint32_t> pmacs;
+
+    std::vector<Connection> connections;
+    std::vector<Connection> bfd_connections;
+    std::map<std::string, RssTarget> rss_targets;
+
+    std::uint32_t control_plane_active = 0;
+    std::uint32_t saves = 0; // full-sync saves performed
 
     // By name or by UUID text; null if there is none.
     Instance* find_instance(const std::string& key);
@@ -181,6 +280,18 @@ inline Instance* instance_of(Exchange& exchange)
     return exchange.state.find_instance(exchange.request.text(0, 64));
 }
 
+// Answers without a reply: what is asked for changes nothing that the model keeps.
+inline int accepted(Exchange&)
+{
+    return 0;
+}
+
+// The same for commands that name an instance.
+inline int accepted_for_instance(Exchange& exchange)
+{
+    return instance_of(exchange) == nullptr ? ENOENT : 0;
+}
+
 // The answer to a set or delete whose caller wants to know more than success: a 32-bit zero and the word.
 int done(Exchange& exchange);
 
@@ -202,5 +313,13 @@ std::span<const Command> route6_commands();
 std::span<const Command> lif_policy_commands();
 std::span<const Command> neighbour_commands();
 std::span<const Command> policy_commands();
+std::span<const Command> statistics_commands();
+std::span<const Command> control_plane_commands();
+std::span<const Command> housekeeping_commands();
+std::span<const Command> bridge_commands();
+std::span<const Command> cluster_commands();
+std::span<const Command> endpoint_commands();
+std::span<const Command> multicast_commands();
+std::span<const Command> rss_commands();
 
 } // namespace emulator

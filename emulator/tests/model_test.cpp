@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <cstring>
 #include <gmock/gmock.h>
+#include <set>
 #include <string>
 
 using namespace emulator;
@@ -71,11 +72,24 @@ TEST(Device, HasTwoPaths)
     EXPECT_FALSE(is_device_path(""));
 }
 
-TEST_F(Model, DoesNotKnowNumbersThatAreNotAssigned)
+TEST_F(Model, DoesNotKnowNumbersBeyondTheLast)
 {
-    for (const std::uint32_t number : {68u, 71u, 76u, 84u, 105u, 150u, 161u, 0xffffffffu}) {
+    for (const std::uint32_t number : {161u, 0xffffffffu}) {
         EXPECT_EQ(command(number, Message(), 4), ENOTTY) << number;
         EXPECT_EQ(reply, "");
+    }
+}
+
+TEST_F(Model, KnowsEveryNumberThatIsAssigned)
+{
+    const std::set<std::uint32_t> gaps {68, 69, 70, 71, 76, 77, 78, 79, 81, 82, 83, 84, 105, 150};
+    const std::set<std::uint32_t> values {7, 10, 12, 14, 160};
+    const std::set<std::uint32_t> without_input {9, 11, 13, 42, 85, 151, 159};
+    for (std::uint32_t number = 0; number <= 160; ++number) {
+        const std::size_t size = values.count(number) > 0 ? 4 : without_input.count(number) > 0 ? 0 : 776;
+        const int right = command(number, Message(size), 0xffffffff);
+        EXPECT_EQ(right == ENOTTY, gaps.count(number) > 0) << number;
+        EXPECT_EQ(command(number, Message(size + 1), 0xffffffff), gaps.count(number) > 0 ? ENOTTY : EINVAL) << number;
     }
 }
 

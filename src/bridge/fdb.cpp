@@ -11,6 +11,7 @@ constexpr uint32_t fl_table_size = 426080;
 constexpr uint32_t pmac_table_size = 131072;
 constexpr uint32_t be_stats_size = sizeof(LumoBridgePortInfo);
 constexpr uint32_t be_status_size = 229;
+constexpr uint32_t be_size = sizeof(LumoBridgeEndpointInfo);
 
 } // namespace
 
@@ -83,6 +84,6 @@ int32_t LUMOZEPH_GetBeAll(void* buffer, uint32_t size, uint32_t* count)
     Room room {buffer, size};
     const int32_t result = exchange(Command::GetBeAll, input(Request()), room);
     if (result == 0)
-        *count = room.length / sizeof(LumoBridgeEndpointInfo);
+        *count = room.length / be_size;
     return result;
 }
