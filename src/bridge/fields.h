@@ -21,6 +21,7 @@ struct TwiceWrittenKey
         void store(char* record) const
         {
             first.store(record);
+            std::memset(record + Key::begin, 0, Key::end - Key::begin);
             second.store(record);
         }
     };

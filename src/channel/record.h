@@ -152,7 +152,7 @@ inline void apply(char* to, const char* from)
     if constexpr (rule.move == Move::Copy) {
         std::memcpy(to + rule.to, from + rule.from, rule.width);
     } else if constexpr (rule.move == Move::Text) {
-        copy_bounded(to + rule.to, from + rule.from, rule.width);
+        copy_field<rule.width>(to + rule.to, from + rule.from);
     } else {
         // A count larger than the table is passed on as it stands, but moves nothing beyond the table.
         std::size_t entries = rule.width / rule.stride;

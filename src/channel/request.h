@@ -142,6 +142,7 @@ public:
     explicit Request(Remainder, Fields... fields)
     {
         static_assert(no_two_overlap<Fields...>(), "two fields of one request overlap");
+        (std::memset(bytes_ + Fields::begin, 0, Fields::end - Fields::begin), ...);
         (fields.store(bytes_), ...);
     }
 
