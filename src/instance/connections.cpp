@@ -41,6 +41,7 @@ int32_t LUMOZEPH_UnPlumbLumoConnection(const char* name)
     return send(Command::UnPlumbLumoConnection, Request(connection_name(name)));
 }
 
+// Kept: unlike the levels, the destination is not tested.
 int32_t LUMOZEPH_LUMODevCheckConnDeletion(uint32_t* value)
 {
     return read_value(Command::LUMODevCheckConnDeletion, value);

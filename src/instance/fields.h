@@ -6,7 +6,7 @@
 namespace lumo {
 
 inline constexpr Number<64, uint32_t> instance_value1;
-inline constexpr RawText<140, 18> instance_text;
+inline constexpr RawText<140, 18> instance_text; // Kept: not terminated when it fills the field.
 inline constexpr Number<160, uint32_t> instance_value2;
 
 inline constexpr Text<68, 64> tunables;

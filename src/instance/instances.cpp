@@ -26,6 +26,7 @@ int32_t LUMOZEPH_DelLumoInstance(const char* instance)
     return send(Command::DelLumoInstance, Request(instance_key(instance)));
 }
 
+// Kept: only the instance is tested.
 int32_t LUMOZEPH_SetLumoInstanceTunables(const char* instance, const char* text, uint32_t value)
 {
     if (any_null(instance))

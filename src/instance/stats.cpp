@@ -27,6 +27,7 @@ int32_t LUMOZEPH_GetLifStats(const char* instance, const char* lif, LumoStats** 
     return get_one(Command::GetLifStats, Request(instance_key(instance), lif_name(lif)), out);
 }
 
+// Kept: the same command as without the cache; the module tells them apart by the flag.
 int32_t LUMOZEPH_GetLifStatsCached(const char* instance, const char* lif, LumoStats** out)
 {
     if (any_null(instance))

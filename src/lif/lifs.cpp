@@ -30,6 +30,7 @@ int32_t LUMOZEPH_DelLif(const char* lif, const char* auxName, const char* instan
     return send(Command::DelLif, Request(instance_key(instance), lif_aux_name(auxName), lif_name(lif)));
 }
 
+// Kept: no argument is tested.
 int32_t LUMOZEPH_SetBridgeLif(const char* lif, const char* auxName, uint32_t paramA, uint32_t paramB, uint32_t diValue,
     const char* instance, int add)
 {

@@ -12,6 +12,7 @@ int32_t LUMOZEPH_SetLifIp(const char* instance, const char* lif, uint32_t addres
     return send(Command::SetLifIp, Request(instance_key(instance), lif_name(lif), ip_addr(address), ip_mask(mask)));
 }
 
+// Kept: the removal carries the mask, too.
 int32_t LUMOZEPH_DelLifIp(const char* instance, const char* lif, uint32_t address, uint32_t mask)
 {
     if (any_null(instance, lif))
@@ -61,6 +62,7 @@ int32_t LUMOZEPH_DisableLif(const char* instance, const char* lif)
     return send(Command::DisableLif, Request(instance_key(instance), lif_name(lif)));
 }
 
+// Kept: the flag chooses the command and is not sent.
 int32_t LUMOZEPH_SetLifMcastRouting(const char* instance, const char* lif, uint8_t on)
 {
     if (any_null(instance, lif))
@@ -85,6 +87,7 @@ int32_t LUMOZEPH_SetLifIpv6(const char* instance, const char* lif, uint64_t word
             lif_ipv6_prefix_len(static_cast<uint8_t>(prefixLen)), unterminated_lif_name(lif)));
 }
 
+// Kept: the removal carries the prefix length, too.
 int32_t LUMOZEPH_DelLifIpv6(const char* instance, const char* lif, uint64_t word1, uint64_t word2, uint32_t prefixLen)
 {
     if (any_null(instance, lif))

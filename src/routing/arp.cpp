@@ -28,6 +28,7 @@ int32_t LUMOZEPH_DelArp(uint32_t address, const char* lif, const char* instance)
     return send(Command::DelArp, Request(instance_key(instance), arp_ip(address), lif_name(lif)));
 }
 
+// Kept: the same commands as for plain entries; the module tells them apart by the marker.
 int32_t LUMOZEPH_SetProxyArp(uint32_t address, const char* lif, const char* instance)
 {
     if (any_null(instance))

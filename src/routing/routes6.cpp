@@ -25,6 +25,7 @@ int32_t LUMOZEPH_SetRoutev6(uint64_t dest1, uint64_t dest2, uint32_t prefixLen, 
                                          route6_gateway(gateway1, gateway2), route6_lif_name.if_given(lif)));
 }
 
+// Kept: the delete carries gateway and interface, too.
 int32_t LUMOZEPH_DelRoutev6(uint64_t dest1, uint64_t dest2, uint32_t prefixLen, uint64_t gateway1, uint64_t gateway2,
     const char* lif, const char* instance)
 {
