@@ -152,6 +152,14 @@ TEST(GetUuidOrName, GivesAnEmptyKeyForAnEmptyText)
     EXPECT_EQ(key_of(""), Bytes(64, '\0'));
 }
 
+TEST(GetUuidOrName, LeavesATextThatIsTheKeyAlready)
+{
+    Bytes key = padded("router-1");
+    ScriptedDevice device;
+    EXPECT_THAT(observe(device, [&] { return LUMOZEPHGetUuidOrName(key.data(), key.data()); }), Succeeds());
+    EXPECT_EQ(key, padded("router-1"));
+}
+
 TEST(GetUuidOrName, CutsALongTextTo63Bytes)
 {
     const Bytes text(64, 'n');
