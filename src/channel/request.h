@@ -137,7 +137,7 @@ public:
         (fields.store(bytes_), ...);
     }
 
-    // Every byte that no field covers is what the stack held.
+    // Every byte that no field covers is what the stack held. The fields are zeroed: texts count on it.
     template <class... Fields>
     explicit Request(Remainder, Fields... fields)
     {

@@ -113,6 +113,22 @@ TEST_P(RawReads, LeaveTheBufferUntouchedWhenTheDeviceFails)
     EXPECT_EQ(buffer, Bytes(row.room, '\x5a'));
 }
 
+void expect_empty_envelope(unsigned long command, const std::function<std::int32_t()>& send)
+{
+    ScriptedDevice device;
+    const Call call = observe(device, send);
+    EXPECT_THAT(call, Succeeds());
+    EXPECT_EQ(call.events.size(), 4u);
+    ASSERT_EQ(call.sent.size(), 1u);
+    EXPECT_EQ(call.sent[0].number, command);
+    EXPECT_EQ(call.sent[0].in_len, 0u);
+    EXPECT_EQ(call.sent[0].in_ptr, 0u);
+    EXPECT_EQ(call.sent[0].out_len, 0u);
+    EXPECT_EQ(call.sent[0].out_ptr, 0u);
+    ScriptedDevice rejecting(fails(EPERM));
+    EXPECT_THAT(observe(rejecting, send), Fails(EPERM));
+}
+
 void expect_rejected(const std::function<std::int32_t()>& call)
 {
     ScriptedDevice device;

@@ -69,6 +69,9 @@ protected:
     Bytes buffer = Bytes(row.room, '\x5a');
 };
 
+// The operation sends this command with neither input nor room for a reply.
+void expect_empty_envelope(unsigned long command, const std::function<std::int32_t()>& send);
+
 // The operation rejects its arguments: EINVAL, no device call, no allocation.
 void expect_rejected(const std::function<std::int32_t()>& call);
 
