@@ -27,7 +27,8 @@ int32_t LUMOZEPHIoctl(int32_t command, LumoEnvelope* envelope)
 
 namespace lumo {
 
-int32_t exchange(Command command, Input input, Room& room)
+// What a small command costs beside its system calls is a few calls deep: they are flattened.
+[[gnu::flatten]] int32_t exchange(Command command, Input input, Room& room)
 {
     LumoEnvelope envelope {input.length, input.bytes, room.length, room.bytes};
     const int32_t result = LUMOZEPHIoctl(static_cast<int32_t>(command), &envelope);
@@ -41,12 +42,12 @@ int32_t send(Command command, Input input)
     return exchange(command, input, none);
 }
 
-int32_t send(Command command, const Request& request)
+[[gnu::flatten]] int32_t send(Command command, const Request& request)
 {
     return send(command, input(request));
 }
 
-int32_t send(Command command, const Request& request, LumoCmdResult* result)
+[[gnu::flatten]] int32_t send(Command command, const Request& request, LumoCmdResult* result)
 {
     if (result == nullptr)
         return send(command, request);
@@ -54,7 +55,7 @@ int32_t send(Command command, const Request& request, LumoCmdResult* result)
     return read_raw(command, request, result, sizeof *result);
 }
 
-int32_t read_raw(Command command, const Request& request, void* bytes, uint32_t length)
+[[gnu::flatten]] int32_t read_raw(Command command, const Request& request, void* bytes, uint32_t length)
 {
     Room room {bytes, length};
     return exchange(command, input(request), room);

@@ -2,12 +2,12 @@
 
 namespace lumo {
 
-int32_t send_value(Command command, uint32_t value)
+[[gnu::flatten]] int32_t send_value(Command command, uint32_t value)
 {
     return send(command, Input {&value, sizeof value});
 }
 
-int32_t read_value(Command command, uint32_t* out)
+[[gnu::flatten]] int32_t read_value(Command command, uint32_t* out)
 {
     // Kept: neither is the slot set before the call nor the reported length looked at, so that a module that answers
     // with fewer than four bytes hands over the rest of the slot as it was.

@@ -106,15 +106,26 @@ consteval Layout<sizeof...(Rules)> describe(Rules... rules)
     return {{rules...}};
 }
 
-// Neighbouring copies become one; skips are dropped.
+// A gap so narrow is cheaper to copy along and to clear afterwards than to copy around.
+inline constexpr std::size_t narrow_gap = 16;
+
+constexpr bool is_wide_gap(const Rule& rule)
+{
+    return rule.move == Move::Skip && rule.width > narrow_gap;
+}
+
+// What is moved before the record is completed. Everything but tables and wide gaps is copied, and neighbouring copies
+// become one.
 template <std::size_t Count>
 consteval std::pair<std::array<Rule, Count>, std::size_t> merge(const Layout<Count>& layout)
 {
     std::array<Rule, Count> moves {};
     std::size_t size = 0;
-    for (const Rule& rule : layout.rules) {
-        if (rule.move == Move::Skip)
+    for (Rule rule : layout.rules) {
+        if (is_wide_gap(rule))
             continue;
+        if (rule.move != Move::Table)
+            rule.move = Move::Copy;
         if (rule.move == Move::Copy && size > 0) {
             Rule& last = moves[size - 1];
             if (last.move == Move::Copy && last.to + last.width == rule.to && last.from + last.width == rule.from) {
@@ -132,9 +143,9 @@ inline constexpr auto moves = merge(layout<Record>);
 
 // A record that reaches the caller byte for byte.
 template <class Record>
-inline constexpr bool is_plain = moves<Record>.second == 1 && moves<Record>.first[0].move ==
-                                                                  Move::Copy&& moves<Record>.first[0].width ==
-                                                                  sizeof(Record);
+inline constexpr bool is_plain = std::ranges::all_of(layout<Record>.rules, [](const Rule& rule) {
+    return rule.move == Move::Copy;
+}) && moves<Record>.second == 1;
 
 template <std::size_t Width>
 std::size_t load_count(const char* from)
@@ -150,9 +161,8 @@ inline void apply(char* to, const char* from)
 {
     constexpr Rule rule = moves<Record>.first[Index];
     if constexpr (rule.move == Move::Copy) {
-        std::memcpy(to + rule.to, from + rule.from, rule.width);
-    } else if constexpr (rule.move == Move::Text) {
-        copy_field<rule.width>(to + rule.to, from + rule.from);
+        constexpr std::size_t longest_inline = 256;
+        std::memcpy(to + rule.to, from + rule.from, rule.width > longest_inline ? unknown(rule.width) : rule.width);
     } else {
         // A count larger than the table is passed on as it stands, but moves nothing beyond the table.
         std::size_t entries = rule.width / rule.stride;
@@ -163,15 +173,40 @@ inline void apply(char* to, const char* from)
     }
 }
 
+template <class Record, std::size_t Index>
+inline void complete(char* to, const char* from)
+{
+    constexpr Rule rule = layout<Record>.rules[Index];
+    if constexpr (rule.move == Move::Text) {
+        if (!is_bounded<rule.width>(from + rule.from)) [[unlikely]]
+            bound(to + rule.to, rule.width);
+    } else if constexpr (rule.move == Move::Skip && !is_wide_gap(rule)) {
+        std::memset(to + rule.to, 0, rule.width);
+    }
+}
+
+// What remains to be done to a record after its moves: clears the gaps that were copied along, and makes texts end that
+// the module did not end.
+template <class Record>
+[[gnu::always_inline]] inline void complete(char* to, const char* from)
+{
+    [=]<std::size_t... Index>(std::index_sequence<Index...>)
+    {
+        (complete<Record, Index>(to, from), ...);
+    }
+    (std::make_index_sequence<layout<Record>.rules.size()> {});
+}
+
 // Decodes one record of the reply into zeroed memory.
 template <class Record>
-inline void decode(char* to, const char* from)
+[[gnu::always_inline]] inline void decode(char* to, const char* from)
 {
-    [&]<std::size_t... Index>(std::index_sequence<Index...>)
+    [=]<std::size_t... Index>(std::index_sequence<Index...>) __attribute__((always_inline))
     {
         (apply<Record, Index>(to, from), ...);
     }
     (std::make_index_sequence<moves<Record>.second> {});
+    complete<Record>(to, from);
 }
 
 // A table of entries that have a layout of their own. Only the first count of them are decoded, where count is a member

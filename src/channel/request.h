@@ -133,7 +133,7 @@ public:
     explicit Request(Fields... fields)
     {
         static_assert(no_two_overlap<Fields...>(), "two fields of one request overlap");
-        std::memset(bytes_, 0, sizeof bytes_);
+        std::memset(bytes_, 0, unknown(sizeof bytes_));
         (fields.store(bytes_), ...);
     }
 
