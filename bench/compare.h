@@ -36,8 +36,8 @@ std::size_t calls_per_turn(Work& work)
     return static_cast<std::size_t>(std::max(1.0, turn / seconds(3, work)));
 }
 
-// The benchmark's own time is that of one turn of the library. Its counters are medians: nanoseconds a call of both, and their ratio turn
-// by turn.
+// The benchmark's own time is that of one turn of the library. Its counters are medians: nanoseconds a call of both,
+// and their ratio turn by turn.
 template <class Library, class Limit>
 void compare(benchmark::State& state, Library library, Limit limit)
 {

@@ -5,8 +5,10 @@
 #include "replies.h"
 
 #include <cstdlib>
+#include <fstream>
 #include <functional>
 #include <lumozeph.h>
+#include <malloc.h>
 #include <string>
 #include <sys/resource.h>
 #include <type_traits>
@@ -41,7 +43,8 @@ constexpr Set sets[] = {
 void compare_set(benchmark::State& state, Kernel kernel, std::int32_t (*send)())
 {
     answer_calls(kernel);
-    compare(state, [send] { benchmark::DoNotOptimize(send()); }, [] { benchmark::DoNotOptimize(limit_send(89)); });
+    compare(
+        state, [send] { benchmark::DoNotOptimize(send()); }, [] { benchmark::DoNotOptimize(limit_send(89)); });
     answer_calls(Kernel::Real);
 }
 
@@ -97,14 +100,16 @@ void add_gets()
         "resolve_route", [](auto** out) { return LUMOZEPH_GetResolveRoute(instance, 0x0a000001, ~0u, 0, out); },
         LUMOZEPH_ReleaseRoute);
     add_get<LumoStats>(
-        "control_plane_stats", [](auto** out) { return LUMOZEPH_GetLumoInstanceCPStats(instance, out); }, release_stats);
+        "control_plane_stats", [](auto** out) { return LUMOZEPH_GetLumoInstanceCPStats(instance, out); },
+        release_stats);
     add_get<LumoStats>(
         "lif_stats", [](auto** out) { return LUMOZEPH_GetLifStats(instance, lif, out); }, release_stats);
     add_get<LumoStats>(
         "lif_stats_cached", [](auto** out) { return LUMOZEPH_GetLifStatsCached(instance, lif, out); }, release_stats);
     add_get<LumoStats>("di_stats", LUMOZEPH_GetLumoDiStats, release_stats);
     add_get<LumoCPSyncState>(
-        "sync_state", [](auto** out) { return LUMOZEPH_GetLumoInstanceCPSyncState(instance, out); }, release_sync_state);
+        "sync_state", [](auto** out) { return LUMOZEPH_GetLumoInstanceCPSyncState(instance, out); },
+        release_sync_state);
     add_get<LumoLifPolicyTableRef>(
         "lif_policy_table_ref", [](auto** out) { return LUMOZEPH_GetLifPolicyTableRef(instance, lif, out); },
         LUMOZEPH_ReleaseLifPolicyTableRef);
@@ -137,6 +142,29 @@ struct ListCalls
     std::int32_t (*release)(List*);
 };
 
+// Pages of this process's memory, in KiB, as the kernel names them.
+long memory(const char* name)
+{
+    std::ifstream status("/proc/self/status");
+    std::string word;
+    long size = 0;
+    while (status >> word)
+        if (word == name)
+            status >> size;
+    return size;
+}
+
+// What a call adds to the process's memory while it runs, when none is kept from earlier calls.
+template <class Work>
+long peak_memory(Work& work)
+{
+    malloc_trim(0);
+    std::ofstream("/proc/self/clear_refs") << 5; // The peak is what it is now.
+    const long before = memory("VmRSS:");
+    work();
+    return memory("VmHWM:") - before;
+}
+
 long minor_faults()
 {
     rusage usage {};
@@ -166,13 +194,13 @@ void compare_list(benchmark::State& state, const ListCalls<List>& calls, std::si
     for (int i = 0; i < reads; ++i)
         read();
     state.counters["faults"] = static_cast<double>(minor_faults() - faults) / reads;
+    state.counters["peak_kib"] = static_cast<double>(peak_memory(read));
     state.counters["records"] = static_cast<double>(count);
     answer_calls(Kernel::Real);
 }
 
 template <class List>
-void add_list(
-    const char* name, std::size_t cap, std::int32_t (*get)(List**), std::int32_t (*release)(List*))
+void add_list(const char* name, std::size_t cap, std::int32_t (*get)(List**), std::int32_t (*release)(List*))
 {
     const ListCalls<List> calls {cap, get, release};
     const auto add = [&](const std::string& fill, std::size_t count) {
@@ -196,9 +224,8 @@ void add_growth(const char* name, std::size_t cap, std::int32_t (*get)(List**), 
     for (std::size_t count = 1; count < cap * 10; count *= 10) {
         const std::size_t records = std::min(count, cap);
         benchmark::RegisterBenchmark((std::string("growth/") + name + "/" + std::to_string(records)).c_str(),
-            [=](benchmark::State& state) {
-                compare_list(state, calls, records);
-            })->UseManualTime();
+            [=](benchmark::State& state) { compare_list(state, calls, records); })
+            ->UseManualTime();
     }
 }
 
@@ -206,7 +233,9 @@ void add_lists()
 {
     const auto get_lifs = [](LumoLifList** out) { return LUMOZEPH_GetLifs(instance, out); };
     const auto get_routes = [](LumoRouteList** out) { return LUMOZEPH_GetRoutes(instance, out); };
-    const auto get_ports = [](LumoBridgePortList** out) { return LUMOZEPH_GetBridgePorts(instance, instance, 1, 1, out); };
+    const auto get_ports = [](LumoBridgePortList** out) {
+        return LUMOZEPH_GetBridgePorts(instance, instance, 1, 1, out);
+    };
 
     add_list<LumoInstanceList>("instances", 1000, LUMOZEPH_GetInstances, LUMOZEPH_ReleaseInstances);
     add_list<LumoLifList>("lifs", 10000, get_lifs, LUMOZEPH_ReleaseLifs);
@@ -218,8 +247,7 @@ void add_lists()
         LUMOZEPH_ReleaseRoutes);
     add_list<LumoPolicyList>(
         "policies", 1000, [](auto** out) { return LUMOZEPH_GetPolicy(7, out); }, LUMOZEPH_ReleaseAllPolicy);
-    add_list<LumoPolicyTableList>(
-        "policy_tables", 1000, LUMOZEPH_GetPolicyTable, LUMOZEPH_ReleaseAllPolicyTable);
+    add_list<LumoPolicyTableList>("policy_tables", 1000, LUMOZEPH_GetPolicyTable, LUMOZEPH_ReleaseAllPolicyTable);
     add_list<LumoBridgeInstanceList>(
         "bridge_instances", 4096, LUMOZEPH_GetBridgeInstances, LUMOZEPH_ReleaseBridgeInstances);
     add_list<LumoBridgeNetworkList>(

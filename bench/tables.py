@@ -1,0 +1,183 @@
+"""Turns the results of scripts/bench into the tables of docs/performance.md.
+
+usage: tables.py RESULTS [DOCUMENT]
+
+Prints the tables. With DOCUMENT, also puts each between its lines "<!-- table: NAME -->" and "<!-- end -->" there.
+"""
+
+import glob
+import json
+import os
+import platform
+import re
+import subprocess
+import sys
+
+
+def benchmarks(results, pattern):
+    """Name and counters of every benchmark in the files that match."""
+    found = {}
+    for path in sorted(glob.glob(os.path.join(results, pattern))):
+        with open(path, encoding="utf-8") as file:
+            for benchmark in json.load(file)["benchmarks"]:
+                name = re.sub(r"/(iterations:\d+|manual_time|min_time:[\d.]+)", "", benchmark["name"])
+                found[name] = benchmark
+    return found
+
+
+def time(nanoseconds):
+    for unit, scale in (("ms", 1e6), ("µs", 1e3)):
+        if nanoseconds >= scale:
+            return f"{nanoseconds / scale:.3g} {unit}"
+    return f"{nanoseconds:.3g} ns"
+
+
+def table(header, rows):
+    lines = ["| " + " | ".join(header) + " |", "|---" + "|---:" * (len(header) - 1) + "|"]
+    return "\n".join(lines + ["| " + " | ".join(row) + " |" for row in rows])
+
+
+def compared(found, prefix):
+    return [
+        (name[len(prefix) :].replace("_", " "), time(one["library_ns"]), time(one["limit_ns"]), f"{one['ratio']:.3f}")
+        for name, one in found.items()
+        if name.startswith(prefix)
+    ]
+
+
+def machine(_):
+    def first(pattern, path):
+        with open(path, encoding="utf-8") as file:
+            return re.search(pattern, file.read(), re.MULTILINE).group(1)
+
+    compiler = subprocess.run(["g++", "-dumpfullversion"], capture_output=True, text=True, check=True).stdout.strip()
+    return "\n".join(
+        [
+            f"- {first(r'^model name.*: (.*)$', '/proc/cpuinfo')}, {os.cpu_count()} processors, {platform.machine()}",
+            f"- {first(r'PRETTY_NAME=.(.*).$', '/etc/os-release')}, {' '.join(platform.libc_ver())}, g++ {compiler}",
+        ]
+    )
+
+
+def sets(results):
+    return table(
+        ("operation", "library", "limit", "ratio"), compared(benchmarks(results, "default.set-*.json"), "set/")
+    )
+
+
+def gets(results):
+    return table(("read", "library", "limit", "ratio"), compared(benchmarks(results, "default.get-*.json"), "get/"))
+
+
+def lists(results):
+    default = benchmarks(results, "default.list-*.json")
+    kept = benchmarks(results, "kept.list-*.json")
+    rows = []
+    for name in dict.fromkeys(key.split("/")[1] for key in default):
+        row = [name.replace("_", " ")]
+        for fill in ("empty", "1%", "full"):
+            for found in (default, kept):
+                row.append(f"{found[f'list/{name}/{fill}']['ratio']:.3f}")
+        full = kept[f"list/{name}/full"]
+        row += [f"{full['records']:.0f}", time(full["library_ns"])]
+        rows.append(row)
+    return table(
+        ("list", "empty", "kept", "1 %", "kept", "full", "kept", "records", "time of full, kept"),
+        rows,
+    )
+
+
+def growth(results):
+    default = benchmarks(results, "default.growth-*.json")
+    kept = benchmarks(results, "kept.growth-*.json")
+    rows = []
+    for name, one in sorted(kept.items(), key=lambda item: (item[0].split("/")[1], item[1]["records"])):
+        records = one["records"]
+        rows.append(
+            (
+                name.split("/")[1].replace("_", " "),
+                f"{records:.0f}",
+                time(default[name]["library_ns"] / records),
+                time(one["library_ns"] / records),
+                f"{default[name]['peak_kib']:.0f} KiB",
+            )
+        )
+    return table(("list", "records", "a record", "a record, kept", "peak memory"), rows)
+
+
+def netlink(results):
+    rows = []
+    for name, one in benchmarks(results, "netlink.json").items():
+        for contender in ("lumozeph", "memcpy", "libmnl", "libnl-route"):
+            rows.append(
+                (
+                    contender,
+                    name.split("next_hops:")[1].replace("/routes:", " of "),
+                    f"{one[contender + '_routes_per_second'] / 1e6:.1f} million",
+                    f"{one[contender + '_time_ratio']:.2f}",
+                )
+            )
+    label = next(iter(benchmarks(results, "netlink.json").values()))["label"]
+    header = ("decoder", "next hops of routes", "routes a second", "times lumozeph's time")
+    return table(header, rows) + f"\n\nThe netlink side: a {label}."
+
+
+def allocators(results):
+    rows = []
+    for name in ("default", "trim-and-mmap-threshold", "huge-pages", "both", "jemalloc", "tcmalloc", "mimalloc"):
+        for one in benchmarks(results, f"allocator.{name}.*.json").values():
+            rows.append((name.replace("-", " "), time(one["library_ns"]), f"{one['faults']:.0f}"))
+    return table(("memory", "a full read", "page faults"), rows)
+
+
+def loading(results):
+    startup = benchmarks(results, "startup.json")["load_and_unload"]
+    with open(os.path.join(results, "relocations"), encoding="utf-8") as file:
+        relocations = sum(1 for line in file if re.match(r"[0-9a-f]{16} ", line))
+    size = os.path.getsize(os.path.join(results, "liblumozeph.so"))
+    return table(
+        ("fact", "library", "empty shared object"),
+        (
+            ("size, stripped", f"{size} bytes", ""),
+            ("relocations", f"{relocations}", ""),
+            ("dlopen and dlclose", time(startup["library_ns"]), time(startup["limit_ns"])),
+        ),
+    )
+
+
+def emulator(results):
+    rows = []
+    for name, place in (("outside", "outside"), ("all", "in the emulated world"), ("one", "the same, one processor")):
+        for key, one in benchmarks(results, f"round_trip.{name}.json").items():
+            if key.endswith("_median"):
+                rows.append((key[: -len("_median")].replace("_", " "), place, time(one["real_time"])))
+    return table(("call", "where", "median"), rows)
+
+
+TABLES = (machine, sets, gets, lists, growth, netlink, allocators, loading, emulator)
+
+
+def main():
+    results, *documents = sys.argv[1:]
+    tables = {function.__name__: function(results) for function in TABLES}
+    for name, text in tables.items():
+        print(f"\n== {name}\n{text}")
+    for path in documents:
+        with open(path, encoding="utf-8") as file:
+            document = file.read()
+        for name, text in tables.items():
+            mark = f"<!-- table: {name} -->"
+            if mark not in document:
+                sys.exit(f"{path}: no place for the table {name}")
+            document = re.sub(
+                re.escape(mark) + ".*?<!-- end -->",
+                lambda _, mark=mark, text=text: f"{mark}\n{text}\n<!-- end -->",
+                document,
+                flags=re.DOTALL,
+            )
+        with open(path, "w", encoding="utf-8") as file:
+            file.write(document)
+
+
+if __name__ == "__main__":
+    main()
