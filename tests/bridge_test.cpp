@@ -1,5 +1,6 @@
 // Bridges: instances, networks, ports, forwarding table, clusters, nodes, endpoints and BFD sessions.
 #include "lumozeph.h"
+#include "support/layouts.h"
 #include "support/reads.h"
 #include "support/sends.h"
 
@@ -8,14 +9,14 @@ using testing::ElementsAre;
 
 namespace {
 
-const Layout instance {.size = 393, .texts = {{12, 64}, {84, 128}, {212, 81}}, .zeroed = {{293, 12}}};
-const Layout network {.size = 133, .texts = {}, .zeroed = {{125, 8}}};
-const Layout port {.size = 146};
-const Layout fdb_entry {.size = 20};
-const Layout cluster {.size = 183, .texts = {}, .zeroed = {{64, 8}}};
-const Layout node {.size = 71};
-const Layout endpoint {.size = 235, .texts = {}, .zeroed = {{0, 64}}};
-const Layout bfd_session {.size = 39};
+const Layout& instance = layouts::bridge_instance;
+const Layout& network = layouts::bridge_network;
+const Layout& port = layouts::bridge_port;
+const Layout& fdb_entry = layouts::fdb_entry;
+const Layout& cluster = layouts::cluster;
+const Layout& node = layouts::cluster_node;
+const Layout& endpoint = layouts::endpoint;
+const Layout& bfd_session = layouts::bfd_session;
 
 const std::vector<SingleRead> single_reads {
     {"GetBridgeInstance", 62, instance, Record().text(0, "bridge"),

@@ -2,6 +2,7 @@
 #include "lumozeph.h"
 #include "support/emulated.h"
 #include "support/matchers.h"
+#include "support/wire.h"
 
 #include <set>
 #include <thread>

@@ -1,5 +1,6 @@
 // Router instances: what is sent, and what is particular to reading and releasing them.
 #include "lumozeph.h"
+#include "support/layouts.h"
 #include "support/matchers.h"
 #include "support/reads.h"
 #include "support/sends.h"
@@ -32,7 +33,7 @@ const std::vector<Send> sends {
 
 INSTANTIATE_TEST_SUITE_P(Instance, Sends, testing::ValuesIn(sends), NameOfRow());
 
-const Layout layout {.size = 256, .texts = {{0, 64}, {136, 64}}, .zeroed = {{93, 2}}};
+const Layout& layout = layouts::instance;
 
 const std::vector<SingleRead> single_reads {
     {"GetInstance", 1, layout, Record().text(0, "router-1"),

@@ -1,5 +1,6 @@
 // Logical interfaces: their records, what is sent to change them, and the DHCP relay.
 #include "lumozeph.h"
+#include "support/layouts.h"
 #include "support/matchers.h"
 #include "support/reads.h"
 #include "support/sends.h"
@@ -10,9 +11,7 @@ using namespace world;
 
 namespace {
 
-const Layout layout {.size = 576,
-    .texts = {{0, 64}, {64, 64}},
-    .tables = {{.offset = 326, .stride = 24, .capacity = 10, .count = {566, 4}, .texts = {}, .zeroed = {{21, 3}}}}};
+const Layout& layout = layouts::lif;
 
 const std::vector<SingleRead> single_reads {
     {"GetLif", 22, layout, Record().text(0, "router-1").text(192, "lif-1"),

@@ -1,5 +1,6 @@
 // Multicast routing.
 #include "lumozeph.h"
+#include "support/layouts.h"
 #include "support/reads.h"
 #include "support/sends.h"
 
@@ -8,9 +9,9 @@ using testing::ElementsAre;
 
 namespace {
 
-const Layout domain {.size = 148, .texts = {{0, 64}, {64, 48}}};
-const Layout receiver {.size = 88, .texts = {{0, 64}}};
-const Layout group {.size = 12};
+const Layout& domain = layouts::mcast_domain;
+const Layout& receiver = layouts::local_receiver;
+const Layout& group = layouts::mcast_group;
 
 const std::vector<SingleRead> single_reads {
     {"GetMRoutingDomain", 130, domain, Record().text(0, "inst"),
@@ -224,13 +225,28 @@ TEST_F(VtepTable, WithoutEntriesIsReleasedButForItsArray)
 
 TEST_F(VtepTable, IsRejectedWhenTheReplyIsShorterThanItsEntries)
 {
-    for (const auto& [count, length] : std::vector<std::pair<std::uint32_t, std::int32_t>> {
-             {3, 4 + 2 * 68}, {3, 4 + 3 * 68 - 1}, {0, 3}, {0, 0}, {0, -1}, {2049, 139268}}) {
-        const Call call = read(reports(reply_of(count, 3), length));
-        EXPECT_THAT(call, Fails(EBADMSG));
-        EXPECT_EQ(call.events, after_reply({"calloc(1, 16) = #2", "free(#2)", "free(#1)"}));
-        EXPECT_EQ(out, nullptr);
+    const System guarded {.guarded_blocks = true, .kept_content = 4096};
+    const auto expect_rejected_as_short = [&](std::uint32_t count, std::int32_t length) {
+        const Call call = read(reports(reply_of(count, 3), length), guarded);
+        ASSERT_THAT(call, Fails(EBADMSG)) << count << " entries in " << length << " bytes";
+        ASSERT_EQ(call.events, after_reply({"calloc(1, 16) = #2", "free(#2)", "free(#1)"}));
+        ASSERT_EQ(out, nullptr);
+    };
+    for (const std::uint32_t count : {1u, 2u, 3u}) {
+        const auto whole = static_cast<std::int32_t>(4 + 68 * count);
+        for (std::int32_t length = -1; length < whole; ++length)
+            ASSERT_NO_FATAL_FAILURE(expect_rejected_as_short(count, length));
+        for (std::int32_t length = whole; length <= 4 + 68 * 3 + 1; ++length) {
+            ASSERT_THAT(read(reports(reply_of(count, 3), length), guarded), Succeeds());
+            ASSERT_EQ(out->count, count);
+            ASSERT_EQ(Bytes(reinterpret_cast<const char*>(out->records), 68 * count),
+                reply_of(count, 3).substr(4, 68 * count));
+            release();
+        }
     }
+    for (const std::int32_t length : {3, 0, -1, INT32_MIN})
+        ASSERT_NO_FATAL_FAILURE(expect_rejected_as_short(0, length));
+    ASSERT_NO_FATAL_FAILURE(expect_rejected_as_short(2049, 139268));
 }
 
 TEST_F(VtepTable, IsNotReadBeyondTheReplyWhateverLengthIsReported)

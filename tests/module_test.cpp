@@ -1,5 +1,6 @@
 // Control-plane attachment, port connections, housekeeping and full-sync save.
 #include "lumozeph.h"
+#include "support/layouts.h"
 #include "support/reads.h"
 #include "support/sends.h"
 
@@ -7,10 +8,7 @@ using namespace world;
 
 namespace {
 
-const Layout sync_state {.size = 1420,
-    .texts = {},
-    .zeroed = {},
-    .tables = {{.offset = 0, .stride = 284, .capacity = 5, .count = {0, 0}, .texts = {}, .zeroed = {{92, 8}}}}};
+const Layout& sync_state = layouts::sync_state;
 
 const std::vector<SingleRead> single_reads {
     {"GetLumoInstanceCPSyncState", 87, sync_state, Record().text(0, "inst"),

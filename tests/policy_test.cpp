@@ -1,5 +1,6 @@
 // Policies, policy tables, and the references from interfaces to them.
 #include "lumozeph.h"
+#include "support/layouts.h"
 #include "support/reads.h"
 #include "support/sends.h"
 
@@ -8,12 +9,9 @@ using testing::ElementsAre;
 
 namespace {
 
-const Layout policy {.size = 28};
-const Layout table {.size = 72, .texts = {{4, 64}}};
-const Layout reference {.size = 546,
-    .texts = {{0, 64}},
-    .zeroed = {},
-    .tables = {{.offset = 66, .stride = 24, .capacity = 20, .count = {64, 2}, .texts = {}, .zeroed = {}}}};
+const Layout& policy = layouts::policy;
+const Layout& table = layouts::policy_table;
+const Layout& reference = layouts::policy_table_ref;
 
 const std::vector<ListRead> list_reads {
     {"GetPolicy", 119, policy, 1000, 28000, Record().u32(220, 0x01020304),
@@ -217,15 +215,18 @@ TEST_F(PolicyCount, NamesItsTableInARequestThatIsNotCleared)
 
 TEST_F(PolicyCount, TakesALongerReply)
 {
-    EXPECT_THAT(read(reports(twelve, 5)), Succeeds());
-    EXPECT_EQ(count, 12u);
+    for (const std::int32_t length : {5, 8, 9, INT32_MAX}) {
+        count = 4711;
+        EXPECT_THAT(read(reports(twelve, length), {.guarded_blocks = true}), Succeeds());
+        EXPECT_EQ(count, 12u);
+    }
 }
 
 // Kept: the buffer of a short reply stays allocated.
 TEST_F(PolicyCount, LeavesItsBufferAllocatedWhenTheReplyIsShort)
 {
-    for (const std::int32_t length : {3, 0, -1}) {
-        const Call call = read(reports(twelve, length));
+    for (const std::int32_t length : {3, 2, 1, 0, -1, INT32_MIN}) {
+        const Call call = read(reports(twelve.substr(0, 3), length), {.guarded_blocks = true});
         EXPECT_THAT(call, Fails(EBADMSG));
         EXPECT_THAT(call.blocks_left, ElementsAre("#1: malloc(4)"));
         free_left(call);

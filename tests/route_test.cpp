@@ -1,5 +1,6 @@
 // IPv4 routes, and the interface policies that look like them.
 #include "lumozeph.h"
+#include "support/layouts.h"
 #include "support/reads.h"
 #include "support/sends.h"
 
@@ -7,10 +8,7 @@ using namespace world;
 
 namespace {
 
-const Layout layout {.size = 668,
-    .texts = {},
-    .zeroed = {{18, 2}},
-    .tables = {{.offset = 28, .stride = 80, .capacity = 8, .count = {17, 1}, .texts = {{8, 64}}, .zeroed = {{0, 4}}}}};
+const Layout& layout = layouts::route;
 
 const Bytes policies_of_kind_3 = Record().text(0, "inst").text(148, "what").u32(216, 3);
 

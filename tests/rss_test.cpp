@@ -138,7 +138,7 @@ TEST_F(RssStats, WithoutEntriesHaveNothingButTheCount)
 
 TEST_F(RssStats, HaveAsManyEntriesInEachArrayAsTheCountSays)
 {
-    for (const std::uint32_t count : {1u, 5u, 16u}) {
+    for (std::uint32_t count = 1; count <= 16; ++count) {
         Bytes reply;
         const Bytes block = read_count(count, reply);
         Bytes expected(804, '\xa5');
@@ -153,7 +153,7 @@ TEST_F(RssStats, HaveAsManyEntriesInEachArrayAsTheCountSays)
 // Kept: entries beyond the sixteenth run into what follows their array.
 TEST_F(RssStats, OfMoreThanSixteenEntriesAreCopiedByOffset)
 {
-    for (const std::uint32_t count : {17u, 18u, 40u, 58u, 59u}) {
+    for (std::uint32_t count = 17; count <= 59; ++count) {
         Bytes reply;
         const Bytes block = read_count(count, reply);
         Bytes expected(804, '\xa5');
@@ -169,7 +169,12 @@ TEST_F(RssStats, OfMoreThanSixteenEntriesAreCopiedByOffset)
 
 TEST_F(RssStats, OfAnyLargerCountStayInsideTheBlock)
 {
-    for (const std::uint32_t count : {60u, 255u, 0x7fffffffu, 0xffffffffu}) {
+    std::vector<std::uint32_t> counts {0xffffffff};
+    for (std::uint32_t count = 60; count <= 256; ++count)
+        counts.push_back(count);
+    for (unsigned bit = 9; bit < 32; ++bit)
+        counts.insert(counts.end(), {(1u << bit) - 1, 1u << bit});
+    for (const std::uint32_t count : counts) {
         Bytes reply;
         const Bytes block = read_count(count, reply);
         EXPECT_EQ(block.substr(4), reply.substr(4)) << count;

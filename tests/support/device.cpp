@@ -28,6 +28,9 @@ namespace {
 
 constexpr int first_descriptor = 5000;
 
+// What lies between the beginning of a page and a block that ends with it.
+constexpr char before_block = 0x5b;
+
 enum class Place
 {
     Heap,
@@ -41,9 +44,6 @@ struct Block
     std::size_t size;
     Place place;
 };
-
-// How much of a block or of a reply's room is kept for the test to look at.
-constexpr std::size_t kept_content = 1024 * 1024;
 
 struct Recording
 {
@@ -92,13 +92,17 @@ void* map_guarded(std::size_t size)
     if (base == MAP_FAILED)
         return nullptr;
     mprotect(base + mapped - page_size(), page_size(), PROT_NONE);
+    std::memset(base, before_block, mapped - page_size() - size);
     return base + mapped - page_size() - size;
 }
 
 void unmap_guarded(void* block, std::size_t size)
 {
     const std::size_t mapped = mapped_size(size);
-    munmap(static_cast<char*>(block) + size + page_size() - mapped, mapped);
+    char* const base = static_cast<char*>(block) + size + page_size() - mapped;
+    if (std::any_of(base, static_cast<char*>(block), [](char byte) { return byte != before_block; }))
+        abort(); // Something has been written before the block.
+    munmap(base, mapped);
 }
 
 // Blocks that the library has handed out: they outlive the call in which they were made.
@@ -125,7 +129,7 @@ void* allocate(const std::string& made_by, std::size_t size, Content content)
     if (block == nullptr)
         abort();
     if (content == Content::Undefined)
-        std::memset(block, 0xa5, std::min(size, kept_content));
+        std::memset(block, 0xa5, std::min(size, aside->system.kept_content));
     aside->blocks[block] = {number, made_by, size, place};
     aside->call.events.push_back(made_by + " = #" + std::to_string(number));
     return block;
@@ -169,9 +173,9 @@ int answer_ioctl(Device& device, const Sent& sent, char* envelope)
         errno = answer.error;
         return -1;
     }
-    if (!answer.reply.empty())
-        std::memcpy(reinterpret_cast<char*>(sent.out_ptr), answer.reply.data(),
-            std::min<std::size_t>(answer.reply.size(), sent.out_len));
+    if (answer.at < sent.out_len)
+        std::memcpy(reinterpret_cast<char*>(sent.out_ptr) + answer.at, answer.reply.data(),
+            std::min<std::size_t>(answer.reply.size(), sent.out_len - answer.at));
     if (!answer.leaves_length) {
         const std::int32_t length = answer.length.value_or(static_cast<std::int32_t>(answer.reply.size()));
         std::memcpy(envelope + 12, &length, 4);
@@ -180,20 +184,6 @@ int answer_ioctl(Device& device, const Sent& sent, char* envelope)
 }
 
 } // namespace
-
-void put(Bytes& bytes, std::size_t offset, std::uint64_t value, std::size_t width)
-{
-    for (std::size_t i = 0; i < width; ++i)
-        bytes.at(offset + i) = static_cast<char>(value >> (8 * i));
-}
-
-std::uint64_t get(const Bytes& bytes, std::size_t offset, std::size_t width)
-{
-    std::uint64_t value = 0;
-    for (std::size_t i = 0; i < width; ++i)
-        value |= static_cast<std::uint64_t>(static_cast<unsigned char>(bytes.at(offset + i))) << (8 * i);
-    return value;
-}
 
 Answer ScriptedDevice::answer(const Sent&)
 {
@@ -298,7 +288,8 @@ void __wrap_free(void* block)
         aside->call.events.push_back("free(of what was not allocated)");
         return;
     }
-    aside->call.freed_content.emplace_back(static_cast<const char*>(block), std::min(facts.size, kept_content));
+    aside->call.freed_content.emplace_back(
+        static_cast<const char*>(block), std::min(facts.size, aside->system.kept_content));
     give_back(block, facts);
 }
 
@@ -362,8 +353,8 @@ int __wrap_ioctl(int descriptor, unsigned long number, ...)
         "ioctl(" + std::to_string(descriptor) + ", " + std::to_string(static_cast<long>(number)) + ")");
     Sent sent = take_apart(aside->descriptors.at(descriptor), number, argument);
     if (sent.out_ptr != 0)
-        sent.room.assign(
-            reinterpret_cast<const char*>(sent.out_ptr), std::min<std::size_t>(sent.out_len, kept_content));
+        sent.room.assign(reinterpret_cast<const char*>(sent.out_ptr),
+            std::min<std::size_t>(sent.out_len, aside->system.kept_content));
     aside->call.sent.push_back(sent);
     return answer_ioctl(aside->device, sent, argument);
 }

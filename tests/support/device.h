@@ -18,10 +18,6 @@ namespace world {
 // Bytes of requests and replies. A std::string prints, compares and slices well.
 using Bytes = std::string;
 
-// Little-endian integers at literal offsets.
-void put(Bytes& bytes, std::size_t offset, std::uint64_t value, std::size_t width);
-std::uint64_t get(const Bytes& bytes, std::size_t offset, std::size_t width);
-
 // What one ioctl carried, taken apart by the envelope's wire offsets.
 struct Sent
 {
@@ -40,6 +36,7 @@ struct Answer
 {
     int error = 0;                         // fails with this errno if it is not 0
     Bytes reply {};                        // written to out_ptr, as far as there is room
+    std::size_t at = 0;                    // where in the room the reply begins
     std::optional<std::int32_t> length {}; // stored in outLen; the reply's size if not given
     bool leaves_length = false;            // outLen stays as it was sent
 };
@@ -91,8 +88,10 @@ struct System
     std::optional<std::string> upgrade_switch {}; // the value of USE_UPGRADE_DEV
     int open_error = 0;
     int close_error = 0;
-    int failing_allocation = 0;  // 1: the first malloc or calloc returns null, and so on
-    bool guarded_blocks = false; // every block ends where an inaccessible page begins
+    int failing_allocation = 0; // 1: the first malloc or calloc returns null, and so on
+    bool guarded_blocks =
+        false; // every block ends where an inaccessible page begins, and begins where a change is seen
+    std::size_t kept_content = 1024 * 1024; // as much of a block or a room is filled, and kept for the test to look at
 };
 
 // A call of the library and everything that it did to its surroundings.

@@ -1,5 +1,5 @@
 // What every single read and every list read must do. A family instantiates SingleReads and ListReads with rows that
-// restate what goes over its wire; the tests are in reads.cpp.
+// restate what goes over its wire; the tests are in reads.cpp and, for replies of every kind, in replies.cpp.
 #pragma once
 
 #include "support/matchers.h"
@@ -78,6 +78,11 @@ struct NameOfRow
 // Where an out pointer pointed before the call.
 inline void* const elsewhere = reinterpret_cast<void*>(0x5a5a);
 
+// The events of one device call.
+std::vector<std::string> device_call(int command);
+
+std::vector<std::string> joined(const std::vector<std::vector<std::string>>& pieces);
+
 class SingleReads : public testing::TestWithParam<SingleRead>
 {
 protected:
@@ -87,6 +92,11 @@ protected:
 
     const std::string reply_buffer = "malloc(" + std::to_string(size) + ")";
     const std::string result = "calloc(1, " + std::to_string(size) + ")";
+
+    std::vector<std::string> rejected_after_the_call() const
+    {
+        return joined({{reply_buffer + " = #1"}, device_call(row.command), {result + " = #2", "free(#2)", "free(#1)"}});
+    }
 
     Call read(Answer answer, const System& system = {})
     {
@@ -116,6 +126,12 @@ protected:
     const std::string holder = "calloc(1, 16)";
     const std::string reply_buffer = "malloc(" + std::to_string(row.room) + ")";
     const std::string array = "calloc(" + std::to_string(row.cap) + ", " + std::to_string(size) + ")";
+
+    std::vector<std::string> rejected_after_the_call() const
+    {
+        return joined({{holder + " = #1", reply_buffer + " = #2"}, device_call(row.command),
+            {array + " = #3", "free(#3)", "free(#1)", "free(#2)"}});
+    }
 
     Call read(Answer answer, const System& system = {})
     {

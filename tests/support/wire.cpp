@@ -1,5 +1,7 @@
 #include "support/wire.h"
 
+#include <algorithm>
+
 namespace world {
 
 namespace {
@@ -18,7 +20,33 @@ void zero(Bytes& bytes, std::size_t offset, std::size_t width)
         bytes[i] = '\0';
 }
 
+std::size_t counted_entries(const Table& table, const Bytes& reply)
+{
+    if (table.count.width == 0)
+        return table.capacity;
+    return std::min<std::size_t>(table.capacity, get(reply, table.count.offset, table.count.width));
+}
+
+bool lies_in(const Range& range, std::size_t offset)
+{
+    return offset - range.offset < range.width;
+}
+
 } // namespace
+
+void put(Bytes& bytes, std::size_t offset, std::uint64_t value, std::size_t width)
+{
+    for (std::size_t i = 0; i < width; ++i)
+        bytes.at(offset + i) = static_cast<char>(value >> (8 * i));
+}
+
+std::uint64_t get(const Bytes& bytes, std::size_t offset, std::size_t width)
+{
+    std::uint64_t value = 0;
+    for (std::size_t i = 0; i < width; ++i)
+        value |= static_cast<std::uint64_t>(static_cast<unsigned char>(bytes.at(offset + i))) << (8 * i);
+    return value;
+}
 
 Record& Record::text(std::size_t offset, std::string_view text)
 {
@@ -40,19 +68,22 @@ Bytes reply_record(const Layout& layout, std::size_t index)
     for (const Table& table : layout.tables)
         if (table.count.width != 0)
             put(bytes, table.count.offset, table.capacity, table.count.width);
+    for (const Pinned& pinned : layout.pinned)
+        put(bytes, pinned.offset, pinned.value, pinned.width);
     return bytes;
 }
 
-Bytes decoded(const Layout& layout, Bytes bytes)
+Bytes decoded(const Layout& layout, const Bytes& reply)
 {
+    Bytes bytes = reply;
+    for (const Repeat& repeat : layout.repeated)
+        bytes.replace(repeat.to, repeat.width, reply, repeat.from, repeat.width);
     for (const Range& text : layout.texts)
         bound_text(bytes, text.offset, text.width);
     for (const Range& range : layout.zeroed)
         zero(bytes, range.offset, range.width);
     for (const Table& table : layout.tables) {
-        std::size_t entries = table.capacity;
-        if (table.count.width != 0)
-            entries = std::min<std::size_t>(entries, get(bytes, table.count.offset, table.count.width));
+        const std::size_t entries = counted_entries(table, reply);
         for (std::size_t i = 0; i < table.capacity; ++i) {
             const std::size_t at = table.offset + i * table.stride;
             if (i >= entries) {
@@ -66,6 +97,40 @@ Bytes decoded(const Layout& layout, Bytes bytes)
         }
     }
     return bytes;
+}
+
+std::vector<Range> reached_from(const Layout& layout, const Bytes& reply, std::size_t offset)
+{
+    for (const Range& text : layout.texts)
+        if (lies_in(text, offset))
+            return {text};
+    for (const Range& range : layout.zeroed)
+        if (lies_in(range, offset))
+            return {};
+    for (const Repeat& repeat : layout.repeated) {
+        if (lies_in({repeat.to, repeat.width}, offset))
+            return {};
+        if (lies_in({repeat.from, repeat.width}, offset))
+            return {{offset, 1}, {offset - repeat.from + repeat.to, 1}};
+    }
+    for (const Table& table : layout.tables) {
+        const Range all {table.offset, table.stride * table.capacity};
+        if (lies_in(table.count, offset))
+            return {{offset, 1}, all};
+        if (!lies_in(all, offset))
+            continue;
+        const std::size_t index = (offset - table.offset) / table.stride;
+        if (index >= counted_entries(table, reply))
+            return {};
+        const std::size_t at = table.offset + index * table.stride;
+        for (const Range& text : table.texts)
+            if (lies_in(text, offset - at))
+                return {{at + text.offset, text.width}};
+        for (const Range& range : table.zeroed)
+            if (lies_in(range, offset - at))
+                return {};
+    }
+    return {{offset, 1}};
 }
 
 } // namespace world

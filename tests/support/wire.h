@@ -5,6 +5,10 @@
 
 namespace world {
 
+// Little-endian integers at literal offsets.
+void put(Bytes& bytes, std::size_t offset, std::uint64_t value, std::size_t width);
+std::uint64_t get(const Bytes& bytes, std::size_t offset, std::size_t width);
+
 // A request record as the module must see it: what is not named is zero.
 class Record
 {
@@ -38,18 +42,41 @@ struct Table
     std::vector<Range> zeroed;
 };
 
+// Bytes that arrive a second time, in the place of others.
+struct Repeat
+{
+    std::size_t from;
+    std::size_t to;
+    std::size_t width;
+};
+
+// A number that makes the record one of this layout.
+struct Pinned
+{
+    std::size_t offset;
+    std::size_t width;
+    std::uint64_t value;
+};
+
 struct Layout
 {
     std::size_t size;
     std::vector<Range> texts {};
     std::vector<Range> zeroed {};
     std::vector<Table> tables {};
+    std::vector<Repeat> repeated {};
+    std::vector<Pinned> pinned {};
 };
 
-// A reply record in which no byte is zero and neighbouring records differ; tables are counted as full.
+// A reply record in which no byte that is not pinned is zero and neighbouring records differ; tables are counted as
+// full.
 Bytes reply_record(const Layout& layout, std::size_t index);
 
 // The caller's record for a reply record.
-Bytes decoded(const Layout& layout, Bytes reply);
+Bytes decoded(const Layout& layout, const Bytes& reply);
+
+// Where in the caller's record a change of one byte of the reply may be seen. A range of one byte must change with it;
+// of a longer range, any part may.
+std::vector<Range> reached_from(const Layout& layout, const Bytes& reply, std::size_t offset);
 
 } // namespace world
