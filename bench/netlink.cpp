@@ -353,7 +353,8 @@ void compare_decoders(benchmark::State& state)
     expect_same_routes(of_lumozeph, of_libmnl, next_hops);
     expect_same_routes(of_libnl, of_libmnl, next_hops);
     for (const Contender& contender : contenders) {
-        state.counters[contender.name + "_routes_per_second"] = static_cast<double>(route_count) / median(contender.times);
+        state.counters[contender.name + "_routes_per_second"] =
+            static_cast<double>(route_count) / median(contender.times);
         std::vector<double> ratios;
         for (std::size_t i = 0; i < contender.times.size(); ++i)
             ratios.push_back(contender.times[i] / contenders[0].times[i]);

@@ -19,7 +19,8 @@ void load(const char* path)
 
 void load_and_unload(benchmark::State& state)
 {
-    bench::compare(state, [] { load(LUMOZEPH_LIBRARY); }, [] { load(LUMOZEPH_EMPTY_LIBRARY); });
+    bench::compare(
+        state, [] { load(LUMOZEPH_LIBRARY); }, [] { load(LUMOZEPH_EMPTY_LIBRARY); });
 }
 BENCHMARK(load_and_unload)->UseManualTime();
 

@@ -64,8 +64,7 @@ std::int32_t read(std::int32_t (*get)(List**), std::int32_t (*release)(List*))
 std::int32_t read_networks()
 {
     return read<LumoBridgeNetworkList>(
-        [](auto** out) { return LUMOZEPH_GetBridgeNetworks(instance, instance, out); },
-        LUMOZEPH_ReleaseBridgeNetworks);
+        [](auto** out) { return LUMOZEPH_GetBridgeNetworks(instance, instance, out); }, LUMOZEPH_ReleaseBridgeNetworks);
 }
 
 std::int32_t read_policies()
@@ -80,8 +79,7 @@ std::int32_t read_policy_tables()
 
 std::int32_t read_routes()
 {
-    return read<LumoRouteList>(
-        [](auto** out) { return LUMOZEPH_GetRoutes(instance, out); }, LUMOZEPH_ReleaseRoutes);
+    return read<LumoRouteList>([](auto** out) { return LUMOZEPH_GetRoutes(instance, out); }, LUMOZEPH_ReleaseRoutes);
 }
 
 constexpr Kind kinds[] = {

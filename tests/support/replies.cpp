@@ -45,6 +45,39 @@ Bytes sparse_record(const Layout& layout, std::size_t index)
     return bytes;
 }
 
+std::vector<Range> texts_of(const Layout& layout)
+{
+    std::vector<Range> texts = layout.texts;
+    for (const Table& table : layout.tables)
+        for (const std::size_t entry : {std::size_t {0}, table.capacity - 1})
+            for (const Range& text : table.texts)
+                texts.push_back({table.offset + entry * table.stride + text.offset, text.width});
+    return texts;
+}
+
+// Reply records of which one text ends early, at every place, and has at most one byte behind its end, at every place.
+// All other texts are empty.
+std::vector<Bytes> records_with_strays(const Layout& layout)
+{
+    Bytes clean = reply_record(layout, 1);
+    for (const Range& text : texts_of(layout))
+        clean.replace(text.offset, text.width, text.width, '\0');
+    std::vector<Bytes> records;
+    for (const Range& text : texts_of(layout)) {
+        Bytes record = clean;
+        for (std::size_t end = 0; end < text.width; ++end) {
+            records.push_back(record);
+            for (std::size_t stray = end + 1; stray < text.width; ++stray) {
+                records.push_back(record);
+                records.back()[text.offset + stray] = 'x';
+            }
+            record[text.offset + end] = 't';
+        }
+        records.push_back(record);
+    }
+    return records;
+}
+
 bool is_pinned(const Layout& layout, std::size_t offset)
 {
     for (const Pinned& pinned : layout.pinned)
@@ -144,6 +177,15 @@ TEST_P(SingleReads, ShowAChangedByteWhereItBelongsAndNowhereElse)
     }
 }
 
+TEST_P(SingleReads, EndTextsWhateverFollows)
+{
+    for (const Bytes& reply : records_with_strays(row.layout)) {
+        ASSERT_THAT(read(replies(reply), unguarded), Succeeds());
+        ASSERT_EQ(record(), decoded(row.layout, reply));
+        release();
+    }
+}
+
 TEST_P(ListReads, DecodeWholeRecordsOfAReplyOfAnyLength)
 {
     const Bytes reply = reply_of(3);
@@ -218,6 +260,21 @@ TEST_P(ListReads, PassCountsOnAndStayInside)
             ASSERT_EQ(get(record(first + i), table.count.offset, table.count.width), counts[i]);
             ASSERT_EQ(record(first + i), decoded(row.layout, answer.reply.substr(i * size, size))) << counts[i];
         }
+        release();
+    }
+}
+
+TEST_P(ListReads, EndTextsWhateverFollows)
+{
+    const std::vector<Bytes> records = records_with_strays(row.layout);
+    for (std::size_t first = 0; first < records.size(); first += row.cap) {
+        const std::size_t count = std::min(row.cap, records.size() - first);
+        Bytes reply;
+        for (std::size_t i = 0; i < count; ++i)
+            reply += records[first + i];
+        ASSERT_THAT(read(replies(reply), guarded), Succeeds());
+        for (std::size_t i = 0; i < count; ++i)
+            ASSERT_EQ(record(i), decoded(row.layout, records[first + i]));
         release();
     }
 }
