@@ -52,6 +52,7 @@ struct Recording
     Call call;
     std::map<void*, Block> blocks;
     int allocations = 0;
+    int opens = 0;
     std::map<int, std::string> descriptors;
 };
 
@@ -321,11 +322,12 @@ int __wrap_open64(const char* path, int flags, ...)
     }
     Aside aside;
     const std::string event = "open64(" + std::string(path) + ", " + std::to_string(flags) + ")";
-    if (aside->system.open_error != 0) {
+    if (aside->system.open_error != 0 && aside->opens == aside->system.opens_before_error) {
         aside->call.events.push_back(event + " = -1");
         errno = aside->system.open_error;
         return -1;
     }
+    ++aside->opens;
     const int descriptor = first_descriptor + static_cast<int>(aside->descriptors.size());
     aside->descriptors[descriptor] = path;
     aside->call.events.push_back(event + " = " + std::to_string(descriptor));

@@ -87,6 +87,7 @@ struct System
 {
     std::optional<std::string> upgrade_switch {}; // the value of USE_UPGRADE_DEV
     int open_error = 0;
+    int opens_before_error = 0; // so many calls of open64 succeed before the one that fails
     int close_error = 0;
     int failing_allocation = 0; // 1: the first malloc or calloc returns null, and so on
     bool guarded_blocks =
