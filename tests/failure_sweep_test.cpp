@@ -1,5 +1,5 @@
-// Every failure of the system around every operation that sends a command: each allocation in turn returns null, the open,
-// the ioctl and the close fail. What is due afterwards is restated here for each operation.
+// Every failure of the system around every operation that sends a command: each allocation in turn returns null, the
+// open, the ioctl and the close fail. What is due afterwards is restated here for each operation.
 #include "support/commands.h"
 #include "support/matchers.h"
 #include "support/wire.h"
@@ -243,7 +243,8 @@ std::vector<Point> points(const Operation& operation)
             all.push_back({"open for " + command + " fails with " + errno_name(error), i, error});
         for (const int error : ioctl_errors) {
             all.push_back({"ioctl " + command + " fails with " + errno_name(error), i, 0, error});
-            all.push_back({"ioctl " + command + " fails with " + errno_name(error) + ", close fails", i, 0, error, EIO});
+            all.push_back(
+                {"ioctl " + command + " fails with " + errno_name(error) + ", close fails", i, 0, error, EIO});
         }
     }
     return all;
@@ -339,8 +340,8 @@ Memory memory_before(std::size_t room)
     std::memset(&caller.result, 0x5a, sizeof caller.result);
     std::memset(&caller.tunables, 0x5a, sizeof caller.tunables);
     std::memset(caller.room.data(), 0x5a, room);
-    return {old_number, bytes_of(caller.bytes), bytes_of(caller.result), bytes_of(caller.tunables),
-        Bytes(room, '\x5a')};
+    return {
+        old_number, bytes_of(caller.bytes), bytes_of(caller.result), bytes_of(caller.tunables), Bytes(room, '\x5a')};
 }
 
 Memory memory_now(std::size_t room)

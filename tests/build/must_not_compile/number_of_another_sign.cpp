@@ -1,0 +1,15 @@
+// A number of the same width and another sign. Diagnosed: no match
+#include "channel/request.h"
+
+constexpr lumo::Number<64, uint32_t> value;
+
+#ifdef WRONG
+using Argument = int32_t;
+#else
+using Argument = uint32_t;
+#endif
+
+lumo::Request request(Argument argument)
+{
+    return lumo::Request(value(argument));
+}
