@@ -1,6 +1,17 @@
 #include "support/commands.h"
 #include "support/matchers.h"
 
+#include <set>
+
+namespace world {
+
+void PrintTo(const CommandRow& row, std::ostream* stream)
+{
+    *stream << row.function << " with " << row.command;
+}
+
+} // namespace world
+
 using namespace world;
 
 namespace {
@@ -28,8 +39,8 @@ TEST_P(CommandTable, HasTheNumberAndTheLengthsOfEachCall)
     EXPECT_EQ(sent.out_ptr == 0, row.out_len == 0);
 }
 
-INSTANTIATE_TEST_SUITE_P(Rows, CommandTable, testing::ValuesIn(command_rows),
-    [](const auto& row) { return row.param.function + "_" + std::to_string(row.param.command); });
+INSTANTIATE_TEST_SUITE_P(Rows, CommandTable, testing::ValuesIn(command_rows.begin(), command_rows.end()),
+    [](const auto& row) { return std::string(row.param.function) + "_" + std::to_string(row.param.command); });
 
 TEST(Commands, AreSentBy154Of180Functions)
 {
@@ -38,7 +49,7 @@ TEST(Commands, AreSentBy154Of180Functions)
         senders.insert(row.function);
     EXPECT_EQ(senders.size(), 154u);
     EXPECT_EQ(silent_functions.size(), 26u);
-    for (const std::string& function : silent_functions)
+    for (const char* function : silent_functions)
         EXPECT_EQ(senders.count(function), 0u) << function;
 }
 
@@ -47,7 +58,7 @@ TEST(Commands, OfTheGapsAreSentByNoFunctionButTheOneThatTakesANumber)
     const std::set<int> gaps {68, 69, 70, 71, 76, 77, 78, 79, 81, 82, 83, 84, 105, 150};
     std::set<int> sent;
     for (const CommandRow& row : command_rows)
-        if (row.function != "LUMOZEPH_BridgeSetConfig")
+        if (std::string_view(row.function) != "LUMOZEPH_BridgeSetConfig")
             sent.insert(row.command);
     for (int command = 0; command <= 160; ++command)
         EXPECT_NE(sent.count(command), gaps.count(command)) << command;

@@ -5,6 +5,7 @@
 #include "support/wire.h"
 
 #include <map>
+#include <set>
 
 using namespace world;
 
@@ -339,7 +340,7 @@ Memory memory_before(std::size_t room)
     std::memset(caller.bytes, 0x5a, sizeof caller.bytes);
     std::memset(&caller.result, 0x5a, sizeof caller.result);
     std::memset(&caller.tunables, 0x5a, sizeof caller.tunables);
-    std::memset(caller.room.data(), 0x5a, room);
+    std::memset(caller.room, 0x5a, room);
     return {
         old_number, bytes_of(caller.bytes), bytes_of(caller.result), bytes_of(caller.tunables), Bytes(room, '\x5a')};
 }
@@ -347,7 +348,7 @@ Memory memory_before(std::size_t room)
 Memory memory_now(std::size_t room)
 {
     return {caller.number, bytes_of(caller.bytes), bytes_of(caller.result), bytes_of(caller.tunables),
-        caller.room.substr(0, room)};
+        Bytes(caller.room, room)};
 }
 
 // Kept: what these operations write although they fail. A result area is zeroed in any case.
@@ -356,9 +357,9 @@ void write_what_is_due(const CommandRow& row, const Operation& operation, std::s
     if (row.out_len == 88)
         memory.result = Bytes(88, '\0');
     const bool device_failed = operation.steps[failing_step].allocation.empty();
-    if (row.function == "LUMOZEPH_SoftRSSGetTunables" && device_failed)
+    if (std::string_view(row.function) == "LUMOZEPH_SoftRSSGetTunables" && device_failed)
         memory.tunables = Bytes(12, '\xa5'); // what a fresh block holds here
-    if (row.function == "LUMOZEPH_GetRoutesv6" && device_failed && failing_step > 0)
+    if (std::string_view(row.function) == "LUMOZEPH_GetRoutesv6" && device_failed && failing_step > 0)
         memory.number = 8000;
 }
 
@@ -426,7 +427,7 @@ std::vector<CommandRow> rows_to_sweep()
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, FailureSweep, testing::ValuesIn(rows_to_sweep()),
-    [](const auto& row) { return row.param.function + "_" + std::to_string(row.param.command); });
+    [](const auto& row) { return std::string(row.param.function) + "_" + std::to_string(row.param.command); });
 
 TEST(FailureSweeps, CoverEveryOperation)
 {

@@ -1,13 +1,28 @@
 #include "support/commands.h"
 
-#include "support/reads.h"
+#include <cstdlib>
 
 namespace world {
 
 Caller caller;
 
+namespace {
+
+// The functions of the header, with their typed pointers put aside.
+template <class Type>
+Type** as(void** out)
+{
+    return reinterpret_cast<Type**>(out);
+}
+
+template <class List>
+List* holder()
+{
+    return static_cast<List*>(calloc(1, sizeof(List)));
+}
+
 // clang-format off
-const std::vector<CommandRow> command_rows {
+constexpr CommandRow rows[] {
     {0, "LUMOZEPH_GetInstances", 776, 256000, [] { return LUMOZEPH_GetInstances(as<LumoInstanceList>(&caller.out)); }},
     {1, "LUMOZEPH_GetInstance", 776, 256, [] { return LUMOZEPH_GetInstance("text", as<LumoInstanceInfo>(&caller.out)); }},
     {2, "LUMOZEPH_SetLumoInstance", 776, 0, [] { return LUMOZEPH_SetLumoInstance("text", 1, "text", 1); }},
@@ -25,8 +40,8 @@ const std::vector<CommandRow> command_rows {
     {14, "LUMOZEPH_SetStatsLevel", 4, 0, [] { return LUMOZEPH_SetStatsLevel(1); }},
     {15, "LUMOZEPH_PlumbLumoConnection", 776, 0, [] { return LUMOZEPH_PlumbLumoConnection("text", "text", 1, "text", "text", "text"); }},
     {16, "LUMOZEPH_UnPlumbLumoConnection", 776, 0, [] { return LUMOZEPH_UnPlumbLumoConnection("text"); }},
-    {17, "LUMOZEPH_GetConnections", 776, 131072, [] { return LUMOZEPH_GetConnections(caller.room.data()); }},
-    {18, "LUMOZEPH_GetConnection", 776, 152, [] { return LUMOZEPH_GetConnection("text", caller.room.data()); }},
+    {17, "LUMOZEPH_GetConnections", 776, 131072, [] { return LUMOZEPH_GetConnections(caller.room); }},
+    {18, "LUMOZEPH_GetConnection", 776, 152, [] { return LUMOZEPH_GetConnection("text", caller.room); }},
     {19, "LUMOZEPH_SetLif", 776, 0, [] { return LUMOZEPH_SetLif("text", "text", 1, 1, 1, 1, 1, 1, "text", caller.bytes); }},
     {20, "LUMOZEPH_DelLif", 776, 0, [] { return LUMOZEPH_DelLif("text", "text", "text"); }},
     {21, "LUMOZEPH_GetLifs", 776, 5760000, [] { return LUMOZEPH_GetLifs("text", as<LumoLifList>(&caller.out)); }},
@@ -51,8 +66,8 @@ const std::vector<CommandRow> command_rows {
     {38, "LUMOZEPH_SetProxyArp", 776, 0, [] { return LUMOZEPH_SetProxyArp(1, "text", "text"); }},
     {39, "LUMOZEPH_DelArp", 776, 0, [] { return LUMOZEPH_DelArp(1, "text", "text"); }},
     {39, "LUMOZEPH_DelProxyArp", 776, 0, [] { return LUMOZEPH_DelProxyArp(1, "text", "text"); }},
-    {40, "LUMOZEPH_GetArps", 776, 7471104, [] { return LUMOZEPH_GetArps("text", "text", caller.room.data()); }},
-    {40, "LUMOZEPH_GetProxyArps", 776, 7471104, [] { return LUMOZEPH_GetProxyArps("text", "text", caller.room.data()); }},
+    {40, "LUMOZEPH_GetArps", 776, 7471104, [] { return LUMOZEPH_GetArps("text", "text", caller.room); }},
+    {40, "LUMOZEPH_GetProxyArps", 776, 7471104, [] { return LUMOZEPH_GetProxyArps("text", "text", caller.room); }},
     {41, "LUMOZEPH_ClearArp", 776, 0, [] { return LUMOZEPH_ClearArp("text", "text"); }},
     {42, "LUMOZEPH_PreUnload", 0, 0, [] { return LUMOZEPH_PreUnload(); }},
     {43, "LUMOZEPH_GetLumoDiStats", 776, 804, [] { return LUMOZEPH_GetLumoDiStats(as<LumoStats>(&caller.out)); }},
@@ -62,9 +77,9 @@ const std::vector<CommandRow> command_rows {
     {47, "LUMOZEPH_FlushBridgeEndpoint", 776, 0, [] { return LUMOZEPH_FlushBridgeEndpoint(1); }},
     {48, "LUMOZEPH_FlushBridgeEndpoint", 776, 0, [] { return LUMOZEPH_FlushBridgeEndpoint(0); }},
     {49, "LUMOZEPH_SetBridgeRepMode", 776, 0, [] { return LUMOZEPH_SetBridgeRepMode("text", 1); }},
-    {50, "LUMOZEPH_GetBeStats", 776, 146, [] { return LUMOZEPH_GetBeStats("text", caller.room.data()); }},
-    {51, "LUMOZEPH_GetBeStatus", 776, 229, [] { return LUMOZEPH_GetBeStatus("text", caller.room.data()); }},
-    {52, "LUMOZEPH_GetBeAll", 776, 4711, [] { return LUMOZEPH_GetBeAll(caller.room.data(), 4711, &caller.number); }},
+    {50, "LUMOZEPH_GetBeStats", 776, 146, [] { return LUMOZEPH_GetBeStats("text", caller.room); }},
+    {51, "LUMOZEPH_GetBeStatus", 776, 229, [] { return LUMOZEPH_GetBeStatus("text", caller.room); }},
+    {52, "LUMOZEPH_GetBeAll", 776, 4711, [] { return LUMOZEPH_GetBeAll(caller.room, 4711, &caller.number); }},
     {53, "LUMOZEPH_BridgeAdd", 776, 0, [] { return LUMOZEPH_BridgeAdd("text", 1); }},
     {54, "LUMOZEPH_BridgeDel", 776, 0, [] { return LUMOZEPH_BridgeDel("text", 1); }},
     {55, "LUMOZEPH_BridgeEnable", 776, 0, [] { return LUMOZEPH_BridgeEnable("text", 1); }},
@@ -73,44 +88,44 @@ const std::vector<CommandRow> command_rows {
     {58, "LUMOZEPH_SetBridgeLif", 776, 0, [] { return LUMOZEPH_SetBridgeLif("text", "text", 1, 1, 1, "text", 0); }},
     {59, "LUMOZEPH_GetBridgeLifs", 776, 5760000, [] { return LUMOZEPH_GetBridgeLifs("text", as<LumoLifList>(&caller.out)); }},
     {60, "LUMOZEPH_GetBridgeLif", 776, 576, [] { return LUMOZEPH_GetBridgeLif("text", "text", as<LumoLifInfo>(&caller.out)); }},
-    {61, "LUMOZEPHGetBridgeInstances", 776, 1609728, [] { return LUMOZEPHGetBridgeInstances(static_cast<LumoBridgeInstanceList*>(calloc(1, 16))); }},
+    {61, "LUMOZEPHGetBridgeInstances", 776, 1609728, [] { return LUMOZEPHGetBridgeInstances(holder<LumoBridgeInstanceList>()); }},
     {61, "LUMOZEPH_GetBridgeInstances", 776, 1609728, [] { return LUMOZEPH_GetBridgeInstances(as<LumoBridgeInstanceList>(&caller.out)); }},
     {62, "LUMOZEPH_GetBridgeInstance", 776, 393, [] { return LUMOZEPH_GetBridgeInstance("text", as<LumoBridgeInstanceInfo>(&caller.out)); }},
-    {63, "LUMOZEPHGetBridgeNetworks", 776, 4358144, [] { return LUMOZEPHGetBridgeNetworks("text", "text", static_cast<LumoBridgeNetworkList*>(calloc(1, 16))); }},
+    {63, "LUMOZEPHGetBridgeNetworks", 776, 4358144, [] { return LUMOZEPHGetBridgeNetworks("text", "text", holder<LumoBridgeNetworkList>()); }},
     {63, "LUMOZEPH_GetBridgeNetworks", 776, 4358144, [] { return LUMOZEPH_GetBridgeNetworks("text", "text", as<LumoBridgeNetworkList>(&caller.out)); }},
-    {64, "LUMOZEPHGetBridgePorts", 776, 4784128, [] { return LUMOZEPHGetBridgePorts("text", "text", 1, 1, static_cast<LumoBridgePortList*>(calloc(1, 16))); }},
+    {64, "LUMOZEPHGetBridgePorts", 776, 4784128, [] { return LUMOZEPHGetBridgePorts("text", "text", 1, 1, holder<LumoBridgePortList>()); }},
     {64, "LUMOZEPH_GetBridgePorts", 776, 4784128, [] { return LUMOZEPH_GetBridgePorts("text", "text", 1, 1, as<LumoBridgePortList>(&caller.out)); }},
-    {65, "LUMOZEPHGetBridgeFdbEntries", 776, 81920, [] { return LUMOZEPHGetBridgeFdbEntries("text", 1, 1, static_cast<LumoBridgeFdbList*>(calloc(1, 16))); }},
+    {65, "LUMOZEPHGetBridgeFdbEntries", 776, 81920, [] { return LUMOZEPHGetBridgeFdbEntries("text", 1, 1, holder<LumoBridgeFdbList>()); }},
     {65, "LUMOZEPH_GetBridgeFdbEntries", 776, 81920, [] { return LUMOZEPH_GetBridgeFdbEntries("text", 1, 1, as<LumoBridgeFdbList>(&caller.out)); }},
     {66, "LUMOZEPH_BridgeSetFdbEntry", 776, 0, [] { return LUMOZEPH_BridgeSetFdbEntry("text", "text", 1, 1, 1, 1); }},
     {67, "LUMOZEPH_BridgeClearFdbTable", 776, 0, [] { return LUMOZEPH_BridgeClearFdbTable("text", 1, 1); }},
-    {72, "LUMOZEPH_DumpFLTable", 776, 426080, [] { return LUMOZEPH_DumpFLTable(1, caller.room.data()); }},
-    {73, "LUMOZEPH_GetPmac", 776, 131072, [] { return LUMOZEPH_GetPmac(caller.room.data()); }},
+    {72, "LUMOZEPH_DumpFLTable", 776, 426080, [] { return LUMOZEPH_DumpFLTable(1, caller.room); }},
+    {73, "LUMOZEPH_GetPmac", 776, 131072, [] { return LUMOZEPH_GetPmac(caller.room); }},
     {74, "LUMOZEPH_AddPmac", 776, 0, [] { return LUMOZEPH_AddPmac(1, caller.bytes); }},
     {75, "LUMOZEPH_DelPmac", 776, 0, [] { return LUMOZEPH_DelPmac(caller.bytes); }},
     {80, "LUMOZEPH_GenericFlush", 776, 0, [] { return LUMOZEPH_GenericFlush(1, 1, 1, 1, "text", 1); }},
     {85, "LUMOZEPH_LUMODevCheckConnDeletion", 0, 4, [] { return LUMOZEPH_LUMODevCheckConnDeletion(&caller.number); }},
-    {86, "LUMOZEPH_GetLocaleId", 776, 16, [] { return LUMOZEPH_GetLocaleId(caller.room.data()); }},
+    {86, "LUMOZEPH_GetLocaleId", 776, 16, [] { return LUMOZEPH_GetLocaleId(caller.room); }},
     {87, "LUMOZEPH_GetLumoInstanceCPSyncState", 776, 1420, [] { return LUMOZEPH_GetLumoInstanceCPSyncState("text", as<LumoCPSyncState>(&caller.out)); }},
     {88, "LUMOZEPH_SetLumoInstanceCPSyncState", 776, 0, [] { return LUMOZEPH_SetLumoInstanceCPSyncState("text", 1); }},
-    {89, "LUMOZEPHGetBridgeClusters", 776, 1830, [] { return LUMOZEPHGetBridgeClusters("text", static_cast<LumoBridgeClusterList*>(calloc(1, 16))); }},
+    {89, "LUMOZEPHGetBridgeClusters", 776, 1830, [] { return LUMOZEPHGetBridgeClusters("text", holder<LumoBridgeClusterList>()); }},
     {89, "LUMOZEPH_GetBridgeClusters", 776, 1830, [] { return LUMOZEPH_GetBridgeClusters("text", as<LumoBridgeClusterList>(&caller.out)); }},
     {90, "LUMOZEPH_BridgeClusterSet", 776, 0, [] { return LUMOZEPH_BridgeClusterSet("text", 1); }},
     {91, "LUMOZEPH_BridgeClusterSet", 776, 0, [] { return LUMOZEPH_BridgeClusterSet("text", 0); }},
-    {92, "LUMOZEPHGetBridgeClusterNodes", 776, 7100, [] { return LUMOZEPHGetBridgeClusterNodes("text", static_cast<LumoBridgeClusterNodeList*>(calloc(1, 16))); }},
+    {92, "LUMOZEPHGetBridgeClusterNodes", 776, 7100, [] { return LUMOZEPHGetBridgeClusterNodes("text", holder<LumoBridgeClusterNodeList>()); }},
     {92, "LUMOZEPH_GetBridgeClusterNodes", 776, 7100, [] { return LUMOZEPH_GetBridgeClusterNodes("text", as<LumoBridgeClusterNodeList>(&caller.out)); }},
     {93, "LUMOZEPH_BridgeClusterNodeSet", 776, 0, [] { return LUMOZEPH_BridgeClusterNodeSet("text", "text", caller.bytes, 1); }},
     {94, "LUMOZEPH_BridgeClusterNodeSet", 776, 0, [] { return LUMOZEPH_BridgeClusterNodeSet("text", "text", caller.bytes, 0); }},
-    {95, "LUMOZEPHGetBridgeEndpoints", 776, 6737920, [] { return LUMOZEPHGetBridgeEndpoints("text", static_cast<LumoBridgeEndpointList*>(calloc(1, 16))); }},
+    {95, "LUMOZEPHGetBridgeEndpoints", 776, 6737920, [] { return LUMOZEPHGetBridgeEndpoints("text", holder<LumoBridgeEndpointList>()); }},
     {95, "LUMOZEPH_GetBridgeEndpoints", 776, 6737920, [] { return LUMOZEPH_GetBridgeEndpoints("text", as<LumoBridgeEndpointList>(&caller.out)); }},
-    {96, "LUMOZEPHGetBridgeBFDSessions", 776, 111820800, [] { return LUMOZEPHGetBridgeBFDSessions("text", static_cast<LumoBridgeBfdSessionList*>(calloc(1, 16))); }},
+    {96, "LUMOZEPHGetBridgeBFDSessions", 776, 111820800, [] { return LUMOZEPHGetBridgeBFDSessions("text", holder<LumoBridgeBfdSessionList>()); }},
     {96, "LUMOZEPH_GetBridgeBFDSessions", 776, 111820800, [] { return LUMOZEPH_GetBridgeBFDSessions("text", as<LumoBridgeBfdSessionList>(&caller.out)); }},
     {97, "LUMOZEPH_PlumbBFDPortConnection", 776, 0, [] { return LUMOZEPH_PlumbBFDPortConnection("text", "text", caller.bytes); }},
     {98, "LUMOZEPH_UnPlumbBFDPortConnection", 776, 0, [] { return LUMOZEPH_UnPlumbBFDPortConnection("text"); }},
-    {99, "LUMOZEPH_GetBFDPortConnections", 776, 131072, [] { return LUMOZEPH_GetBFDPortConnections(caller.room.data()); }},
+    {99, "LUMOZEPH_GetBFDPortConnections", 776, 131072, [] { return LUMOZEPH_GetBFDPortConnections(caller.room); }},
     {100, "LUMOZEPH_BridgeLocalTransportNodeSet", 776, 0, [] { return LUMOZEPH_BridgeLocalTransportNodeSet("text", "text", "text", 1, caller.bytes, 1); }},
     {101, "LUMOZEPH_BridgeLocalTransportNodeSet", 776, 0, [] { return LUMOZEPH_BridgeLocalTransportNodeSet("text", "text", "text", 1, caller.bytes, 0); }},
-    {102, "LUMOZEPH_BridgeGetLocalTransportNode", 776, 2048, [] { return LUMOZEPH_BridgeGetLocalTransportNode(caller.room.data(), 1); }},
+    {102, "LUMOZEPH_BridgeGetLocalTransportNode", 776, 2048, [] { return LUMOZEPH_BridgeGetLocalTransportNode(caller.room, 1); }},
     {103, "LUMOZEPH_FlushBridgeCluster", 776, 0, [] { return LUMOZEPH_FlushBridgeCluster("text", 1); }},
     {104, "LUMOZEPH_FlushBridgeCluster", 776, 0, [] { return LUMOZEPH_FlushBridgeCluster("text", 0); }},
     {106, "LUMOZEPH_BridgeClusterBfdHAProfileSet", 776, 0, [] { return LUMOZEPH_BridgeClusterBfdHAProfileSet("text", 1, 1, 1); }},
@@ -125,7 +140,7 @@ const std::vector<CommandRow> command_rows {
     {113, "LUMOZEPH_DelProxyArpv6", 776, 0, [] { return LUMOZEPH_DelProxyArpv6(1, 1, "text", "text"); }},
     {114, "LUMOZEPH_GetRoutesv6", 776, 6208000, [] { return LUMOZEPH_GetRoutesv6("text", &caller.out, &caller.number); }},
     {115, "LUMOZEPH_GetRoutesv6", 776, 4, [] { return LUMOZEPH_GetRoutesv6("text", &caller.out, &caller.number); }},
-    {116, "LUMOZEPH_GetArpsv6", 776, 7471104, [] { return LUMOZEPH_GetArpsv6("text", "text", caller.room.data()); }},
+    {116, "LUMOZEPH_GetArpsv6", 776, 7471104, [] { return LUMOZEPH_GetArpsv6("text", "text", caller.room); }},
     {117, "LUMOZEPH_ClearArpv6", 776, 0, [] { return LUMOZEPH_ClearArpv6("text", "text"); }},
     {118, "LUMOZEPH_BridgeSetHAAdminState", 776, 0, [] { return LUMOZEPH_BridgeSetHAAdminState("text", 1); }},
     {119, "LUMOZEPH_GetPolicy", 776, 28000, [] { return LUMOZEPH_GetPolicy(1, as<LumoPolicyList>(&caller.out)); }},
@@ -173,7 +188,7 @@ const std::vector<CommandRow> command_rows {
 };
 
 // The functions that send nothing.
-const std::set<std::string> silent_functions {
+constexpr const char* silent[] {
     "LUMOZEPHIoctl",
     "LUMOZEPHGetUuidOrName",
     "LUMOZEPH_ReleaseInstance",
@@ -202,5 +217,10 @@ const std::set<std::string> silent_functions {
     "LUMOZEPH_ReleaseMRoutingMcastGroups",
 };
 // clang-format on
+
+} // namespace
+
+constinit const std::span<const CommandRow> command_rows = rows;
+constinit const std::span<const char* const> silent_functions = silent;
 
 } // namespace world

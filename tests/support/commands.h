@@ -1,11 +1,13 @@
-// Every command in order: what sends it, how much input it takes and how much room its reply has.
+// Every command in order: what sends it, how much input it takes and how much room its reply has. Nothing here needs
+// the C++ run-time library, so that a program without it can use the table, too.
 #pragma once
 
 #include "lumozeph.h"
-#include "support/device.h"
 
-#include <ostream>
-#include <set>
+#include <cstddef>
+#include <cstdint>
+#include <iosfwd>
+#include <span>
 
 namespace world {
 
@@ -15,7 +17,7 @@ struct Caller
     void* out = nullptr;
     std::uint32_t number = 0;
     std::uint8_t bytes[128] {};
-    Bytes room = Bytes(7471104, '\0');
+    char room[7471104] {};
     LumoCmdResult result {};
     LumoRssTunables tunables {};
     LumoRssIndTable table {};
@@ -27,20 +29,18 @@ extern Caller caller;
 struct CommandRow
 {
     int command;
-    std::string function;
+    const char* function;
     std::uint32_t in_len;
     std::uint32_t out_len;
     std::int32_t (*call)();
 };
 
-inline void PrintTo(const CommandRow& row, std::ostream* stream)
-{
-    *stream << row.function << " with " << row.command;
-}
+// Only for test programs, which have it from command_table_test.cpp.
+void PrintTo(const CommandRow& row, std::ostream* stream);
 
-extern const std::vector<CommandRow> command_rows;
+extern const std::span<const CommandRow> command_rows;
 
 // The functions that send nothing.
-extern const std::set<std::string> silent_functions;
+extern const std::span<const char* const> silent_functions;
 
 } // namespace world

@@ -19,8 +19,8 @@ struct Sample
 #pragma pack(pop)
 
 template <>
-inline constexpr auto lumo::layout<Entry> =
-    lumo::describe<Entry>(lumo::text(0, AT(Entry, name)), lumo::copy(8, AT(Entry, value)));
+inline constexpr auto lumo::layout<Entry> = lumo::describe<Entry>(
+    lumo::text(0, AT(Entry, name)), lumo::copy(8, AT(Entry, value)));
 
 template <>
 inline constexpr auto lumo::layout<Sample> = lumo::describe<Sample>(

@@ -1,0 +1,11 @@
+include(GoogleTest)
+
+# Every test in a process of its own; all in one where a process starts slowly, which is when it is instrumented.
+function(lumozeph_add_tests program prefix timeout)
+  if(LUMOZEPH_INSTRUMENTED)
+    add_test(NAME ${prefix}${program} COMMAND ${program} --gtest_brief=1)
+    set_tests_properties(${prefix}${program} PROPERTIES TIMEOUT 600)
+  else()
+    gtest_discover_tests(${program} TEST_PREFIX "${prefix}" PROPERTIES TIMEOUT ${timeout} DISCOVERY_TIMEOUT 60)
+  endif()
+endfunction()
