@@ -138,6 +138,7 @@ std::array<std::byte, 6> parse_mac(const std::string& text)
 {
     std::array<unsigned, 6> digits {};
     std::array<std::byte, 6> mac {};
+    // NOLINTNEXTLINE(cert-err34-c): two digits at a time do not overflow
     if (std::sscanf(text.c_str(), "%2x:%2x:%2x:%2x:%2x:%2x", &digits[0], &digits[1], &digits[2], &digits[3], &digits[4],
             &digits[5]) == 6)
         std::transform(digits.begin(), digits.end(), mac.begin(), [](unsigned digit) { return std::byte(digit); });

@@ -104,6 +104,7 @@ int check()
 
 } // namespace
 
+// NOLINTNEXTLINE(bugprone-exception-escape): what is thrown up to here ends the program, as it should
 int main(int argc, char** argv)
 {
     // What follows the first "--" is the program's, to the letter.

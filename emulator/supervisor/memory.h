@@ -55,6 +55,7 @@ public:
     }
 
 private:
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): an address in another process
     static void* at(std::uint64_t address) { return reinterpret_cast<void*>(address); }
 
     pid_t process_;

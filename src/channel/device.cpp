@@ -16,6 +16,7 @@ constexpr char upgrade_switch[] = "USE_UPGRADE_DEV";
 
 int32_t LUMOZEPHIoctl(int32_t command, LumoEnvelope* envelope)
 {
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): safe as long as the program does not change its environment meanwhile
     const char* path = getenv(upgrade_switch) != nullptr ? upgrade_device : normal_device;
     const int device = open64(path, O_RDWR);
     if (device < 0)

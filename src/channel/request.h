@@ -53,9 +53,13 @@ using Text = CopiedField<Offset, Width, const char*, copy_bounded>;
 template <std::size_t Offset, std::size_t Width>
 using RawText = CopiedField<Offset, Width, const char*, copy_unterminated>;
 
+inline void copy_bytes(char* field, const void* bytes, std::size_t width)
+{
+    std::memcpy(field, bytes, width);
+}
+
 template <std::size_t Offset, std::size_t Width>
-using Bytes = CopiedField<Offset, Width, const void*,
-    [](char* to, const void* from, std::size_t width) { std::memcpy(to, from, width); }>;
+using Bytes = CopiedField<Offset, Width, const void*, copy_bytes>;
 
 // An integer in host byte order. The argument has the field's own type: what is to be cut or extended is cast by the
 // operation, where it can be seen.

@@ -46,7 +46,7 @@ int32_t LUMOZEPH_GetMRoutingRemoteRcvrs(const char* instance, uint32_t value, Lu
         return fail(ENOMEM);
     const int32_t result = fill_table(reply, *table);
     if (result != 0) {
-        LUMOZEPH_ReleaseVTEPTable(table);
+        release_list(table);
         *out = nullptr;
     }
     return result;

@@ -28,10 +28,11 @@ int32_t LUMOZEPH_SoftRSSGetStats(const char* target, LumoRssStats** out)
         return -1;
 
     // Kept: neither is the block cleared nor the reported length looked at.
-    char* block = static_cast<char*>(malloc(sizeof(LumoRssStats)));
-    *out = reinterpret_cast<LumoRssStats*>(block);
-    if (block == nullptr)
+    LumoRssStats* stats = static_cast<LumoRssStats*>(malloc(sizeof(LumoRssStats)));
+    *out = stats;
+    if (stats == nullptr)
         return fail(ENOMEM);
+    char* block = reinterpret_cast<char*>(stats);
     uint32_t count;
     std::memcpy(&count, reply.bytes() + offsetof(LumoRssStats, rssEntryCount), sizeof count);
     // Kept: the count is passed on as it is and may exceed the arrays, whose entries then run into what follows them.
