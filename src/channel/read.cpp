@@ -2,6 +2,27 @@
 
 namespace lumo {
 
+int32_t count_records(const ReplyBuffer& reply, const ListShape& shape, int32_t size, int32_t& count)
+{
+    const int32_t length = std::max(reply.length(), 0);
+    int32_t whole = length / size;
+    int32_t tail = length % size;
+    if (whole >= shape.cap) {
+        whole = shape.cap;
+        tail = 0;
+    }
+    if (tail > 0 && shape.fragment == Fragment::Rejected)
+        return fail(EBADMSG);
+    count = tail > 0 ? whole + 1 : whole;
+    return 0;
+}
+
+void give_up(const ListShape& shape, void* list)
+{
+    if (shape.on_device_error == Holder::Freed)
+        release(list);
+}
+
 [[gnu::flatten]] int32_t send_value(Command command, uint32_t value)
 {
     return send(command, Input {&value, sizeof value});

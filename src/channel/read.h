@@ -102,24 +102,22 @@ struct ListShape
 template <class List>
 using RecordOf = std::remove_pointer_t<decltype(List::records)>;
 
-// Decodes the reply into list->records, which has room for the cap, and counts. Stops at the cap; what the module
-// reported beyond it is not looked at.
+// Counts the records of the reply, each of so many bytes. Stops at the cap; what the module reported beyond it is not
+// looked at.
+int32_t count_records(const ReplyBuffer& reply, const ListShape& shape, int32_t size, int32_t& count);
+
+// What is due to the holder of a list whose device call has failed.
+void give_up(const ListShape& shape, void* list);
+
+// Decodes the reply into list->records, which has room for the cap, and counts.
 template <class List>
 int32_t decode_list(const ReplyBuffer& reply, const ListShape& shape, List* list)
 {
     using Record = RecordOf<List>;
     constexpr int32_t size = sizeof(Record);
 
-    const int32_t length = std::max(reply.length(), 0);
-    int32_t whole = length / size;
-    int32_t tail = length % size;
-    if (whole >= shape.cap) {
-        whole = shape.cap;
-        tail = 0;
-    }
-    if (tail > 0 && shape.fragment == Fragment::Rejected)
-        return fail(EBADMSG);
-    list->count = tail > 0 ? whole + 1 : whole;
+    if (count_records(reply, shape, size, list->count) != 0)
+        return -1;
 
     char* to = reinterpret_cast<char*>(list->records);
     const char* from = reply.bytes();
@@ -145,8 +143,7 @@ int32_t fill_list(Command command, const Request& request, const ListShape& shap
         return fail(ENOMEM);
     }
     if (reply.receive(command, request) != 0) {
-        if (shape.on_device_error == Holder::Freed)
-            release(list);
+        give_up(shape, list);
         return -1;
     }
 
