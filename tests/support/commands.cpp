@@ -4,7 +4,7 @@
 
 namespace world {
 
-Caller caller;
+thread_local Caller caller;
 
 namespace {
 
@@ -18,7 +18,8 @@ Type** as(void** out)
 template <class List>
 List* holder()
 {
-    return static_cast<List*>(calloc(1, sizeof(List)));
+    caller.held = calloc(1, sizeof(List));
+    return static_cast<List*>(caller.held);
 }
 
 // clang-format off

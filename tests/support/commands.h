@@ -15,6 +15,7 @@ namespace world {
 struct Caller
 {
     void* out = nullptr;
+    void* held = nullptr; // a holder that the caller has allocated
     std::uint32_t number = 0;
     std::uint8_t bytes[128] {};
     char room[7471104] {};
@@ -24,7 +25,7 @@ struct Caller
     LumoPolicyTableRefEntry entry {};
 };
 
-extern Caller caller;
+extern thread_local Caller caller;
 
 struct CommandRow
 {
