@@ -4,23 +4,23 @@
 #pragma pack(push, 1)
 struct Entry
 {
-    char name[8];
+    char name[32];
     uint16_t value;
 };
 struct Sample
 {
     uint32_t count;
 #ifdef WRONG
-    char entries[39];
+    char entries[69];
 #else
-    char entries[40];
+    char entries[68];
 #endif
 };
 #pragma pack(pop)
 
 template <>
 inline constexpr auto lumo::layout<Entry> = lumo::describe<Entry>(
-    lumo::text(0, AT(Entry, name)), lumo::copy(8, AT(Entry, value)));
+    lumo::text(0, AT(Entry, name)), lumo::copy(32, AT(Entry, value)));
 
 template <>
 inline constexpr auto lumo::layout<Sample> = lumo::describe<Sample>(
