@@ -76,7 +76,8 @@ TEST(Threads, CallEverythingAtOnce)
     pthread_t threads[count];
     for (std::size_t i = 0; i < count; ++i) {
         starts[i] = {i * command_rows.size() / count, &failures};
-        ASSERT_EQ(pthread_create(&threads[i], &attributes,
+        ASSERT_EQ(pthread_create(
+                      &threads[i], &attributes,
                       [](void* start) -> void* {
                           const Start& at = *static_cast<Start*>(start);
                           call_everything(at.first, *at.failures);
