@@ -49,7 +49,7 @@ struct Rule
 void wire_offset_is_not_that_of_the_member();
 void rules_do_not_tile_the_record();
 
-consteval Rule rule_at(Move move, std::size_t offset, Member member)
+constexpr Rule rule_at(Move move, std::size_t offset, Member member)
 {
     if (offset != member.offset)
         wire_offset_is_not_that_of_the_member();
@@ -109,7 +109,7 @@ consteval Layout<sizeof...(Rules)> describe(Rules... rules)
 // A gap so narrow is cheaper to copy along and to clear afterwards than to copy around.
 inline constexpr std::size_t narrow_gap = 16;
 
-consteval bool is_wide_gap(const Rule& rule)
+constexpr bool is_wide_gap(const Rule& rule)
 {
     return rule.move == Move::Skip && rule.width > narrow_gap;
 }
