@@ -1,8 +1,8 @@
 include(GoogleTest)
 
-# Every test in a process of its own; all in one where a process starts slowly, which is when it is instrumented.
+# Every test in a process of its own; all in one where a process starts slowly, because it is instrumented or emulated.
 function(lumozeph_add_tests program prefix timeout)
-  if(LUMOZEPH_INSTRUMENTED)
+  if(LUMOZEPH_INSTRUMENTED OR CMAKE_CROSSCOMPILING)
     add_test(NAME ${prefix}${program} COMMAND ${program} --gtest_brief=1)
     set_tests_properties(${prefix}${program} PROPERTIES TIMEOUT 600)
   else()
