@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <type_traits>
 #include <utility>
 
 namespace lumo {
@@ -88,9 +89,17 @@ struct Layout
     std::array<Rule, Count> rules;
 };
 
-// The layout of a record, or of an entry of a table in one. Specialised beside each record's rules.
 template <class Record>
-inline constexpr Layout<0> layout {};
+consteval Layout<0> without_rules()
+{
+    static_assert(!std::is_same_v<Record, Record>, "the record has no layout: its family's records.h is not included");
+    return {};
+}
+
+// The layout of a record, or of an entry of a table in one. Specialised beside each record's rules; without them a
+// record must not be decoded.
+template <class Record>
+inline constexpr auto layout = without_rules<Record>();
 
 template <class Record, class... Rules>
 consteval Layout<sizeof...(Rules)> describe(Rules... rules)
