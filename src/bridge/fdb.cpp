@@ -24,8 +24,7 @@ int32_t LUMOZEPH_GetBridgeFdbEntries(const char* key, uint16_t value16, uint32_t
 int32_t LUMOZEPHGetBridgeFdbEntries(const char* key, uint16_t value16, uint32_t value32, LumoBridgeFdbList* list)
 {
     return fill_list(Command::GetBridgeFdbEntries,
-        Request(instance_key(key), selector1(uint32_t {value16}), selector2(value32), selector_flag(selected)),
-        fdb_entries, list);
+        Request(instance_key(key), selector1(uint32_t {value16}), selector2(value32), selected), fdb_entries, list);
 }
 
 int32_t LUMOZEPH_ReleaseBridgeFdbEntries(LumoBridgeFdbList* list)
@@ -37,14 +36,14 @@ int32_t LUMOZEPH_BridgeSetFdbEntry(
     const char* key, const char* mac, uint32_t selector1Value, uint32_t selector2Value, uint32_t value, uint8_t flags)
 {
     return send(Command::BridgeSetFdbEntry,
-        Request(instance_key(key), selector1(selector1Value), selector2(selector2Value), selector_flag(selected),
-            fdb_value(value), fdb_mac_text.if_given(mac), fdb_flags(flags), fdb_set_flag(selected)));
+        Request(instance_key(key), selector1(selector1Value), selector2(selector2Value), selected, fdb_value(value),
+            fdb_mac_text.if_given(mac), fdb_flags(flags), fdb_set));
 }
 
 int32_t LUMOZEPH_BridgeClearFdbTable(const char* key, uint32_t selector1Value, uint32_t selector2Value)
 {
     return send(Command::BridgeClearFdbTable,
-        Request(instance_key(key), selector1(selector1Value), selector2(selector2Value), selector_flag(selected)));
+        Request(instance_key(key), selector1(selector1Value), selector2(selector2Value), selected));
 }
 
 int32_t LUMOZEPH_DumpFLTable(uint16_t selector, void* buffer)

@@ -1,7 +1,7 @@
 // Request fields of bridges.
 #pragma once
 
-#include "channel/request.h"
+#include "channel/fields.h"
 
 namespace lumo {
 
@@ -36,12 +36,11 @@ inline constexpr TwiceWrittenKey twice_written_key;
 // Ports and the forwarding table.
 inline constexpr Number<68, uint32_t> selector1;
 inline constexpr Number<72, uint32_t> selector2;
-inline constexpr Number<76, uint32_t> selector_flag;
-inline constexpr uint32_t selected = 1;
+inline constexpr Fixed<76, uint32_t {1}> selected;
 inline constexpr Number<80, uint32_t> fdb_value;
 inline constexpr Text<84, 18> fdb_mac_text;
 inline constexpr Number<102, uint8_t> fdb_flags;
-inline constexpr Number<104, uint32_t> fdb_set_flag;
+inline constexpr Fixed<104, uint32_t {1}> fdb_set;
 inline constexpr Number<64, uint16_t> fl_table_selector;
 inline constexpr Number<64, uint32_t> pmac_value;
 inline constexpr Bytes<68, 6> pmac_addr;

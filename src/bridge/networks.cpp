@@ -26,8 +26,7 @@ int32_t LUMOZEPHGetBridgePorts(
     const char* firstKey, const char* key, uint16_t value16, uint32_t value32, LumoBridgePortList* list)
 {
     return fill_list(Command::GetBridgePorts,
-        Request(twice_written_key(firstKey, key), selector1(uint32_t {value16}), selector2(value32),
-            selector_flag(selected)),
+        Request(twice_written_key(firstKey, key), selector1(uint32_t {value16}), selector2(value32), selected),
         bridge_ports, list);
 }
 

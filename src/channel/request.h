@@ -79,6 +79,16 @@ struct Number
     }
 };
 
+// An integer that is the same in every request that has it. Stands among the fields of a request as it is.
+template <std::size_t Offset, std::integral auto Constant>
+struct Fixed : Extent<Offset, sizeof Constant>
+{
+    void store(char* record) const { std::memcpy(record + Offset, &value, sizeof value); }
+
+private:
+    static constexpr auto value = Constant;
+};
+
 // An IPv6 address: sixteen bytes that the caller holds in two words.
 template <std::size_t Offset>
 struct Words
@@ -155,9 +165,5 @@ public:
 private:
     char bytes_[request_size];
 };
-
-// The instance addressed, in the first field of every request that addresses one.
-inline constexpr Text<0, 64> instance_key;
-inline constexpr RawText<0, 64> unterminated_instance_key;
 
 } // namespace lumo

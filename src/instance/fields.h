@@ -1,7 +1,7 @@
 // Request fields of router instances.
 #pragma once
 
-#include "channel/request.h"
+#include "channel/fields.h"
 
 namespace lumo {
 
@@ -13,7 +13,7 @@ inline constexpr Text<68, 64> tunables;
 inline constexpr Number<132, uint32_t> tunables_value;
 
 // Statistics of a LIF, which is named by lif_name.
-inline constexpr Number<360, uint32_t> cached;
+inline constexpr Fixed<360, uint32_t {1}> cached;
 
 // Control plane.
 inline constexpr Number<136, uint32_t> cp_ip;

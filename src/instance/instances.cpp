@@ -5,12 +5,6 @@
 
 using namespace lumo;
 
-namespace {
-
-constexpr ListShape instances {.cap = 1000};
-
-} // namespace
-
 int32_t LUMOZEPH_SetLumoInstance(const char* instance, uint32_t value1, const char* text, uint32_t value2)
 {
     if (any_null(instance))

@@ -1,7 +1,7 @@
-// Reply layouts of router instances.
+// Reply layouts of router instances, and the shape of their list.
 #pragma once
 
-#include "channel/record.h"
+#include "channel/read.h"
 #include "lumozeph.h"
 
 namespace lumo {
@@ -93,6 +93,8 @@ inline constexpr auto layout<StatsOfKind3> = describe<LumoStats>(
     copy(12, counters(1, 19)),
     skip(164, counters(20, 80)));
 // clang-format on
+
+inline constexpr ListShape instances {.cap = 1000};
 
 // Kept: a record of any other kind has nothing but its kind.
 template <>

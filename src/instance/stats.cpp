@@ -1,7 +1,6 @@
 #include "channel/read.h"
 #include "instance/fields.h"
 #include "instance/records.h"
-#include "lif/fields.h"
 #include "lumozeph.h"
 
 using namespace lumo;
@@ -32,7 +31,7 @@ int32_t LUMOZEPH_GetLifStatsCached(const char* instance, const char* lif, LumoSt
 {
     if (any_null(instance))
         return fail(EINVAL);
-    return get_one(Command::GetLifStats, Request(instance_key(instance), lif_name(lif), cached(uint32_t {1})), out);
+    return get_one(Command::GetLifStats, Request(instance_key(instance), lif_name(lif), cached), out);
 }
 
 int32_t LUMOZEPH_ResetLifStats(const char* instance, const char* lif)

@@ -1,14 +1,12 @@
 // Request fields of logical interfaces.
 #pragma once
 
-#include "channel/request.h"
+#include "channel/fields.h"
 #include "lumozeph.h"
 
 namespace lumo {
 
 inline constexpr Text<64, 64> lif_aux_name;
-inline constexpr Text<192, 64> lif_name;
-inline constexpr RawText<192, 64> unterminated_lif_name;
 inline constexpr Number<320, uint32_t> ip_addr;
 inline constexpr Number<324, uint32_t> ip_mask;
 inline constexpr Number<328, uint32_t> di_ip; // also the VXLAN multicast address, told apart by the command

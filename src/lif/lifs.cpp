@@ -5,14 +5,6 @@
 
 using namespace lumo;
 
-namespace {
-
-constexpr ListShape lifs {.cap = 10000};
-// Kept: the holder stays allocated when the device call fails.
-constexpr ListShape bridge_lifs {.cap = 10000, .on_device_error = Holder::LeftAllocated};
-
-} // namespace
-
 int32_t LUMOZEPH_SetLif(const char* lif, const char* auxName, uint32_t address, uint32_t mask, uint32_t paramA,
     uint32_t paramB, uint32_t diAddress, uint32_t paramC, const char* instance, const uint8_t* mac)
 {

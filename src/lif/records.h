@@ -1,7 +1,7 @@
-// Reply layouts of logical interfaces.
+// Reply layouts of logical interfaces, and the shapes of their lists.
 #pragma once
 
-#include "channel/record.h"
+#include "channel/read.h"
 #include "lumozeph.h"
 
 namespace lumo {
@@ -33,5 +33,9 @@ inline constexpr auto layout<LumoLifInfo> = describe<LumoLifInfo>(
     copy(571, AT(LumoLifInfo, lifState2)),
     copy(572, AT(LumoLifInfo, lifValue4)));
 // clang-format on
+
+inline constexpr ListShape lifs {.cap = 10000};
+// Kept: the holder stays allocated when the device call fails.
+inline constexpr ListShape bridge_lifs {.cap = 10000, .on_device_error = Holder::LeftAllocated};
 
 } // namespace lumo

@@ -1,7 +1,7 @@
 // Request fields of multicast routing.
 #pragma once
 
-#include "channel/request.h"
+#include "channel/fields.h"
 
 namespace lumo {
 

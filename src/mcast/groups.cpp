@@ -5,14 +5,6 @@
 
 using namespace lumo;
 
-namespace {
-
-// Kept: the holder stays allocated when the device call fails, and a fragment at the end counts as a group.
-constexpr ListShape groups {
-    .cap = 4096, .on_device_error = Holder::LeftAllocated, .fragment = Fragment::DecodedAsRecord};
-
-} // namespace
-
 int32_t LUMOZEPH_GetMRoutingAllMcastGroups(const char* instance, LumoMcastGroupList** out)
 {
     return get_list(Command::GetMRoutingAllMcastGroups, Request(instance_key(instance)), groups, out);

@@ -5,13 +5,6 @@
 
 using namespace lumo;
 
-namespace {
-
-// Kept: the holder stays allocated when the device call fails.
-constexpr ListShape local_receivers {.cap = 512, .on_device_error = Holder::LeftAllocated};
-
-} // namespace
-
 int32_t LUMOZEPH_GetMRoutingDomain(const char* instance, LumoMcastDomainInfo** out)
 {
     return get_one(Command::GetMRoutingDomain, Request(instance_key(instance)), out);

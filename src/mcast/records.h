@@ -1,7 +1,7 @@
-// Reply layouts of multicast routing.
+// Reply layouts of multicast routing, and the shapes of their lists.
 #pragma once
 
-#include "channel/record.h"
+#include "channel/read.h"
 #include "lumozeph.h"
 
 namespace lumo {
@@ -31,5 +31,10 @@ inline constexpr auto layout<LumoMcastGroupInfo> = describe<LumoMcastGroupInfo>(
     copy(4, AT(LumoMcastGroupInfo, value2)),
     copy(8, AT(LumoMcastGroupInfo, value3)));
 // clang-format on
+
+// Kept: the holder stays allocated when the device call fails, and a fragment at the end of the groups counts as one.
+inline constexpr ListShape local_receivers {.cap = 512, .on_device_error = Holder::LeftAllocated};
+inline constexpr ListShape groups {
+    .cap = 4096, .on_device_error = Holder::LeftAllocated, .fragment = Fragment::DecodedAsRecord};
 
 } // namespace lumo

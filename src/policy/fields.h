@@ -1,7 +1,7 @@
 // Request fields of policies and policy tables.
 #pragma once
 
-#include "channel/request.h"
+#include "channel/fields.h"
 #include "lumozeph.h"
 
 namespace lumo {
@@ -17,6 +17,6 @@ inline constexpr Number<288, uint16_t> ref_count;
 inline constexpr CountedBytes<292, sizeof(LumoLifPolicyTableRef::refs)> ref_entries;
 
 // An instance key that reads as empty, for the request that is not cleared.
-inline constexpr Number<0, uint32_t> empty_instance_key;
+inline constexpr Fixed<0, uint32_t {0}> empty_instance_key;
 
 } // namespace lumo

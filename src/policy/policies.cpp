@@ -7,12 +7,6 @@
 
 using namespace lumo;
 
-namespace {
-
-constexpr ListShape policies {.cap = 1000};
-
-} // namespace
-
 int32_t LUMOZEPH_GetPolicy(uint32_t table, LumoPolicyList** out)
 {
     return get_list(Command::GetPolicy, Request(policy_table_id(table)), policies, out);
@@ -24,7 +18,7 @@ int32_t LUMOZEPH_GetPolicyCount(uint32_t table, uint32_t* count)
     if (!reply.allocated())
         return fail(ENOMEM);
     // Kept: nothing else of the request is cleared; the module reads only the table's number.
-    const Request request(Request::Remainder::Uncleared, empty_instance_key(uint32_t {0}), policy_table_id(table));
+    const Request request(Request::Remainder::Uncleared, empty_instance_key, policy_table_id(table));
     if (reply.receive(Command::GetPolicyCount, request) != 0)
         return -1;
     if (reply.length() < static_cast<int32_t>(sizeof *count)) {

@@ -1,7 +1,7 @@
-// Reply layouts of policies and policy tables.
+// Reply layouts of policies and policy tables, and the shapes of their lists.
 #pragma once
 
-#include "channel/record.h"
+#include "channel/read.h"
 #include "lumozeph.h"
 
 namespace lumo {
@@ -32,5 +32,8 @@ inline constexpr auto layout<LumoLifPolicyTableRef> = describe<LumoLifPolicyTabl
     copy(64, AT(LumoLifPolicyTableRef, refCount)), // Kept: as reported, also beyond the twenty entries.
     table<LumoPolicyTableRefEntry>(66, AT(LumoLifPolicyTableRef, refs), AT(LumoLifPolicyTableRef, refCount)));
 // clang-format on
+
+inline constexpr ListShape policies {.cap = 1000};
+inline constexpr ListShape policy_tables {.cap = 1000};
 
 } // namespace lumo

@@ -1,16 +1,9 @@
 #include "channel/read.h"
-#include "lif/fields.h"
 #include "lumozeph.h"
 #include "policy/fields.h"
 #include "policy/records.h"
 
 using namespace lumo;
-
-namespace {
-
-constexpr ListShape policy_tables {.cap = 1000};
-
-} // namespace
 
 int32_t LUMOZEPH_GetPolicyTable(LumoPolicyTableList** out)
 {

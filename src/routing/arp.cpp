@@ -1,6 +1,5 @@
 #include "channel/device.h"
 #include "channel/fail.h"
-#include "lif/fields.h"
 #include "lumozeph.h"
 #include "routing/fields.h"
 
@@ -9,8 +8,6 @@ using namespace lumo;
 namespace {
 
 constexpr uint32_t table_size = 7471104;
-
-constexpr uint8_t proxy = 1;
 
 } // namespace
 
@@ -33,14 +30,14 @@ int32_t LUMOZEPH_SetProxyArp(uint32_t address, const char* lif, const char* inst
 {
     if (any_null(instance))
         return fail(EINVAL);
-    return send(Command::SetArp, Request(instance_key(instance), arp_ip(address), lif_name(lif), is_proxy(proxy)));
+    return send(Command::SetArp, Request(instance_key(instance), arp_ip(address), lif_name(lif), is_proxy));
 }
 
 int32_t LUMOZEPH_DelProxyArp(uint32_t address, const char* lif, const char* instance)
 {
     if (any_null(instance))
         return fail(EINVAL);
-    return send(Command::DelArp, Request(instance_key(instance), arp_ip(address), lif_name(lif), is_proxy(proxy)));
+    return send(Command::DelArp, Request(instance_key(instance), arp_ip(address), lif_name(lif), is_proxy));
 }
 
 int32_t LUMOZEPH_GetArps(const char* instance, const char* lif, void* buffer)
@@ -51,7 +48,7 @@ int32_t LUMOZEPH_GetArps(const char* instance, const char* lif, void* buffer)
 int32_t LUMOZEPH_GetProxyArps(const char* instance, const char* lif, void* buffer)
 {
     return read_raw(
-        Command::GetArps, Request(instance_key(instance), lif_name.if_given(lif), is_proxy(proxy)), buffer, table_size);
+        Command::GetArps, Request(instance_key(instance), lif_name.if_given(lif), is_proxy), buffer, table_size);
 }
 
 int32_t LUMOZEPH_ClearArp(const char* instance, const char* lif)
@@ -86,7 +83,7 @@ int32_t LUMOZEPH_SetProxyArpv6(uint64_t word1, uint64_t word2, const char* lif, 
     if (any_null(instance))
         return fail(EINVAL);
     return send(Command::SetArpv6,
-        Request(unterminated_instance_key(instance), arp6_lif_name(lif), arp6_ip(word1, word2), is_proxy(proxy)));
+        Request(unterminated_instance_key(instance), arp6_lif_name(lif), arp6_ip(word1, word2), is_proxy));
 }
 
 int32_t LUMOZEPH_DelProxyArpv6(uint64_t word1, uint64_t word2, const char* lif, const char* instance)
@@ -94,7 +91,7 @@ int32_t LUMOZEPH_DelProxyArpv6(uint64_t word1, uint64_t word2, const char* lif, 
     if (any_null(instance))
         return fail(EINVAL);
     return send(Command::DelArpv6,
-        Request(unterminated_instance_key(instance), arp6_lif_name(lif), arp6_ip(word1, word2), is_proxy(proxy)));
+        Request(unterminated_instance_key(instance), arp6_lif_name(lif), arp6_ip(word1, word2), is_proxy));
 }
 
 // Kept: the interface lies where the IPv4 commands have it, not where the set and delete of a neighbour have it.

@@ -1,7 +1,7 @@
 // Request fields of routes, interface policies, and ARP and neighbour entries.
 #pragma once
 
-#include "channel/request.h"
+#include "channel/fields.h"
 
 namespace lumo {
 
@@ -24,7 +24,7 @@ inline constexpr RawText<117, 64> route6_lif_name;
 // ARP entries. The interface is lif_name.
 inline constexpr Number<64, uint32_t> arp_ip;
 inline constexpr Text<332, 18> arp_mac_text;
-inline constexpr Number<596, uint8_t> is_proxy;
+inline constexpr Fixed<596, uint8_t {1}> is_proxy;
 
 // IPv6 neighbours. The dump and clear commands have the interface where ARP has it.
 inline constexpr RawText<64, 64> arp6_lif_name;

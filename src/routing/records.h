@@ -1,4 +1,4 @@
-// Reply layouts of IPv4 routes and interface policies.
+// Reply layouts of IPv4 routes and interface policies, and the shape of their list.
 #pragma once
 
 #include "channel/read.h"

@@ -1,7 +1,7 @@
 // Request fields of receive-side scaling.
 #pragma once
 
-#include "channel/request.h"
+#include "channel/fields.h"
 #include "lumozeph.h"
 
 namespace lumo {

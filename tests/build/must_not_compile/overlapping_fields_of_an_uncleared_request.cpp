@@ -1,5 +1,5 @@
 // The same in a request that is not cleared. Diagnosed: two fields of one request overlap
-#include "channel/request.h"
+#include "channel/fields.h"
 
 #ifdef WRONG
 constexpr std::size_t second = 63;
