@@ -40,6 +40,9 @@
  *     the address of such a field only as a pointer to bytes. Fields that the library does not interpret are called
  *     value, text, data or bytes and numbered in the order in which they lie; "not copied" bytes are zero whatever the
  *     module sent.
+ *
+ * Chapters. Each begins with its name. Its source, its tests, its example and the emulator's side of it are in files of
+ * that name.
  */
 #ifndef LUMOZEPH_H
 #define LUMOZEPH_H
@@ -67,7 +70,7 @@ extern "C" {
 #endif
 
 /* ------------------------------------------------------------------------------------------------------------------ *
- * Channel
+ * channel: The device call and the instance key
  * ------------------------------------------------------------------------------------------------------------------ */
 
 /* What one ioctl carries to the module and back. */
@@ -102,7 +105,7 @@ int32_t LUMOZEPHIoctl(int32_t command, struct LumoEnvelope* envelope);
 int32_t LUMOZEPHGetUuidOrName(const char* text, char key[64]);
 
 /* ------------------------------------------------------------------------------------------------------------------ *
- * Router instances
+ * instances: Router instances
  * ------------------------------------------------------------------------------------------------------------------ */
 
 /* One router instance as the module reports it. */
@@ -192,7 +195,7 @@ int32_t LUMOZEPH_ReleaseInstance(struct LumoInstanceInfo* instance);
 int32_t LUMOZEPH_ReleaseInstances(struct LumoInstanceList* list);
 
 /* ------------------------------------------------------------------------------------------------------------------ *
- * Runtime levels and queue tunables
+ * levels: Runtime levels and queue tunables
  *
  * Four module-wide 32-bit settings. The library checks no range; the module owns the values. A read with a null address
  * gives EINVAL; a failed read leaves the caller's value untouched. The length that the module reports is not looked at:
@@ -216,7 +219,7 @@ int32_t LUMOZEPH_GetTxDispQueueSize(uint32_t* size);
 int32_t LUMOZEPH_SetTxDispQueueSize(uint32_t size);
 
 /* ------------------------------------------------------------------------------------------------------------------ *
- * Statistics
+ * stats: Statistics
  *
  * All reads give one record, whose counters the first word chooses.
  * ------------------------------------------------------------------------------------------------------------------ */
@@ -263,7 +266,7 @@ int32_t LUMOZEPH_ResetLumoDiStats(void);
 int32_t LUMOZEPH_ReleaseStats(void* record);
 
 /* ------------------------------------------------------------------------------------------------------------------ *
- * Control-plane attachment
+ * control_plane: Control-plane attachment
  * ------------------------------------------------------------------------------------------------------------------ */
 
 struct LumoCPSyncStateEntry
@@ -305,7 +308,7 @@ int32_t LUMOZEPH_GetLumoInstanceCPSyncState(const char* instance, struct LumoCPS
 int32_t LUMOZEPH_SetLumoInstanceCPSyncState(const char* instance, uint32_t state);
 
 /* ------------------------------------------------------------------------------------------------------------------ *
- * Port connections and module housekeeping
+ * connections: Port connections
  *
  * None of these names an instance. The reads hand over what the module wrote, neither checked nor counted.
  * ------------------------------------------------------------------------------------------------------------------ */
@@ -338,6 +341,10 @@ int32_t LUMOZEPH_UnPlumbLumoConnection(const char* name);
 /* Reads the module's connection-deletion check. A failed read leaves the value untouched. */
 int32_t LUMOZEPH_LUMODevCheckConnDeletion(uint32_t* value);
 
+/* ------------------------------------------------------------------------------------------------------------------ *
+ * housekeeping: Flush, full-sync save and preparation for unloading
+ * ------------------------------------------------------------------------------------------------------------------ */
+
 /*
  * Flushes what the values select; they are passed on as they stand.
  *
@@ -349,20 +356,18 @@ int32_t LUMOZEPH_GenericFlush(
 /* Prepares the module for being unloaded. */
 int32_t LUMOZEPH_PreUnload(void);
 
-/* ------------------------------------------------------------------------------------------------------------------ *
- * Full-sync save
+/*
+ * Starts a full-sync save of the whole module.
  *
- * The module writes the result straight to the caller: where it writes nothing, and on failure, the value stays.
- * ------------------------------------------------------------------------------------------------------------------ */
-
-/* Starts a full-sync save of the whole module. */
+ * result  written by the module: where it writes nothing, and on failure, it stays as it was
+ */
 int32_t LUMOZEPH_PerformFullSyncSave(uint8_t value, uint32_t* result);
 
-/* Reads the status of the last one. */
+/* Reads the status of the last full-sync save. status: as result above. */
 int32_t LUMOZEPH_GetFullSyncSaveStatus(uint32_t* status);
 
 /* ------------------------------------------------------------------------------------------------------------------ *
- * Logical interfaces
+ * lifs: Logical interfaces
  *
  * A router instance owns logical interfaces (LIFs): routed interfaces, and bridge LIFs, which attach a bridge to it. A
  * LIF is named by its instance's key and its own name, at most 63 bytes.
@@ -475,7 +480,7 @@ int32_t LUMOZEPH_ReleaseLif(struct LumoLifInfo* lif);
 int32_t LUMOZEPH_ReleaseLifs(struct LumoLifList* list);
 
 /* ------------------------------------------------------------------------------------------------------------------ *
- * Interface addressing and options
+ * lif_options: Interface addressing and options
  *
  * Each changes one property of a LIF that exists. A null instance or lif gives EINVAL unless the function says
  * otherwise; no value is range-checked.
@@ -525,6 +530,10 @@ int32_t LUMOZEPH_DelLifIpv6(const char* instance, const char* lif, uint64_t word
 int32_t LUMOZEPH_SetMcastRouting(
     const char* instance, const char* name, uint32_t value1, uint32_t value2, uint16_t value3, uint8_t value4);
 
+/* ------------------------------------------------------------------------------------------------------------------ *
+ * dhcp_relay: DHCP relay
+ * ------------------------------------------------------------------------------------------------------------------ */
+
 /*
  * Replaces the DHCP servers that a LIF relays to. As it stands, only the empty list can be configured: an address is
  * accepted only if it is well-formed both as IPv4 and as IPv6, which none is.
@@ -536,7 +545,7 @@ int32_t LUMOZEPH_SetMcastRouting(
 int32_t LUMOZEPH_ConfigureLifDhcpRelay(const char* instance, const char* lif, char* servers);
 
 /* ------------------------------------------------------------------------------------------------------------------ *
- * IPv4 routes
+ * routes: IPv4 routes
  * ------------------------------------------------------------------------------------------------------------------ */
 
 /*
@@ -620,7 +629,7 @@ int32_t LUMOZEPH_ReleaseRoute(struct LumoRouteInfo* route);
 int32_t LUMOZEPH_ReleaseRoutes(struct LumoRouteList* list);
 
 /* ------------------------------------------------------------------------------------------------------------------ *
- * IPv6 routes and path MTU
+ * routes6: IPv6 routes and path MTU
  * ------------------------------------------------------------------------------------------------------------------ */
 
 /*
@@ -655,7 +664,7 @@ int32_t LUMOZEPH_GetRoutesv6(const char* instance, void** block, uint32_t* count
 int32_t LUMOZEPH_PMTUTableCearv6(void);
 
 /* ------------------------------------------------------------------------------------------------------------------ *
- * ARP, IPv6 neighbours and proxy entries
+ * neighbours: ARP entries, IPv6 neighbours and proxy entries
  *
  * In the functions that set or delete an entry, a null instance gives EINVAL, and lif names the interface the entry is
  * on. In those that read or clear a table, lif or null selects one interface or the whole instance.
@@ -699,7 +708,7 @@ int32_t LUMOZEPH_DelProxyArpv6(uint64_t word1, uint64_t word2, const char* lif, 
 int32_t LUMOZEPH_GetArpsv6(const char* instance, const char* lif, void* buffer);
 
 /* ------------------------------------------------------------------------------------------------------------------ *
- * Interface policies
+ * lif_policies: Interface policies
  *
  * Route-shaped entries kept under a policy kind; kind 4 carries a text that names what the policy applies to.
  * ------------------------------------------------------------------------------------------------------------------ */
@@ -729,7 +738,7 @@ int32_t LUMOZEPH_DelLifPolicy(int32_t kind, const char* text, uint32_t dest, uin
 int32_t LUMOZEPH_GetLifPolicies(const char* instance, uint32_t kind, const char* text, struct LumoRouteList** out);
 
 /* ------------------------------------------------------------------------------------------------------------------ *
- * Policies and policy tables
+ * policies: Policies
  *
  * Policies lie in policy tables, which are numbered and belong to the module as a whole, not to an instance.
  * ------------------------------------------------------------------------------------------------------------------ */
@@ -751,6 +760,33 @@ struct LumoPolicyList
     struct LumoPolicyInfo* records; /* room for 1000 */
 };
 LUMOZEPH_RECORD_SIZE(LumoPolicyList, 16);
+
+/*
+ * Reads the policies of one table, at most 1000.
+ *
+ * out  receives the list; free it with LUMOZEPH_ReleaseAllPolicy
+ */
+int32_t LUMOZEPH_GetPolicy(uint32_t table, struct LumoPolicyList** out);
+
+/* Counts the policies of one table. If the module's reply is too short (EBADMSG), 4 bytes stay allocated. */
+int32_t LUMOZEPH_GetPolicyCount(uint32_t table, uint32_t* count);
+
+/*
+ * Sets a policy, or deletes it.
+ *
+ * key1, key2  name the policy within its table
+ * value       stored with the policy
+ * result      receives the module's answer, or null
+ */
+int32_t LUMOZEPH_SetPolicy(uint32_t table, uint32_t key1, uint32_t key2, uint32_t value, struct LumoCmdResult* result);
+int32_t LUMOZEPH_DelPolicy(uint32_t table, uint32_t key1, uint32_t key2, struct LumoCmdResult* result);
+
+/* Frees a list of LUMOZEPH_GetPolicy, or null. */
+int32_t LUMOZEPH_ReleaseAllPolicy(struct LumoPolicyList* list);
+
+/* ------------------------------------------------------------------------------------------------------------------ *
+ * policy_tables: Policy tables, and the references from interfaces to them
+ * ------------------------------------------------------------------------------------------------------------------ */
 
 struct LumoPolicyTableInfo
 {
@@ -781,29 +817,6 @@ struct LumoLifPolicyTableRef
     struct LumoPolicyTableRefEntry refs[20]; /* 66: zero past refCount */
 } LUMOZEPH_PACKED;
 LUMOZEPH_RECORD_SIZE(LumoLifPolicyTableRef, 546);
-
-/*
- * Reads the policies of one table, at most 1000.
- *
- * out  receives the list; free it with LUMOZEPH_ReleaseAllPolicy
- */
-int32_t LUMOZEPH_GetPolicy(uint32_t table, struct LumoPolicyList** out);
-
-/* Counts the policies of one table. If the module's reply is too short (EBADMSG), 4 bytes stay allocated. */
-int32_t LUMOZEPH_GetPolicyCount(uint32_t table, uint32_t* count);
-
-/*
- * Sets a policy, or deletes it.
- *
- * key1, key2  name the policy within its table
- * value       stored with the policy
- * result      receives the module's answer, or null
- */
-int32_t LUMOZEPH_SetPolicy(uint32_t table, uint32_t key1, uint32_t key2, uint32_t value, struct LumoCmdResult* result);
-int32_t LUMOZEPH_DelPolicy(uint32_t table, uint32_t key1, uint32_t key2, struct LumoCmdResult* result);
-
-/* Frees a list of LUMOZEPH_GetPolicy, or null. */
-int32_t LUMOZEPH_ReleaseAllPolicy(struct LumoPolicyList* list);
 
 /*
  * Reads the policy tables, at most 1000.
@@ -848,7 +861,7 @@ int32_t LUMOZEPH_DelLifPolicyTableRef(const char* instance, const char* lif, str
 int32_t LUMOZEPH_ReleaseLifPolicyTableRef(struct LumoLifPolicyTableRef* ref);
 
 /* ------------------------------------------------------------------------------------------------------------------ *
- * Bridge instances
+ * bridges: Bridges
  *
  * Layer-2 bridges, named by an instance key as router instances are. Except where it says so, a key is not tested for
  * null.
@@ -911,11 +924,14 @@ int32_t LUMOZEPH_BridgeDisable(const char* key, uint8_t value);
 /* Sets a bridge's high-availability administrative state. */
 int32_t LUMOZEPH_BridgeSetHAAdminState(const char* key, uint32_t state);
 
+/* Sets a bridge's replication mode. */
+int32_t LUMOZEPH_SetBridgeRepMode(const char* key, uint32_t mode);
+
 /* Sets one numeric setting of a bridge, which the command number chooses. The number is sent unchecked. */
 int32_t LUMOZEPH_BridgeSetConfig(const char* key, int32_t command, uint32_t value);
 
 /* ------------------------------------------------------------------------------------------------------------------ *
- * Bridge networks and ports
+ * networks: Bridge networks and ports
  * ------------------------------------------------------------------------------------------------------------------ */
 
 struct LumoBridgeNetworkInfo
@@ -989,7 +1005,7 @@ int32_t LUMOZEPH_ReleaseBridgeNetworks(struct LumoBridgeNetworkList* list);
 int32_t LUMOZEPH_ReleaseBridgePorts(struct LumoBridgePortList* list);
 
 /* ------------------------------------------------------------------------------------------------------------------ *
- * Forwarding table and endpoint statistics
+ * fdb: Forwarding table, FL table and PMACs
  *
  * The raw reads hand over what the module wrote, neither checked nor counted unless the function says so.
  * ------------------------------------------------------------------------------------------------------------------ */
@@ -1049,22 +1065,8 @@ int32_t LUMOZEPH_GetPmac(void* buffer);
 int32_t LUMOZEPH_AddPmac(uint32_t value, const uint8_t* mac);
 int32_t LUMOZEPH_DelPmac(const uint8_t* mac);
 
-/* Reads the statistics of the bridge endpoint of this key. buffer: room for 146 bytes. */
-int32_t LUMOZEPH_GetBeStats(const char* key, void* buffer);
-
-/* Reads the status of the bridge endpoint of this key. buffer: room for 229 bytes. */
-int32_t LUMOZEPH_GetBeStatus(const char* key, void* buffer);
-
-/*
- * Reads all bridge endpoints.
- *
- * buffer  room for size bytes
- * count   receives the number of bytes written divided by 235, rounded down; untouched on failure
- */
-int32_t LUMOZEPH_GetBeAll(void* buffer, uint32_t size, uint32_t* count);
-
 /* ------------------------------------------------------------------------------------------------------------------ *
- * Bridge clusters and nodes
+ * clusters: Bridge clusters, their nodes and the local transport node
  * ------------------------------------------------------------------------------------------------------------------ */
 
 struct LumoBridgeClusterInfo
@@ -1165,10 +1167,10 @@ int32_t LUMOZEPH_SetBridgeClusterDebug(const char* key, uint8_t level);
 int32_t LUMOZEPH_BridgeClusterBfdHAProfileSet(const char* key, uint8_t flag, uint32_t value1, uint32_t value2);
 
 /* ------------------------------------------------------------------------------------------------------------------ *
- * Bridge endpoints and BFD
+ * endpoints: Bridge endpoints
  *
- * The two list reads are the largest there are, and their memory does not depend on how much there is to read: 6737920
- * bytes twice for endpoints, 111820800 bytes twice for BFD sessions.
+ * The list read allocates 6737920 bytes twice, however much there is to read. The raw reads hand over what the module
+ * wrote, neither checked nor counted unless the function says so.
  * ------------------------------------------------------------------------------------------------------------------ */
 
 struct LumoBridgeEndpointInfo
@@ -1190,6 +1192,50 @@ struct LumoBridgeEndpointList
 };
 LUMOZEPH_RECORD_SIZE(LumoBridgeEndpointList, 16);
 
+/*
+ * Adds a bridge endpoint. Texts of at most 63 bytes; values and flags are passed on as they stand.
+ */
+int32_t LUMOZEPH_AddBridgeEndpoint(const char* key, const char* text1, const char* name, uint32_t value1,
+    uint32_t value2, const char* text2, uint16_t value3, uint8_t flag1, const char* text3, uint8_t flag2);
+
+/* Deletes a bridge endpoint. */
+int32_t LUMOZEPH_DelBridgeEndpoint(const char* key, const char* name);
+
+/* Flushes the bridge endpoints. on: chooses between the module's two ways. */
+int32_t LUMOZEPH_FlushBridgeEndpoint(int8_t on);
+
+/*
+ * Reads the endpoints of a bridge, at most 28672.
+ *
+ * key  or null for all
+ * out  receives the list; free it with LUMOZEPH_ReleaseBridgeEndpoints
+ */
+int32_t LUMOZEPH_GetBridgeEndpoints(const char* key, struct LumoBridgeEndpointList** out);
+int32_t LUMOZEPHGetBridgeEndpoints(const char* key, struct LumoBridgeEndpointList* list);
+
+/* Frees a list of LUMOZEPH_GetBridgeEndpoints, or null. */
+int32_t LUMOZEPH_ReleaseBridgeEndpoints(struct LumoBridgeEndpointList* list);
+
+/* Reads the statistics of the bridge endpoint of this key. buffer: room for 146 bytes. */
+int32_t LUMOZEPH_GetBeStats(const char* key, void* buffer);
+
+/* Reads the status of the bridge endpoint of this key. buffer: room for 229 bytes. */
+int32_t LUMOZEPH_GetBeStatus(const char* key, void* buffer);
+
+/*
+ * Reads all bridge endpoints.
+ *
+ * buffer  room for size bytes
+ * count   receives the number of bytes written divided by 235, rounded down; untouched on failure
+ */
+int32_t LUMOZEPH_GetBeAll(void* buffer, uint32_t size, uint32_t* count);
+
+/* ------------------------------------------------------------------------------------------------------------------ *
+ * bfd: BFD sessions and port connections
+ *
+ * The list read is the largest there is: it allocates 111820800 bytes twice, however much there is to read.
+ * ------------------------------------------------------------------------------------------------------------------ */
+
 struct LumoBridgeBfdSessionInfo
 {
     uint16_t value1;  /* 0 */
@@ -1209,33 +1255,6 @@ struct LumoBridgeBfdSessionList
     struct LumoBridgeBfdSessionInfo* records; /* room for 2867200 */
 };
 LUMOZEPH_RECORD_SIZE(LumoBridgeBfdSessionList, 16);
-
-/*
- * Adds a bridge endpoint. Texts of at most 63 bytes; values and flags are passed on as they stand.
- */
-int32_t LUMOZEPH_AddBridgeEndpoint(const char* key, const char* text1, const char* name, uint32_t value1,
-    uint32_t value2, const char* text2, uint16_t value3, uint8_t flag1, const char* text3, uint8_t flag2);
-
-/* Deletes a bridge endpoint. */
-int32_t LUMOZEPH_DelBridgeEndpoint(const char* key, const char* name);
-
-/* Flushes the bridge endpoints. on: chooses between the module's two ways. */
-int32_t LUMOZEPH_FlushBridgeEndpoint(int8_t on);
-
-/* Sets a bridge's replication mode. */
-int32_t LUMOZEPH_SetBridgeRepMode(const char* key, uint32_t mode);
-
-/*
- * Reads the endpoints of a bridge, at most 28672.
- *
- * key  or null for all
- * out  receives the list; free it with LUMOZEPH_ReleaseBridgeEndpoints
- */
-int32_t LUMOZEPH_GetBridgeEndpoints(const char* key, struct LumoBridgeEndpointList** out);
-int32_t LUMOZEPHGetBridgeEndpoints(const char* key, struct LumoBridgeEndpointList* list);
-
-/* Frees a list of LUMOZEPH_GetBridgeEndpoints, or null. */
-int32_t LUMOZEPH_ReleaseBridgeEndpoints(struct LumoBridgeEndpointList* list);
 
 /*
  * Reads the BFD sessions, at most 2867200.
@@ -1266,7 +1285,7 @@ int32_t LUMOZEPH_UnPlumbBFDPortConnection(const char* port);
 int32_t LUMOZEPH_GetBFDPortConnections(void* buffer);
 
 /* ------------------------------------------------------------------------------------------------------------------ *
- * Multicast domain and receivers
+ * mcast_receivers: Multicast domain and receivers
  * ------------------------------------------------------------------------------------------------------------------ */
 
 struct LumoMcastDomainInfo
@@ -1361,7 +1380,7 @@ int32_t LUMOZEPH_DelMRoutingRemoteRcvrs(const char* instance, uint32_t value, ui
 int32_t LUMOZEPH_ReleaseVTEPTable(struct LumoVtepTable* table);
 
 /* ------------------------------------------------------------------------------------------------------------------ *
- * Multicast groups, replication and router addresses
+ * mcast_groups: Multicast groups, replication and router addresses
  * ------------------------------------------------------------------------------------------------------------------ */
 
 struct LumoMcastGroupInfo
@@ -1403,7 +1422,7 @@ int32_t LUMOZEPH_AddMRoutingMRouter(const char* instance, uint32_t value);
 int32_t LUMOZEPH_DelMRoutingMRouter(const char* instance);
 
 /* ------------------------------------------------------------------------------------------------------------------ *
- * Software receive-side scaling
+ * rss: Software receive-side scaling
  *
  * A target is named by a text of at most 63 bytes; a null target gives EINVAL. Reply lengths are not looked at.
  * ------------------------------------------------------------------------------------------------------------------ */

@@ -7,7 +7,9 @@ using namespace lumo;
 
 namespace {
 
-constexpr uint32_t bfd_connections_size = 131072;
+constexpr uint32_t be_stats_size = sizeof(LumoBridgePortInfo);
+constexpr uint32_t be_status_size = 229;
+constexpr uint32_t be_size = sizeof(LumoBridgeEndpointInfo);
 
 } // namespace
 
@@ -31,11 +33,6 @@ int32_t LUMOZEPH_FlushBridgeEndpoint(int8_t on)
     return send(on != 0 ? Command::FlushBridgeEndpointOn : Command::FlushBridgeEndpointOff, Request());
 }
 
-int32_t LUMOZEPH_SetBridgeRepMode(const char* key, uint32_t mode)
-{
-    return send(Command::SetBridgeRepMode, Request(instance_key(key), rep_mode(mode)));
-}
-
 int32_t LUMOZEPH_GetBridgeEndpoints(const char* key, LumoBridgeEndpointList** out)
 {
     return get_list(out, [&](LumoBridgeEndpointList* list) { return LUMOZEPHGetBridgeEndpoints(key, list); });
@@ -51,33 +48,23 @@ int32_t LUMOZEPH_ReleaseBridgeEndpoints(LumoBridgeEndpointList* list)
     return release_list(list);
 }
 
-int32_t LUMOZEPH_GetBridgeBFDSessions(const char* key, LumoBridgeBfdSessionList** out)
+// Kept: the endpoint's key lies at 192, and the first field stays empty.
+int32_t LUMOZEPH_GetBeStats(const char* key, void* buffer)
 {
-    return get_list(out, [&](LumoBridgeBfdSessionList* list) { return LUMOZEPHGetBridgeBFDSessions(key, list); });
+    return read_raw(Command::GetBeStats, Request(endpoint_key(key)), buffer, be_stats_size);
 }
 
-int32_t LUMOZEPHGetBridgeBFDSessions(const char* key, LumoBridgeBfdSessionList* list)
+int32_t LUMOZEPH_GetBeStatus(const char* key, void* buffer)
 {
-    return fill_list(Command::GetBridgeBFDSessions, Request(instance_key.if_given(key)), bfd_sessions, list);
+    return read_raw(Command::GetBeStatus, Request(endpoint_key(key)), buffer, be_status_size);
 }
 
-int32_t LUMOZEPH_ReleaseBridgeBFDSessions(LumoBridgeBfdSessionList* list)
+// Kept: the count is in units of a bridge endpoint's record, whatever the module wrote.
+int32_t LUMOZEPH_GetBeAll(void* buffer, uint32_t size, uint32_t* count)
 {
-    return release_list(list);
-}
-
-int32_t LUMOZEPH_PlumbBFDPortConnection(const char* port, const char* text, const uint8_t* mac)
-{
-    return send(
-        Command::PlumbBFDPortConnection, Request(bfd_port_name(port), bfd_port_text(text), bfd_port_mac.if_given(mac)));
-}
-
-int32_t LUMOZEPH_UnPlumbBFDPortConnection(const char* port)
-{
-    return send(Command::UnPlumbBFDPortConnection, Request(bfd_port_name(port)));
-}
-
-int32_t LUMOZEPH_GetBFDPortConnections(void* buffer)
-{
-    return read_raw(Command::GetBFDPortConnections, Request(), buffer, bfd_connections_size);
+    Room room {buffer, size};
+    const int32_t result = exchange(Command::GetBeAll, input(Request()), room);
+    if (result == 0)
+        *count = room.length / be_size;
+    return result;
 }

@@ -9,9 +9,6 @@ namespace {
 
 constexpr uint32_t fl_table_size = 426080;
 constexpr uint32_t pmac_table_size = 131072;
-constexpr uint32_t be_stats_size = sizeof(LumoBridgePortInfo);
-constexpr uint32_t be_status_size = 229;
-constexpr uint32_t be_size = sizeof(LumoBridgeEndpointInfo);
 
 } // namespace
 
@@ -64,25 +61,4 @@ int32_t LUMOZEPH_AddPmac(uint32_t value, const uint8_t* mac)
 int32_t LUMOZEPH_DelPmac(const uint8_t* mac)
 {
     return send(Command::DelPmac, Request(pmac_addr.if_given(mac)));
-}
-
-// Kept: the endpoint's key lies at 192, and the first field stays empty.
-int32_t LUMOZEPH_GetBeStats(const char* key, void* buffer)
-{
-    return read_raw(Command::GetBeStats, Request(be_key(key)), buffer, be_stats_size);
-}
-
-int32_t LUMOZEPH_GetBeStatus(const char* key, void* buffer)
-{
-    return read_raw(Command::GetBeStatus, Request(be_key(key)), buffer, be_status_size);
-}
-
-// Kept: the count is in units of a bridge endpoint's record, whatever the module wrote.
-int32_t LUMOZEPH_GetBeAll(void* buffer, uint32_t size, uint32_t* count)
-{
-    Room room {buffer, size};
-    const int32_t result = exchange(Command::GetBeAll, input(Request()), room);
-    if (result == 0)
-        *count = room.length / be_size;
-    return result;
 }

@@ -44,7 +44,6 @@ inline constexpr Fixed<104, uint32_t {1}> fdb_set;
 inline constexpr Number<64, uint16_t> fl_table_selector;
 inline constexpr Number<64, uint32_t> pmac_value;
 inline constexpr Bytes<68, 6> pmac_addr;
-inline constexpr Text<192, 64> be_key;
 
 // Clusters and nodes.
 inline constexpr Text<64, 64> node_name;
@@ -60,7 +59,7 @@ inline constexpr Number<208, uint32_t> transport_value;
 inline constexpr Bytes<212, 64> transport_block;
 inline constexpr Number<276, uint32_t> transport_selector;
 
-// Endpoints and BFD.
+// Endpoints.
 inline constexpr Text<64, 64> endpoint_text1;
 inline constexpr Text<128, 64> endpoint_name;
 inline constexpr Text<192, 64> endpoint_key;
@@ -71,6 +70,8 @@ inline constexpr Number<528, uint16_t> endpoint_value3;
 inline constexpr Text<530, 64> endpoint_text3;
 inline constexpr Number<594, uint8_t> endpoint_flag1;
 inline constexpr Number<595, uint8_t> endpoint_flag2;
+
+// BFD.
 inline constexpr Text<64, 64> bfd_port_name;
 inline constexpr Text<128, 16> bfd_port_text;
 inline constexpr Bytes<144, 6> bfd_port_mac;

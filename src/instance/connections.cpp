@@ -46,16 +46,3 @@ int32_t LUMOZEPH_LUMODevCheckConnDeletion(uint32_t* value)
 {
     return read_value(Command::LUMODevCheckConnDeletion, value);
 }
-
-// Kept: the bytes lie in the order of the fourth, the second and the third argument.
-int32_t LUMOZEPH_GenericFlush(
-    uint32_t value1, uint8_t value2, uint8_t value3, uint8_t value4, const char* text, uint32_t value5)
-{
-    return send(Command::GenericFlush, Request(flush_value1(value1), flush_value4(value4), flush_value2(value2),
-                                           flush_value3(value3), flush_text.if_given(text), flush_value5(value5)));
-}
-
-int32_t LUMOZEPH_PreUnload()
-{
-    return send(Command::PreUnload, no_input);
-}

@@ -26,15 +26,13 @@ inline constexpr Text<144, 18> connection_text2;
 inline constexpr Text<162, 32> connection_text3;
 inline constexpr Text<194, 256> connection_text4;
 
-// Generic flush.
+// Housekeeping.
 inline constexpr Number<64, uint32_t> flush_value1;
 inline constexpr Number<68, uint8_t> flush_value4;
 inline constexpr Number<69, uint8_t> flush_value2;
 inline constexpr Number<70, uint8_t> flush_value3;
 inline constexpr Text<71, 64> flush_text;
 inline constexpr Number<136, uint32_t> flush_value5;
-
-// Full-sync save.
 inline constexpr Number<64, uint8_t> sync_save_arg;
 
 } // namespace lumo

@@ -58,6 +58,11 @@ int32_t LUMOZEPH_BridgeSetHAAdminState(const char* key, uint32_t state)
     return send(Command::BridgeSetHAAdminState, Request(instance_key(key), bridge_param(state)));
 }
 
+int32_t LUMOZEPH_SetBridgeRepMode(const char* key, uint32_t mode)
+{
+    return send(Command::SetBridgeRepMode, Request(instance_key(key), rep_mode(mode)));
+}
+
 // Kept: the number is the caller's and sent unchecked.
 int32_t LUMOZEPH_BridgeSetConfig(const char* key, int32_t command, uint32_t value)
 {
