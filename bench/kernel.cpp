@@ -1,5 +1,7 @@
 #include "kernel.h"
 
+#include "operations/envelope.h"
+
 #include <cstdarg>
 #include <cstring>
 #include <fcntl.h>
@@ -45,15 +47,13 @@ int ioctl(int descriptor, unsigned long number, ...) noexcept
 {
     va_list arguments;
     va_start(arguments, number);
-    char* const argument = va_arg(arguments, char*);
+    void* const argument = va_arg(arguments, void*);
     va_end(arguments);
     if (kernel != Kernel::Instant)
         return static_cast<int>(syscall(SYS_ioctl, descriptor, number, argument));
-    char* room;
-    std::memcpy(&room, argument + 16, sizeof room);
-    if (reply.length > 0)
-        std::memcpy(room, reply.bytes, reply.length);
-    std::memcpy(argument + 12, &reply.length, sizeof reply.length);
+    if (reply.bytes != nullptr)
+        std::memcpy(operations::read_envelope(argument).out, reply.bytes, reply.length);
+    operations::report_length(argument, reply.length);
     return 0;
 }
 

@@ -1,8 +1,6 @@
 // What a run must end as. A run that does not is a crash to the fuzzer, which keeps its input.
 #pragma once
 
-#include "support/wire.h"
-
 #include <cstdint>
 #include <string_view>
 

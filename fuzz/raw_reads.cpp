@@ -1,67 +1,11 @@
 // Reads straight into the caller's buffer, and the result areas of sets and deletes.
-#include "lumozeph.h"
 #include "reads.h"
+
+#include <lumozeph.h>
 
 namespace fuzz {
 
 namespace {
-
-struct RawRead
-{
-    std::string name;
-    std::size_t room;
-    std::function<std::int32_t(char*)> read;
-};
-
-// The operation zeroes the area before the call.
-struct ResultSend
-{
-    std::string name;
-    std::function<std::int32_t(LumoCmdResult*)> send;
-};
-
-std::uint32_t* number(char* buffer)
-{
-    return reinterpret_cast<std::uint32_t*>(buffer);
-}
-
-const std::vector<RawRead> raw_reads {
-    {"GetConnections", 131072, LUMOZEPH_GetConnections},
-    {"GetConnection", 152, [](char* buffer) { return LUMOZEPH_GetConnection("name", buffer); }},
-    {"GetVMAC", 6, [](char* buffer) { return LUMOZEPH_GetVMAC("name", reinterpret_cast<std::uint8_t*>(buffer)); }},
-    {"PerformFullSyncSave", 4, [](char* buffer) { return LUMOZEPH_PerformFullSyncSave(1, number(buffer)); }},
-    {"GetFullSyncSaveStatus", 4, [](char* buffer) { return LUMOZEPH_GetFullSyncSaveStatus(number(buffer)); }},
-    {"GetArps", 7471104, [](char* buffer) { return LUMOZEPH_GetArps("inst", "lif", buffer); }},
-    {"GetProxyArps", 7471104, [](char* buffer) { return LUMOZEPH_GetProxyArps("inst", nullptr, buffer); }},
-    {"GetArpsv6", 7471104, [](char* buffer) { return LUMOZEPH_GetArpsv6("inst", "lif", buffer); }},
-    {"DumpFLTable", 426080, [](char* buffer) { return LUMOZEPH_DumpFLTable(1, buffer); }},
-    {"GetPmac", 131072, LUMOZEPH_GetPmac},
-    {"GetBeStats", 146, [](char* buffer) { return LUMOZEPH_GetBeStats("key", buffer); }},
-    {"GetBeStatus", 229, [](char* buffer) { return LUMOZEPH_GetBeStatus("key", buffer); }},
-    {"GetLocaleId", 16, LUMOZEPH_GetLocaleId},
-    {"BridgeGetLocalTransportNode", 2048, [](char* buffer) { return LUMOZEPH_BridgeGetLocalTransportNode(buffer, 1); }},
-    {"GetBFDPortConnections", 131072, LUMOZEPH_GetBFDPortConnections},
-    {"GetMRoutingReplicationIP", 4,
-        [](char* buffer) { return LUMOZEPH_GetMRoutingReplicationIP("inst", 1, number(buffer)); }},
-    {"GetMRoutingMRouterIP", 4, [](char* buffer) { return LUMOZEPH_GetMRoutingMRouterIP("inst", 1, number(buffer)); }},
-};
-
-const std::vector<ResultSend> result_sends {
-    {"SetRoute", [](LumoCmdResult* result) { return LUMOZEPH_SetRoute(1, 2, 3, "lif", "inst", 4, result); }},
-    {"DelRoute", [](LumoCmdResult* result) { return LUMOZEPH_DelRoute(1, 2, 3, "lif", "inst", result); }},
-    {"SetLifPolicy",
-        [](LumoCmdResult* result) { return LUMOZEPH_SetLifPolicy(4, "text", 1, 2, 3, "lif", "inst", 4, result); }},
-    {"DelLifPolicy",
-        [](LumoCmdResult* result) { return LUMOZEPH_DelLifPolicy(4, "text", 1, 2, 3, "lif", "inst", 4, result); }},
-    {"SetPolicy", [](LumoCmdResult* result) { return LUMOZEPH_SetPolicy(1, 2, 3, 4, result); }},
-    {"DelPolicy", [](LumoCmdResult* result) { return LUMOZEPH_DelPolicy(1, 2, 3, result); }},
-    {"SetPolicyTable", [](LumoCmdResult* result) { return LUMOZEPH_SetPolicyTable(1, "name", result); }},
-    {"DelPolicyTable", [](LumoCmdResult* result) { return LUMOZEPH_DelPolicyTable(1, result); }},
-    {"SetLifPolicyTableRef",
-        [](LumoCmdResult* result) { return LUMOZEPH_SetLifPolicyTableRef("inst", "lif", 0, nullptr, result); }},
-    {"DelLifPolicyTableRef",
-        [](LumoCmdResult* result) { return LUMOZEPH_DelLifPolicyTableRef("inst", "lif", result); }},
-};
 
 // The reply lies at the beginning of the buffer, and behind it is what was there before.
 void expect_written(const System& system, const Ended& ended, const Buffer& buffer, char behind)
@@ -78,21 +22,24 @@ void expect_written(const System& system, const Ended& ended, const Buffer& buff
     expect_equal("allocations", system.allocations(), 0);
 }
 
-void run(const RawRead& row, Input& input)
+void read_raw(const Read& read, Input& input)
 {
-    System system(input, {Looks::Nowhere, row.room});
-    const Buffer buffer(row.room);
-    const Ended ended = system.call([&] { return row.read(buffer.data()); });
+    const std::uint32_t room = read.operation->room;
+    System system(input, {Looks::Nowhere, room});
+    const Buffer buffer(room);
+    const Ended ended = system.call([&] { return read.call(buffer.data()); });
     expect_written(system, ended, buffer, buffer.fresh());
     if (system.reply().open_error() == 0)
-        expect_equal("room", system.exchanges().at(0).room, static_cast<std::int64_t>(row.room));
+        expect_equal("room", system.exchanges().at(0).room, room);
 }
 
-void run(const ResultSend& row, Input& input)
+// The operation zeroes the area before the call.
+void send_for_result(const Read& read, Input& input)
 {
-    System system(input, {Looks::Nowhere, sizeof(LumoCmdResult)});
-    const Buffer area(sizeof(LumoCmdResult));
-    const Ended ended = system.call([&] { return row.send(reinterpret_cast<LumoCmdResult*>(area.data())); });
+    constexpr std::size_t size = 88;
+    System system(input, {Looks::Nowhere, size});
+    const Buffer area(size);
+    const Ended ended = system.call([&] { return read.call(area.data()); });
     expect_written(system, ended, area, '\0');
 }
 
@@ -116,13 +63,16 @@ void read_all_endpoints(Input& input)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
+    using operations::Shape;
+    static const auto raw_reads = fuzz::reads_of({Shape::RawRead});
+    static const auto result_sends = fuzz::reads_of({Shape::ResultSend});
     fuzz::Input input(data, size);
     switch (input.byte() % 3) {
     case 0:
-        fuzz::run(choose(fuzz::raw_reads, input), input);
+        fuzz::read_raw(fuzz::choose(raw_reads, input), input);
         break;
     case 1:
-        fuzz::run(choose(fuzz::result_sends, input), input);
+        fuzz::send_for_result(fuzz::choose(result_sends, input), input);
         break;
     default:
         fuzz::read_all_endpoints(input);

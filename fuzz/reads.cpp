@@ -2,21 +2,29 @@
 
 namespace fuzz {
 
-namespace {
-
-bool has_numbers_of(const world::Layout& layout, const std::string& reply)
+std::vector<Read> reads_of(std::initializer_list<operations::Shape> shapes, Rooms rooms)
 {
-    return std::all_of(layout.pinned.begin(), layout.pinned.end(),
-        [&](const world::Pinned& pinned) { return world::get(reply, pinned.offset, pinned.width) == pinned.value; });
+    std::vector<Read> reads;
+    operations::for_each_case([&](const operations::Operation& operation, const operations::Case& one) {
+        const bool is_large = operation.room > largest_room;
+        if (is_large == (rooms == Rooms::Larger) &&
+            std::find(shapes.begin(), shapes.end(), operation.shape) != shapes.end())
+            reads.push_back({&operation, &one});
+    });
+    return reads;
 }
 
-} // namespace
-
-void expect_record(const std::vector<world::Layout>& layouts, const void* record, const std::string& reply)
+const Read& choose(const std::vector<Read>& reads, Input& input)
 {
-    const auto layout = std::find_if(layouts.begin(), layouts.end(),
-        [&](const world::Layout& candidate) { return has_numbers_of(candidate, reply); });
-    expect_bytes("record", {static_cast<const char*>(record), reply.size()}, world::decoded(*layout, reply));
+    const Read& read = reads[input.byte() % reads.size()];
+    now_reading(read.one->name);
+    return read;
+}
+
+void expect_record(const operations::Operation& operation, const void* record, const std::string& reply)
+{
+    expect_bytes("record", {static_cast<const char*>(record), reply.size()},
+        operations::decoded(operations::layout_of(operation.layouts, reply), reply));
 }
 
 } // namespace fuzz

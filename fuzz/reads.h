@@ -1,48 +1,36 @@
-// What the reads of all shapes have in common: rows, and the records that they decode.
+// What the targets have in common that iterate the tables of operations: which of their calls a run makes, and what
+// must arrive of a record.
 #pragma once
 
+#include "operations/operations.h"
+#include "operations/reply.h"
 #include "system.h"
-
-#include "support/layouts.h"
-
-#include <functional>
-#include <type_traits>
 
 namespace fuzz {
 
-template <class Row>
-const Row& choose(const std::vector<Row>& rows, Input& input)
+struct Read
 {
-    const Row& row = rows[input.byte() % rows.size()];
-    now_reading(row.name);
-    return row;
-}
+    const operations::Operation* operation;
+    const operations::Case* one;
 
-// A function of the header that stores a pointer, with the pointer's type put aside.
-template <class Type, class Read>
-std::function<std::int32_t(void**)> storing(Read read)
+    std::int32_t call(void* out) const { return operations::call(*operation, *one, {out, nullptr}); }
+    std::int32_t release(void* result) const { return operation->release.call(result); }
+};
+
+// Reads with more room than that are a target of their own: they would slow down the others.
+inline constexpr std::uint32_t largest_room = 10'000'000;
+enum class Rooms
 {
-    return [read](void** out) {
-        Type* typed = static_cast<Type*>(*out);
-        const std::int32_t result = read(&typed);
-        *out = typed;
-        return result;
-    };
-}
+    Usual,
+    Larger
+};
 
-template <class Type>
-std::function<std::int32_t(void*)> releasing(std::int32_t (*release)(Type*))
-{
-    return [release](void* pointer) { return release(static_cast<Type*>(pointer)); };
-}
+std::vector<Read> reads_of(std::initializer_list<operations::Shape> shapes, Rooms rooms = Rooms::Usual);
 
-// Compares the record that lies there with what must arrive of the reply's record. Of a record that has kinds, the
-// layout is the first whose numbers the reply has.
-void expect_record(const std::vector<world::Layout>& layouts, const void* record, const std::string& reply);
+// The input chooses.
+const Read& choose(const std::vector<Read>& reads, Input& input);
 
-inline std::vector<world::Layout> one_of(const world::Layout& layout)
-{
-    return {layout};
-}
+// Compares the record that lies there with what must arrive of the reply's record.
+void expect_record(const operations::Operation& operation, const void* record, const std::string& reply);
 
 } // namespace fuzz

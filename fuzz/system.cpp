@@ -1,34 +1,19 @@
 #include "system.h"
 
+#include "operations/envelope.h"
+
 #include <cerrno>
-#include <cstdarg>
 #include <cstdlib>
 #include <cstring>
-#include <fcntl.h>
 #include <sanitizer/asan_interface.h>
 #include <sys/mman.h>
 #include <sys/socket.h>
-#include <unistd.h>
-#include <utility>
-
-extern "C" {
-void* __real_malloc(std::size_t);
-void* __real_calloc(std::size_t, std::size_t);
-void __real_free(void*);
-int __real_open64(const char*, int, ...);
-int __real_ioctl(int, unsigned long, ...);
-int __real_close(int);
-int __real_inet_pton(int, const char*, void*);
-}
 
 namespace fuzz {
 
 namespace {
 
 constexpr int descriptor_of_the_device = 5000;
-
-// The system that the calls on this thread go to. Null while the fuzzer itself runs.
-thread_local System* system_of_the_library = nullptr;
 
 // Larger blocks end where an inaccessible page begins: AddressSanitizer would spend more time on marking megabytes than
 // the library on using them.
@@ -45,7 +30,7 @@ std::size_t pages_of(std::size_t size)
 char* take(std::size_t size)
 {
     if (size <= largest_on_the_heap) {
-        char* const block = static_cast<char*>(__real_malloc(size));
+        char* const block = static_cast<char*>(fake::Libc().malloc(size));
         std::memset(block, filler, size);
         return block;
     }
@@ -61,7 +46,7 @@ char* take(std::size_t size)
 void give_back(char* block, std::size_t size)
 {
     if (size <= largest_on_the_heap) {
-        __real_free(block);
+        fake::Libc().free(block);
         return;
     }
     munmap(block + size - pages_of(size), pages_of(size) + page_size);
@@ -189,13 +174,13 @@ System::~System()
 void System::enter()
 {
     errno = untouched;
-    system_of_the_library = this;
+    fake::answer_this_thread(this);
 }
 
 int System::leave()
 {
     const int error = errno;
-    system_of_the_library = nullptr;
+    fake::answer_this_thread(nullptr);
     return error;
 }
 
@@ -205,10 +190,10 @@ void System::expect_left(std::size_t size)
         fail("leaves " + std::to_string(blocks_.size()) + " blocks instead of one");
     expect_equal(
         "size of what is left", static_cast<std::int64_t>(blocks_.front().size), static_cast<std::int64_t>(size));
-    release(blocks_.front().at);
+    free(blocks_.front().at);
 }
 
-void* System::allocate(std::size_t size)
+void* System::malloc(std::size_t size)
 {
     ++allocations_;
     char* const block = allocations_ == to_be_refused_ ? nullptr : take(size);
@@ -221,7 +206,15 @@ void* System::allocate(std::size_t size)
     return block;
 }
 
-void System::release(void* block)
+void* System::calloc(std::size_t count, std::size_t size)
+{
+    void* const block = malloc(count * size);
+    if (block != nullptr && count * size <= largest_on_the_heap)
+        std::memset(block, 0, count * size);
+    return block;
+}
+
+void System::free(void* block)
 {
     const auto found = std::find_if(blocks_.begin(), blocks_.end(), [&](const Block& one) { return one.at == block; });
     if (found == blocks_.end())
@@ -234,7 +227,7 @@ void System::release(void* block)
     blocks_.erase(found);
 }
 
-int System::open()
+int System::open64(const char*, int, mode_t)
 {
     if (opened_ == replies_.size())
         fail("opens the device once more than it may");
@@ -264,34 +257,26 @@ std::size_t System::looked_at(const Exchange& exchange) const
     return 0;
 }
 
-int System::control(int descriptor, unsigned long number, char* envelope)
+int System::ioctl(int descriptor, unsigned long number, void* argument)
 {
     expect_equal("descriptor", descriptor, descriptor_of_the_device);
     if (number > 160)
         fail("sends a command that does not exist");
-    expect_accessible("the envelope", envelope, 24);
-    std::uint32_t in_length;
-    const char* in;
-    Exchange exchange {};
-    char* out;
-    std::memcpy(&in_length, envelope, 4);
-    std::memcpy(&in, envelope + 4, 8);
-    std::memcpy(&exchange.room, envelope + 12, 4);
-    std::memcpy(&out, envelope + 16, 8);
-    expect_accessible("the request", in, in_length);
-    expect_accessible("the room of the reply", out, std::min<std::size_t>(exchange.room, most_poisoned));
-    exchange.input.assign(in, in_length);
+    expect_accessible("the envelope", static_cast<const char*>(argument), operations::envelope_size);
+    const operations::Envelope envelope = operations::read_envelope(argument);
+    expect_accessible("the request", envelope.in, envelope.in_len);
+    expect_accessible("the room of the reply", envelope.out, std::min<std::size_t>(envelope.room, most_poisoned));
+    Exchange exchange {.room = envelope.room, .reported = envelope.room, .input = {envelope.in, envelope.in_len}};
 
     const Reply& reply = replies_[opened_ - 1];
-    exchange.reported = exchange.room;
     if (reply.error() == 0) {
         exchange.reported = reply.reported(exchange.room, shape_.record);
-        std::memcpy(envelope + 12, &exchange.reported, 4);
+        operations::report_length(argument, exchange.reported);
         const std::size_t looked = looked_at(exchange);
-        if (out != nullptr)
-            reply.write(out, std::max(looked, reply.written(exchange.room)));
+        if (envelope.out != nullptr)
+            reply.write(envelope.out, std::max(looked, reply.written(exchange.room)));
         if (shape_.looks != Looks::Nowhere && looked < exchange.room) {
-            poisoned_ = {out + looked, std::min(exchange.room - looked, most_poisoned)};
+            poisoned_ = {envelope.out + looked, std::min(exchange.room - looked, most_poisoned)};
             ASAN_POISON_MEMORY_REGION(poisoned_.at, poisoned_.size);
         }
     }
@@ -307,14 +292,15 @@ int System::close(int descriptor)
     return 0;
 }
 
-int System::convert(void* address, std::size_t size)
+int System::inet_pton(int family, const char* text, void* address)
 {
-    if (inet_pton_.empty())
-        return 0;
+    const int real = Libc::inet_pton(family, text, address);
+    if (real != 0 || inet_pton_.empty())
+        return real;
     const int answer = static_cast<std::int8_t>(inet_pton_.front()) % 2;
     inet_pton_.remove_prefix(1);
     if (answer == 1)
-        std::memset(address, 'a', size);
+        std::memset(address, 'a', family == AF_INET ? 4 : 16);
     return answer;
 }
 
@@ -336,90 +322,3 @@ char Buffer::fresh() const
 }
 
 } // namespace fuzz
-
-using fuzz::system_of_the_library;
-
-extern "C" {
-
-void* __wrap_malloc(std::size_t size)
-{
-    fuzz::System* const system = std::exchange(system_of_the_library, nullptr);
-    if (system == nullptr)
-        return __real_malloc(size);
-    void* const block = system->allocate(size);
-    system_of_the_library = system;
-    return block;
-}
-
-void* __wrap_calloc(std::size_t count, std::size_t size)
-{
-    fuzz::System* const system = std::exchange(system_of_the_library, nullptr);
-    if (system == nullptr)
-        return __real_calloc(count, size);
-    void* const block = system->allocate(count * size);
-    if (block != nullptr && count * size <= fuzz::largest_on_the_heap)
-        std::memset(block, 0, count * size);
-    system_of_the_library = system;
-    return block;
-}
-
-void __wrap_free(void* block)
-{
-    fuzz::System* const system = std::exchange(system_of_the_library, nullptr);
-    if (system == nullptr)
-        return __real_free(block);
-    system->release(block);
-    system_of_the_library = system;
-}
-
-int __wrap_open64(const char* path, int flags, ...)
-{
-    fuzz::System* const system = std::exchange(system_of_the_library, nullptr);
-    if (system == nullptr) {
-        va_list arguments;
-        va_start(arguments, flags);
-        const mode_t mode = (flags & (O_CREAT | O_TMPFILE)) != 0 ? va_arg(arguments, mode_t) : 0;
-        va_end(arguments);
-        return __real_open64(path, flags, mode);
-    }
-    const int descriptor = system->open();
-    system_of_the_library = system;
-    return descriptor;
-}
-
-int __wrap_ioctl(int descriptor, unsigned long number, ...)
-{
-    va_list arguments;
-    va_start(arguments, number);
-    char* const argument = va_arg(arguments, char*);
-    va_end(arguments);
-    fuzz::System* const system = std::exchange(system_of_the_library, nullptr);
-    if (system == nullptr)
-        return __real_ioctl(descriptor, number, argument);
-    const int result = system->control(descriptor, number, argument);
-    system_of_the_library = system;
-    return result;
-}
-
-int __wrap_close(int descriptor)
-{
-    fuzz::System* const system = std::exchange(system_of_the_library, nullptr);
-    if (system == nullptr)
-        return __real_close(descriptor);
-    const int result = system->close(descriptor);
-    system_of_the_library = system;
-    return result;
-}
-
-int __wrap_inet_pton(int family, const char* text, void* address)
-{
-    fuzz::System* const system = std::exchange(system_of_the_library, nullptr);
-    const int real = __real_inet_pton(family, text, address);
-    if (system == nullptr)
-        return real;
-    const int scripted = system->convert(address, family == AF_INET ? 4 : 16);
-    system_of_the_library = system;
-    return real != 0 ? real : scripted;
-}
-
-} // extern "C"

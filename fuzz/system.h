@@ -3,6 +3,7 @@
 #pragma once
 
 #include "expect.h"
+#include "fake/interposer.h"
 #include "input.h"
 
 #include <string>
@@ -87,15 +88,13 @@ struct Shape
     std::size_t replies = 1;
 };
 
-class System
+class System : public fake::Libc
 {
 public:
     // The input says which allocation is refused, then what the replies do, then what all but the last of them hold;
     // that of the last is the rest.
     System(Input& input, const Shape& shape);
     ~System();
-    System(const System&) = delete;
-    System& operator=(const System&) = delete;
 
     // Makes calls of the library in this system.
     template <class Function>
@@ -120,12 +119,13 @@ public:
     void script_inet_pton(std::string_view answers) { inet_pton_ = answers; }
 
     // What the library calls.
-    void* allocate(std::size_t size);
-    void release(void* block);
-    int open();
-    int control(int descriptor, unsigned long number, char* envelope);
-    int close(int descriptor);
-    int convert(void* address, std::size_t size);
+    void* malloc(std::size_t size) override;
+    void* calloc(std::size_t count, std::size_t size) override;
+    void free(void* block) override;
+    int open64(const char* path, int flags, mode_t mode) override;
+    int ioctl(int descriptor, unsigned long number, void* argument) override;
+    int close(int descriptor) override;
+    int inet_pton(int family, const char* text, void* address) override;
 
 private:
     struct Block

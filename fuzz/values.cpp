@@ -1,27 +1,12 @@
 // Reads of a 32-bit value, and of the one count that is a reply of its own.
-#include "lumozeph.h"
 #include "reads.h"
 
 #include <cerrno>
-#include <cstring>
+#include <lumozeph.h>
 
 namespace fuzz {
 
 namespace {
-
-struct ValueRead
-{
-    std::string name;
-    std::function<std::int32_t(std::uint32_t*)> read;
-};
-
-const std::vector<ValueRead> value_reads {
-    {"GetLogLevel", LUMOZEPH_GetLogLevel},
-    {"GetExtendedLogLevel", LUMOZEPH_GetExtendedLogLevel},
-    {"GetStatsLevel", LUMOZEPH_GetStatsLevel},
-    {"GetTxDispQueueSize", LUMOZEPH_GetTxDispQueueSize},
-    {"LUMODevCheckConnDeletion", LUMOZEPH_LUMODevCheckConnDeletion},
-};
 
 constexpr std::uint32_t before = 4711;
 
@@ -30,11 +15,11 @@ void expect_value(std::uint32_t value, const Reply& reply)
     expect_bytes("value", {reinterpret_cast<const char*>(&value), sizeof value}, reply.content(0, sizeof value));
 }
 
-void run(const ValueRead& row, Input& input)
+void run(const Read& read, Input& input)
 {
     System system(input, {Looks::AtTheRoom, sizeof before});
     std::uint32_t value = before;
-    const Ended ended = system.call([&] { return row.read(&value); });
+    const Ended ended = system.call([&] { return read.call(&value); });
     expect_equal("allocations", system.allocations(), 0);
     if (system.reply().error() != 0) {
         expect_failure(ended, system.reply().error());
@@ -71,9 +56,10 @@ void read_policy_count(Input& input)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
+    static const auto reads = fuzz::reads_of({operations::Shape::GetValue});
     fuzz::Input input(data, size);
     if (input.byte() % 2 == 0)
-        fuzz::run(choose(fuzz::value_reads, input), input);
+        fuzz::run(fuzz::choose(reads, input), input);
     else
         fuzz::read_policy_count(input);
     return 0;

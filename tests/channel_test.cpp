@@ -1,9 +1,9 @@
 // The device call: which device, which system calls, whose errno.
-#include "lumozeph.h"
-#include "support/matchers.h"
-#include "support/wire.h"
+#include "fake/matchers.h"
 
-using namespace world;
+#include <lumozeph.h>
+
+using namespace fake;
 using testing::ElementsAre;
 
 namespace {

@@ -1,13 +1,13 @@
 // The library against the emulator's model: what is set can be read back.
-#include "lumozeph.h"
-#include "support/emulated.h"
-#include "support/matchers.h"
-#include "support/wire.h"
+#include "fake/emulated.h"
+#include "fake/matchers.h"
 
+#include <lumozeph.h>
 #include <set>
 #include <thread>
 
-using namespace world;
+using namespace fake;
+using operations::get;
 
 namespace {
 

@@ -1,13 +1,15 @@
 // Every failure of the system around every operation that sends a command: each allocation in turn returns null, the
 // open, the ioctl and the close fail. What is due afterwards is restated here for each operation.
-#include "support/commands.h"
-#include "support/matchers.h"
-#include "support/wire.h"
+#include "shapes/rows.h"
 
-#include <map>
+#include <cstring>
 #include <set>
 
-using namespace world;
+using namespace fake;
+using operations::Case;
+using operations::Operation;
+using operations::Shape;
+using shapes::elsewhere;
 
 namespace {
 
@@ -52,19 +54,14 @@ Step asks(int command, Due when_it_fails)
     return {"", command, std::move(when_it_fails)};
 }
 
-struct Operation
+// What an operation does, from beginning to end.
+struct Course
 {
     Steps steps;
     std::vector<std::string> frees; // after success
     std::vector<std::string> left;  // what the caller then owns
     Answer reply;
 };
-
-// A worker fills what the caller has; the others that leave anything allocated hand it out.
-bool hands_out(const Operation& operation)
-{
-    return !operation.left.empty() && operation.steps[0].when_it_fails.has_value();
-}
 
 std::string of(std::size_t size)
 {
@@ -76,139 +73,104 @@ std::string of(std::size_t count, std::size_t size)
     return "(" + std::to_string(count) + ", " + std::to_string(size) + ")";
 }
 
-Operation single(int command, std::size_t size)
+Course read_of_one(const Operation& operation)
 {
-    const std::string reply = "malloc" + of(size);
-    const std::string result = "calloc" + of(1, size);
-    return {{allocates(reply, {{}}), asks(command, {{"free(#1)"}}),
+    const std::string reply = "malloc" + of(operation.room);
+    const std::string result = "calloc" + of(1, operation.room);
+    return {{allocates(reply, {{}}), asks(operation.command, {{"free(#1)"}}),
                 allocates(result, {.frees = {"free(#1)"}, .out = Out::Null})},
-        {"free(#1)"}, {"#2: " + result}, replies(Bytes(size, '\0'))};
+        {"free(#1)"}, {"#2: " + result}, replies(Bytes(operation.room, '\0'))};
 }
 
-// What becomes of a list's holder when the device call fails.
-enum class Holder
-{
-    Freed,
-    LeftAllocated
-};
-
-Operation list(int command, std::size_t room, std::size_t cap, std::size_t size, Holder on_device_error)
+Course read_of_list(const Operation& operation)
 {
     const std::string holder = "calloc" + of(1, 16);
-    const std::string reply = "malloc" + of(room);
-    const std::string array = "calloc" + of(cap, size);
-    const Due device_error = on_device_error == Holder::Freed
+    const std::string reply = "malloc" + of(operation.room);
+    const std::string array = "calloc" + of(static_cast<std::size_t>(operation.cap), operation.layouts.begin()->size);
+    const Due device_error = operation.on_device_error == operations::Holder::Freed
                                  ? Due {.frees = {"free(#1)", "free(#2)"}, .out = Out::Null}
                                  : Due {.frees = {"free(#2)"}, .left = {"#1: " + holder}, .out = Out::Null};
     return {{allocates(holder, {.frees = {}, .out = Out::Null}),
-                allocates(reply, {.frees = {"free(#1)"}, .out = Out::Null}), asks(command, device_error),
+                allocates(reply, {.frees = {"free(#1)"}, .out = Out::Null}), asks(operation.command, device_error),
                 allocates(array, {.frees = {"free(#1)", "free(#2)"}, .out = Out::Null})},
         {"free(#2)"}, {"#1: " + holder, "#3: " + array}, reports({}, 0)};
 }
 
-// The exported worker of a bridge list: frees the caller's holder on every failure but that of the device call.
-Operation worker(int command, std::size_t room, std::size_t cap, std::size_t size)
+// Fills a list of the caller's, who keeps the pointer to it whatever happens.
+Course worker_of_list(const Operation& operation)
 {
-    const std::string holder = "calloc" + of(1, 16);
-    const std::string reply = "malloc" + of(room);
-    const std::string array = "calloc" + of(cap, size);
-    return {{is_given(holder), allocates(reply, {{"free(#1)"}}), asks(command, {{"free(#2)"}, {"#1: " + holder}}),
-                allocates(array, {{"free(#1)", "free(#2)"}})},
-        {"free(#2)"}, {"#1: " + holder, "#3: " + array}, reports({}, 0)};
+    Course course = read_of_list(operation);
+    course.steps[0] = is_given(course.steps[0].allocation);
+    for (Step& step : course.steps)
+        if (step.when_it_fails)
+            step.when_it_fails->out = Out::Untouched;
+    return course;
 }
 
 // A reply that is copied to where the caller wants it.
-Operation buffered(int command, std::size_t size)
+Course buffered(const Operation& operation)
 {
-    return {{allocates("malloc" + of(size), {{}}), asks(command, {{"free(#1)"}})}, {"free(#1)"}, {},
-        replies(Bytes(size, '\0'))};
+    return {{allocates("malloc" + of(operation.room), {{}}), asks(operation.command, {{"free(#1)"}})}, {"free(#1)"}, {},
+        replies(Bytes(operation.room, '\0'))};
 }
 
-Operation vtep_table()
+Course counted_table(const Operation& operation)
 {
     Bytes reply(4 + 2 * 68, '\0');
-    put(reply, 0, 2, 4);
-    return {{allocates("malloc(139268)", {{}}), asks(129, {{"free(#1)"}}),
+    operations::put(reply, 0, 2, 4);
+    return {{allocates("malloc" + of(operation.room), {{}}), asks(operation.command, {{"free(#1)"}}),
                 allocates("calloc(1, 16)", {.frees = {"free(#1)"}, .out = Out::Null}),
                 allocates("calloc(2, 68)", {.frees = {"free(#2)", "free(#1)"}, .out = Out::Null})},
         {"free(#1)"}, {"#2: calloc(1, 16)", "#3: calloc(2, 68)"}, replies(reply)};
 }
 
-Operation rss_stats()
+Course counted_arrays(const Operation& operation)
 {
-    return {{allocates("malloc(804)", {{}}), asks(153, {{"free(#1)"}}),
-                allocates("malloc(804)", {.frees = {"free(#1)"}, .out = Out::Null})},
-        {"free(#1)"}, {"#2: malloc(804)"}, replies(Bytes(804, '\0'))};
+    const std::string block = "malloc" + of(operation.room);
+    return {{allocates(block, {{}}), asks(operation.command, {{"free(#1)"}}),
+                allocates(block, {.frees = {"free(#1)"}, .out = Out::Null})},
+        {"free(#1)"}, {"#2: " + block}, replies(Bytes(operation.room, '\0'))};
 }
 
 // Kept: a failed count query is reported as ENOMEM; after a failed data query the caller's pointer stays.
-Operation routes6()
+Course counted_block(const Operation& operation)
 {
-    Step count = asks(115, {{}});
+    const std::string block = "malloc" + of(operation.room);
+    Step count = asks(operation.command + 1, {{}});
     count.device_error = ENOMEM;
-    return {{count, allocates("malloc(6208000)", {.frees = {}, .out = Out::Null}),
-                asks(114, {.frees = {"free(#1)"}, .out = Out::Dangling})},
-        {}, {"#1: malloc(6208000)"}, replies(Bytes(4, '\0'))};
+    return {{count, allocates(block, {.frees = {}, .out = Out::Null}),
+                asks(operation.command, {.frees = {"free(#1)"}, .out = Out::Dangling})},
+        {}, {"#1: " + block}, replies(Bytes(4, '\0'))};
 }
 
-// clang-format off
-const std::map<std::string, Operation> allocating {
-    {"LUMOZEPH_GetInstance", single(1, 256)},
-    {"LUMOZEPH_GetLumoInstanceCPStats", single(5, 804)},
-    {"LUMOZEPH_GetLif", single(22, 576)},
-    {"LUMOZEPH_GetLifStats", single(23, 804)},
-    {"LUMOZEPH_GetLifStatsCached", single(23, 804)},
-    {"LUMOZEPH_GetResolveRoute", single(37, 668)},
-    {"LUMOZEPH_GetLumoDiStats", single(43, 804)},
-    {"LUMOZEPH_GetBridgeLif", single(60, 576)},
-    {"LUMOZEPH_GetBridgeInstance", single(62, 393)},
-    {"LUMOZEPH_GetLumoInstanceCPSyncState", single(87, 1420)},
-    {"LUMOZEPH_GetMRoutingDomain", single(130, 148)},
-    {"LUMOZEPH_GetLifPolicyTableRef", single(146, 546)},
-
-    {"LUMOZEPH_GetInstances", list(0, 256000, 1000, 256, Holder::Freed)},
-    {"LUMOZEPH_GetLifs", list(21, 5760000, 10000, 576, Holder::Freed)},
-    {"LUMOZEPH_GetRoutes", list(36, 5344000, 8000, 668, Holder::Freed)},
-    {"LUMOZEPH_GetPolicy", list(119, 28000, 1000, 28, Holder::Freed)},
-    {"LUMOZEPH_GetLifPolicies", list(140, 5344000, 8000, 668, Holder::Freed)},
-    {"LUMOZEPH_GetPolicyTable", list(143, 72000, 1000, 72, Holder::Freed)},
-    {"LUMOZEPH_GetBridgeLifs", list(59, 5760000, 10000, 576, Holder::LeftAllocated)},
-    {"LUMOZEPH_GetBridgeInstances", list(61, 1609728, 4096, 393, Holder::LeftAllocated)},
-    {"LUMOZEPH_GetBridgeNetworks", list(63, 4358144, 32768, 133, Holder::LeftAllocated)},
-    {"LUMOZEPH_GetBridgePorts", list(64, 4784128, 32768, 146, Holder::LeftAllocated)},
-    {"LUMOZEPH_GetBridgeFdbEntries", list(65, 81920, 4096, 20, Holder::LeftAllocated)},
-    {"LUMOZEPH_GetBridgeClusters", list(89, 1830, 10, 183, Holder::LeftAllocated)},
-    {"LUMOZEPH_GetBridgeClusterNodes", list(92, 7100, 100, 71, Holder::LeftAllocated)},
-    {"LUMOZEPH_GetBridgeEndpoints", list(95, 6737920, 28672, 235, Holder::LeftAllocated)},
-    {"LUMOZEPH_GetBridgeBFDSessions", list(96, 111820800, 2867200, 39, Holder::LeftAllocated)},
-    {"LUMOZEPH_GetMRoutingLocalRcvrs", list(128, 45056, 512, 88, Holder::LeftAllocated)},
-    {"LUMOZEPH_GetMRoutingAllMcastGroups", list(135, 49152, 4096, 12, Holder::LeftAllocated)},
-
-    {"LUMOZEPHGetBridgeInstances", worker(61, 1609728, 4096, 393)},
-    {"LUMOZEPHGetBridgeNetworks", worker(63, 4358144, 32768, 133)},
-    {"LUMOZEPHGetBridgePorts", worker(64, 4784128, 32768, 146)},
-    {"LUMOZEPHGetBridgeFdbEntries", worker(65, 81920, 4096, 20)},
-    {"LUMOZEPHGetBridgeClusters", worker(89, 1830, 10, 183)},
-    {"LUMOZEPHGetBridgeClusterNodes", worker(92, 7100, 100, 71)},
-    {"LUMOZEPHGetBridgeEndpoints", worker(95, 6737920, 28672, 235)},
-    {"LUMOZEPHGetBridgeBFDSessions", worker(96, 111820800, 2867200, 39)},
-
-    {"LUMOZEPH_GetPolicyCount", buffered(122, 4)},
-    {"LUMOZEPH_SoftRSSGetTunables", buffered(155, 12)},
-    {"LUMOZEPH_SoftRSSGetIndTable", buffered(157, 128)},
-    {"LUMOZEPH_GetMRoutingRemoteRcvrs", vtep_table()},
-    {"LUMOZEPH_SoftRSSGetStats", rss_stats()},
-    {"LUMOZEPH_GetRoutesv6", routes6()},
-};
-// clang-format on
-
-// Every operation that is not named above allocates nothing and lets the module write to the caller's own memory.
-Operation operation_of(const CommandRow& row)
+Course course_of(const Operation& operation)
 {
-    const auto found = allocating.find(row.function);
-    if (found != allocating.end())
-        return found->second;
-    return {{asks(row.command, {{}})}, {}, {}, replies(Bytes(row.out_len, '\0'))};
+    switch (operation.shape) {
+    case Shape::SingleRead:
+        return read_of_one(operation);
+    case Shape::ListRead:
+        return read_of_list(operation);
+    case Shape::ListWorker:
+        return worker_of_list(operation);
+    case Shape::BufferedRead:
+        return buffered(operation);
+    case Shape::CountedTable:
+        return counted_table(operation);
+    case Shape::CountedArrays:
+        return counted_arrays(operation);
+    case Shape::CountedBlock:
+        return counted_block(operation);
+    // These allocate nothing and let the module write to the caller's own memory.
+    case Shape::Send:
+    case Shape::ResultSend:
+    case Shape::SetValue:
+    case Shape::GetValue:
+    case Shape::Bare:
+    case Shape::RawRead:
+    case Shape::CountedRead:
+        break;
+    }
+    return {{asks(operation.command, {{}})}, {}, {}, replies(Bytes(reply_room(operation), '\0'))};
 }
 
 // One way in which the system fails: at one step, or only when the device is closed.
@@ -225,13 +187,13 @@ constexpr int open_errors[] = {ENOENT, EACCES, ENODEV, EMFILE, ENFILE, EINTR};
 constexpr int ioctl_errors[] = {EINVAL, EPERM, ENOTTY, EBUSY, ENOMEM, ENODEV, EINTR, EFAULT};
 constexpr int close_errors[] = {EIO, EINTR, EBADF};
 
-std::vector<Point> points(const Operation& operation)
+std::vector<Point> points(const Course& course)
 {
     std::vector<Point> all;
     for (const int close_error : close_errors)
         all.push_back({"close fails with " + errno_name(close_error), std::nullopt, 0, 0, close_error});
-    for (std::size_t i = 0; i < operation.steps.size(); ++i) {
-        const Step& step = operation.steps[i];
+    for (std::size_t i = 0; i < course.steps.size(); ++i) {
+        const Step& step = course.steps[i];
         if (!step.when_it_fails)
             continue;
         if (!step.allocation.empty()) {
@@ -258,12 +220,12 @@ struct Expected
     int error = 0;
 };
 
-Expected expected(const Operation& operation, const Point& point)
+Expected expected(const Course& course, const Point& point)
 {
     Expected due;
     int number = 0;
-    for (std::size_t i = 0; i < operation.steps.size(); ++i) {
-        const Step& step = operation.steps[i];
+    for (std::size_t i = 0; i < course.steps.size(); ++i) {
+        const Step& step = course.steps[i];
         const bool fails = point.failing_step == i;
         if (!step.allocation.empty()) {
             ++number;
@@ -291,123 +253,106 @@ Expected expected(const Operation& operation, const Point& point)
     return due;
 }
 
-System system_for(const Operation& operation, const Point& point)
+System system_for(const Course& course, const Point& point)
 {
     System system {.open_error = point.open_error, .close_error = point.close_error};
     for (std::size_t i = 0; point.failing_step && i <= *point.failing_step; ++i) {
-        const Step& step = operation.steps[i];
+        const Step& step = course.steps[i];
         if (!step.allocation.empty())
             ++system.failing_allocation;
         else if (i < *point.failing_step)
             ++system.opens_before_error;
     }
-    if (point.failing_step && operation.steps[*point.failing_step].allocation.empty())
+    if (point.failing_step && course.steps[*point.failing_step].allocation.empty())
         system.failing_allocation = 0;
     return system;
 }
 
-void prepare(ScriptedDevice& device, const Operation& operation, const Point& point)
+void prepare(ScriptedDevice& device, const Course& course, const Point& point)
 {
-    for (std::size_t i = 0; i < operation.steps.size(); ++i)
-        if (operation.steps[i].allocation.empty())
-            device.next(point.failing_step == i && point.ioctl_error != 0 ? fails(point.ioctl_error) : operation.reply);
+    for (std::size_t i = 0; i < course.steps.size(); ++i)
+        if (course.steps[i].allocation.empty())
+            device.next(point.failing_step == i && point.ioctl_error != 0 ? fails(point.ioctl_error) : course.reply);
 }
 
-// The caller's memory, into which an operation may only put what is due.
-struct Memory
+constexpr std::uint32_t old_count = 0x5a5a5a5a;
+
+// What the caller has, into which an operation may only put what is due.
+struct Caller
 {
-    std::uint32_t number;
-    Bytes bytes;
-    Bytes result;
-    Bytes tunables;
-    Bytes room;
-    bool operator==(const Memory&) const = default;
+    const Operation& operation;
+    void* out = elsewhere;
+    Bytes memory = Bytes(target_size(operation), '\x5a');
+    std::uint32_t count = old_count;
+
+    std::int32_t call()
+    {
+        const Case& one = *operation.cases.begin();
+        if (operation.shape == Shape::ListWorker)
+            return operations::call(operation, one, {calloc(1, 16), &count});
+        return operations::call(
+            operation, one, {hands_out(operation) ? static_cast<void*>(&out) : memory.data(), &count});
+    }
 };
 
-template <class Type>
-Bytes bytes_of(const Type& object)
-{
-    return Bytes(reinterpret_cast<const char*>(&object), sizeof object);
-}
-
-constexpr std::uint32_t old_number = 0x5a5a5a5a;
-void* const elsewhere = reinterpret_cast<void*>(0x5a5a);
-
-Memory memory_before(std::size_t room)
-{
-    caller.out = elsewhere;
-    caller.number = old_number;
-    std::memset(caller.bytes, 0x5a, sizeof caller.bytes);
-    std::memset(&caller.result, 0x5a, sizeof caller.result);
-    std::memset(&caller.tunables, 0x5a, sizeof caller.tunables);
-    std::memset(caller.room, 0x5a, room);
-    return {
-        old_number, bytes_of(caller.bytes), bytes_of(caller.result), bytes_of(caller.tunables), Bytes(room, '\x5a')};
-}
-
-Memory memory_now(std::size_t room)
-{
-    return {caller.number, bytes_of(caller.bytes), bytes_of(caller.result), bytes_of(caller.tunables),
-        Bytes(caller.room, room)};
-}
-
 // Kept: what these operations write although they fail. A result area is zeroed in any case.
-void write_what_is_due(const CommandRow& row, const Operation& operation, std::size_t failing_step, Memory& memory)
+void write_what_is_due(const Course& course, std::size_t failing_step, Caller& caller)
 {
-    if (row.out_len == 88)
-        memory.result = Bytes(88, '\0');
-    const bool device_failed = operation.steps[failing_step].allocation.empty();
-    if (std::string_view(row.function) == "LUMOZEPH_SoftRSSGetTunables" && device_failed)
-        memory.tunables = Bytes(12, '\xa5'); // what a fresh block holds here
-    if (std::string_view(row.function) == "LUMOZEPH_GetRoutesv6" && device_failed && failing_step > 0)
-        memory.number = 8000;
+    const bool device_failed = course.steps[failing_step].allocation.empty();
+    const std::string_view function = caller.operation.function.name;
+    if (caller.operation.shape == Shape::ResultSend)
+        caller.memory.assign(caller.memory.size(), '\0');
+    if (function == "LUMOZEPH_SoftRSSGetTunables" && device_failed)
+        caller.memory.assign(caller.memory.size(), '\xa5'); // what a fresh block holds here
+    if (function == "LUMOZEPH_GetRoutesv6" && device_failed && failing_step > 0)
+        caller.count = 8000;
 }
 
-class FailureSweep : public testing::TestWithParam<CommandRow>
+class FailureSweep : public testing::TestWithParam<const Operation*>
 {};
 
 TEST_P(FailureSweep, LeavesWhatIsDue)
 {
-    const CommandRow& row = GetParam();
-    const Operation operation = operation_of(row);
-    // The room of the reply is the caller's own where nothing is allocated for it.
-    const std::size_t room = allocating.count(row.function) != 0 ? 0 : row.out_len;
+    const Operation& operation = *GetParam();
+    const Course course = course_of(operation);
 
-    memory_before(room);
+    Caller lucky {operation};
     ScriptedDevice good;
-    prepare(good, operation, {});
-    const Call success = observe(good, row.call);
+    prepare(good, course, {});
+    const Call success = observe(good, [&] { return lucky.call(); });
     ASSERT_THAT(success, Succeeds());
-    EXPECT_EQ(success.blocks_left, operation.left);
+    EXPECT_EQ(success.blocks_left, course.left);
     free_left(success);
-    const Memory good_memory = memory_now(room);
 
-    for (const Point& point : points(operation)) {
+    for (const Point& point : points(course)) {
         SCOPED_TRACE(point.name);
-        Memory memory = memory_before(room);
+        Caller caller {operation};
         ScriptedDevice device;
-        prepare(device, operation, point);
-        const Call call = observe(device, system_for(operation, point), row.call);
-        Expected due = expected(operation, point);
+        prepare(device, course, point);
+        const Call call = observe(device, system_for(course, point), [&] { return caller.call(); });
+        Expected due = expected(course, point);
 
         if (!point.failing_step) {
             EXPECT_EQ(call.result, 0);
-            due.events.insert(due.events.end(), operation.frees.begin(), operation.frees.end());
+            due.events.insert(due.events.end(), course.frees.begin(), course.frees.end());
             EXPECT_EQ(call.events, due.events);
-            EXPECT_EQ(call.blocks_left, operation.left);
+            EXPECT_EQ(call.blocks_left, course.left);
             EXPECT_EQ(caller.out != elsewhere, hands_out(operation));
             EXPECT_NE(caller.out, nullptr);
-            EXPECT_TRUE(memory_now(room) == good_memory);
+            EXPECT_TRUE(caller.memory == lucky.memory);
+            EXPECT_EQ(caller.count, lucky.count);
         } else {
-            const Due& left = *operation.steps[*point.failing_step].when_it_fails;
+            const Due& left = *course.steps[*point.failing_step].when_it_fails;
             EXPECT_THAT(call, Fails(due.error));
             due.events.insert(due.events.end(), left.frees.begin(), left.frees.end());
             EXPECT_EQ(call.events, due.events);
             EXPECT_EQ(call.blocks_left, left.left);
             EXPECT_EQ(caller.out == elsewhere, left.out == Out::Untouched);
             EXPECT_EQ(caller.out == nullptr, left.out == Out::Null);
-            write_what_is_due(row, operation, *point.failing_step, memory);
-            EXPECT_TRUE(memory_now(room) == memory);
+            Caller unlucky {operation};
+            write_what_is_due(course, *point.failing_step, unlucky);
+            EXPECT_TRUE(caller.memory == unlucky.memory);
+            EXPECT_EQ(caller.count, unlucky.count);
         }
         EXPECT_EQ(call.descriptors_left, 0);
         free_left(call);
@@ -416,30 +361,27 @@ TEST_P(FailureSweep, LeavesWhatIsDue)
     }
 }
 
-// The two commands of the IPv6 routes are steps of one operation.
-std::vector<CommandRow> rows_to_sweep()
+std::vector<const Operation*> all_operations()
 {
-    std::vector<CommandRow> rows;
-    for (const CommandRow& row : command_rows)
-        if (row.command != 115)
-            rows.push_back(row);
-    return rows;
+    std::vector<const Operation*> all;
+    operations::for_each_operation(
+        [&](const operations::Chapter&, const Operation& operation) { all.push_back(&operation); });
+    return all;
 }
 
-INSTANTIATE_TEST_SUITE_P(Rows, FailureSweep, testing::ValuesIn(rows_to_sweep()),
-    [](const auto& row) { return std::string(row.param.function) + "_" + std::to_string(row.param.command); });
+INSTANTIATE_TEST_SUITE_P(, FailureSweep, testing::ValuesIn(all_operations()), [](const auto& operation) {
+    return std::string(operation.param->function.name) + "_" + std::to_string(operation.param->command);
+});
 
 TEST(FailureSweeps, CoverEveryOperation)
 {
     std::set<std::string> swept;
     std::size_t count = 0;
-    for (const CommandRow& row : rows_to_sweep()) {
-        swept.insert(row.function);
-        count += points(operation_of(row)).size();
+    for (const Operation* operation : all_operations()) {
+        swept.insert(operation->function.name);
+        count += points(course_of(*operation)).size();
     }
     EXPECT_EQ(swept.size(), 154u);
-    for (const auto& [function, operation] : allocating)
-        EXPECT_EQ(swept.count(function), 1u) << function;
     EXPECT_EQ(count, 4247u);
     RecordProperty("points", static_cast<int>(count));
 }

@@ -1,74 +1,17 @@
 // Software receive-side scaling.
-#include "lumozeph.h"
-#include "support/sends.h"
+#include "fake/matchers.h"
+#include "operations/request.h"
 
-using namespace world;
+#include <lumozeph.h>
+
+using namespace fake;
+using operations::put;
+using operations::Request;
 using testing::ElementsAre;
 
 namespace {
 
 constexpr LumoRssTunables tunables {0x0102030405060708, 0x11121314};
-
-LumoRssIndTable table_of(std::int32_t size)
-{
-    LumoRssIndTable table {};
-    for (std::size_t i = 0; i < 128; ++i)
-        table.entries[i] = static_cast<std::uint8_t>(i + 1);
-    table.size = size;
-    return table;
-}
-
-Bytes bytes_of(const LumoRssIndTable& table)
-{
-    return {reinterpret_cast<const char*>(table.entries), 128};
-}
-
-const std::vector<Send> sends {
-    {"StatsReset", 154, Record().text(64, "target"), [] { return LUMOZEPH_SoftRSSStatsReset("target"); }},
-    {"StatsResetOfATargetOf64", 154, Record().text(64, Bytes(63, 't')),
-        [] { return LUMOZEPH_SoftRSSStatsReset(Bytes(64, 't').c_str()); }},
-    // Kept: the second value is not sent.
-    {"SetTunablesWithoutTheSecondValue", 156, Record().text(64, "target").u64(128, 0x0102030405060708),
-        [] { return LUMOZEPH_SoftRSSSetTunables("target", &tunables); }},
-    {"TableSet", 158, Record().text(64, "target").text(128, bytes_of(table_of(128))).u32(256, 128),
-        [] {
-            const LumoRssIndTable table = table_of(128);
-            return LUMOZEPH_SoftRSSTableSet("target", &table);
-        }},
-    {"TableSetOfFive", 158, Record().text(64, "target").text(128, "\1\2\3\4\5").u32(256, 5),
-        [] {
-            const LumoRssIndTable table = table_of(5);
-            return LUMOZEPH_SoftRSSTableSet("target", &table);
-        }},
-    {"TableSetOfNone", 158, Record().text(64, "target"),
-        [] {
-            const LumoRssIndTable table = table_of(0);
-            return LUMOZEPH_SoftRSSTableSet("target", &table);
-        }},
-    {"TableSetOfANegativeSize", 158, Record().text(64, "target").u32(256, 0xfffffffe),
-        [] {
-            const LumoRssIndTable table = table_of(-2);
-            return LUMOZEPH_SoftRSSTableSet("target", &table);
-        }},
-};
-
-INSTANTIATE_TEST_SUITE_P(Rss, Sends, testing::ValuesIn(sends), NameOfRow());
-
-TEST(Rss, NeedsATarget)
-{
-    LumoRssStats* stats = reinterpret_cast<LumoRssStats*>(0x5a5a);
-    LumoRssTunables read = tunables;
-    std::uint8_t entries[128] = {};
-    const LumoRssIndTable table = table_of(1);
-    expect_rejected([&] { return LUMOZEPH_SoftRSSGetStats(nullptr, &stats); });
-    expect_rejected([] { return LUMOZEPH_SoftRSSStatsReset(nullptr); });
-    expect_rejected([&] { return LUMOZEPH_SoftRSSGetTunables(nullptr, &read); });
-    expect_rejected([] { return LUMOZEPH_SoftRSSSetTunables(nullptr, &tunables); });
-    expect_rejected([&] { return LUMOZEPH_SoftRSSGetIndTable(nullptr, entries); });
-    expect_rejected([&] { return LUMOZEPH_SoftRSSTableSet(nullptr, &table); });
-    EXPECT_EQ(stats, reinterpret_cast<LumoRssStats*>(0x5a5a));
-    EXPECT_EQ(+read.value2, 0x11121314u);
-}
 
 // Kept: a table of more entries than there are overwrites the size behind it, and ends where the request ends.
 TEST(Rss, ATableSetOfMoreThan128OverwritesTheSizeAndStaysInTheRequest)
@@ -80,7 +23,7 @@ TEST(Rss, ATableSetOfMoreThan128OverwritesTheSizeAndStaysInTheRequest)
             block[i] = static_cast<char>(1 + i % 127);
         put(block, 128, static_cast<std::uint32_t>(size), 4);
         const auto sent_size = static_cast<std::size_t>(std::min(size, 648));
-        Bytes expected = Record().text(64, "t").u32(256, static_cast<std::uint32_t>(size));
+        Bytes expected(Request().text(64, "t").u32(256, static_cast<std::uint32_t>(size)).content());
         expected.replace(128, sent_size, block.substr(0, sent_size));
         ScriptedDevice device;
         const Call call = observe(device,
@@ -123,7 +66,7 @@ TEST_F(RssStats, AreReadIntoABlockThatIsAllocatedAfterTheCall)
                                  "open64(/pelt/devices/char/zephdriver/kola_lumo, 2) = 5000", "ioctl(5000, 153)",
                                  "close(5000)", "malloc(804) = #2", "free(#1)"));
     ASSERT_EQ(call.sent.size(), 1u);
-    EXPECT_EQ(call.sent[0].input, Bytes(Record().text(64, "target")));
+    EXPECT_EQ(call.sent[0].input, Request().text(64, "target").content());
     EXPECT_EQ(call.sent[0].out_len, 804u);
     free(out);
 }
@@ -242,7 +185,7 @@ TEST_F(RssTunables, AreReadThroughABuffer)
     EXPECT_THAT(call.events, ElementsAre("malloc(12) = #1", "getenv(USE_UPGRADE_DEV)",
                                  "open64(/pelt/devices/char/zephdriver/kola_lumo, 2) = 5000", "ioctl(5000, 155)",
                                  "close(5000)", "free(#1)"));
-    EXPECT_EQ(call.sent.at(0).input, Bytes(Record().text(64, "target")));
+    EXPECT_EQ(call.sent.at(0).input, Request().text(64, "target").content());
     EXPECT_EQ(call.sent.at(0).out_len, 12u);
     EXPECT_EQ(offsetof(LumoRssTunables, value2), 8u);
 }
@@ -278,14 +221,17 @@ TEST(RssIndTable, IsReadThroughABufferOnSuccessOnly)
     EXPECT_THAT(observe(absent, {.failing_allocation = 1}, read), Fails(ENOMEM));
     EXPECT_EQ(entries, Bytes(128, '\x5a'));
 
-    ScriptedDevice device(reports(bytes_of(table_of(0)), 3));
+    Bytes table(128, '\0');
+    for (std::size_t i = 0; i < table.size(); ++i)
+        table[i] = static_cast<char>(i + 1);
+    ScriptedDevice device(reports(table, 3));
     const Call call = observe(device, read);
     EXPECT_THAT(call, Succeeds());
-    EXPECT_EQ(entries, bytes_of(table_of(0)));
+    EXPECT_EQ(entries, table);
     EXPECT_THAT(call.events, ElementsAre("malloc(128) = #1", "getenv(USE_UPGRADE_DEV)",
                                  "open64(/pelt/devices/char/zephdriver/kola_lumo, 2) = 5000", "ioctl(5000, 157)",
                                  "close(5000)", "free(#1)"));
-    EXPECT_EQ(call.sent.at(0).input, Bytes(Record().text(64, "target")));
+    EXPECT_EQ(call.sent.at(0).input, Request().text(64, "target").content());
     EXPECT_EQ(call.sent.at(0).out_len, 128u);
 }
 

@@ -1,11 +1,14 @@
 // The library has no state: any number of threads may be in any of its functions at once. ThreadSanitizer looks on.
-#include "support/commands.h"
-#include "support/matchers.h"
+#include "fake/matchers.h"
+#include "operations/operations.h"
 
 #include <atomic>
-#include <pthread.h>
+#include <thread>
 
-using namespace world;
+using namespace fake;
+using operations::Case;
+using operations::Operation;
+using operations::Shape;
 
 namespace {
 
@@ -30,65 +33,61 @@ struct List
     void* records;
 };
 
-void free_results(const CommandRow& row)
+// What one thread's calls write to.
+struct Caller
 {
-    const bool is_list = row.out_len > largest_record && row.command != 114;
-    for (void* result : {caller.out, caller.held}) {
-        if (result != nullptr && is_list)
-            free(static_cast<List*>(result)->records);
-        free(result);
+    std::vector<char> memory = std::vector<char>(7471104);
+    void* out = nullptr;
+    std::uint32_t count = 0;
+};
+
+// Whether the call succeeds, as it must.
+bool succeeds(const Operation& operation, const Case& one, Caller& caller)
+{
+    List* list = operation.shape == Shape::ListWorker ? static_cast<List*>(calloc(1, sizeof(List))) : nullptr;
+    void* const target = list != nullptr        ? list
+                         : hands_out(operation) ? static_cast<void*>(&caller.out)
+                                                : caller.memory.data();
+    errno = untouched;
+    if (operations::call(operation, one, {target, &caller.count}) != 0 || errno != untouched)
+        return false;
+    if (hands_out(operation)) {
+        if (operation.shape == Shape::CountedTable)
+            free(static_cast<List*>(caller.out)->records); // The release leaves that of an empty table.
+        if (operation.release.call == nullptr)
+            free(caller.out);
+        else if (operation.release.call(caller.out) != 0)
+            return false;
     }
-    caller.out = nullptr;
-    caller.held = nullptr;
+    return list == nullptr || operation.release.call(list) == 0;
 }
 
-// Every operation a few times, from another one on in every thread.
+// Every call of the tables a few times, from another one on in every thread.
 void call_everything(std::size_t first, std::atomic<int>& failures)
 {
+    std::vector<std::pair<const Operation*, const Case*>> calls;
+    operations::for_each_case(
+        [&](const Operation& operation, const Case& one) { calls.emplace_back(&operation, &one); });
+    Caller caller;
     constexpr int rounds = 5;
     for (int round = 0; round < rounds; ++round)
-        for (std::size_t i = 0; i < command_rows.size(); ++i) {
-            const CommandRow& row = command_rows[(first + i) % command_rows.size()];
-            errno = untouched;
-            if (row.call() != 0 || errno != untouched)
+        for (std::size_t i = 0; i < calls.size(); ++i) {
+            const auto& [operation, one] = calls[(first + i) % calls.size()];
+            if (!succeeds(*operation, *one, caller))
                 ++failures;
-            free_results(row);
         }
 }
-
-struct Start
-{
-    std::size_t first;
-    std::atomic<int>* failures;
-};
 
 TEST(Threads, CallEverythingAtOnce)
 {
     StatelessDevice device;
     const Installed installed(device);
     std::atomic<int> failures = 0;
-    // What the calls of the table write to lies with the thread, and is large.
-    pthread_attr_t attributes;
-    pthread_attr_init(&attributes);
-    pthread_attr_setstacksize(&attributes, 64 << 20);
-    constexpr std::size_t count = 8;
-    Start starts[count];
-    pthread_t threads[count];
-    for (std::size_t i = 0; i < count; ++i) {
-        starts[i] = {i * command_rows.size() / count, &failures};
-        ASSERT_EQ(pthread_create(
-                      &threads[i], &attributes,
-                      [](void* start) -> void* {
-                          const Start& at = *static_cast<Start*>(start);
-                          call_everything(at.first, *at.failures);
-                          return nullptr;
-                      },
-                      &starts[i]),
-            0);
-    }
-    for (const pthread_t thread : threads)
-        pthread_join(thread, nullptr);
-    pthread_attr_destroy(&attributes);
+    std::vector<std::thread> threads;
+    for (std::size_t i = 0; i < 8; ++i)
+        threads.emplace_back(call_everything, 40 * i, std::ref(failures));
+    for (std::thread& thread : threads)
+        thread.join();
     EXPECT_EQ(failures, 0);
 }
 

@@ -1,5 +1,7 @@
 // So many calls of one kind of operation, and nothing else: for counting what they do.
 // usage: probe KIND CALLS
+#include "operations/envelope.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
@@ -29,14 +31,12 @@ int ioctl(int descriptor, unsigned long number, ...) noexcept
 {
     __builtin_va_list arguments;
     __builtin_va_start(arguments, number);
-    char* const envelope = __builtin_va_arg(arguments, char*);
+    void* const envelope = __builtin_va_arg(arguments, void*);
     __builtin_va_end(arguments);
     syscall(SYS_ioctl, descriptor, number, envelope);
-    char* room;
-    std::memcpy(&room, envelope + 16, sizeof room);
     if (reply_length > 0)
-        std::memcpy(room, reply, reply_length);
-    std::memcpy(envelope + 12, &reply_length, sizeof reply_length);
+        std::memcpy(operations::read_envelope(envelope).out, reply, reply_length);
+    operations::report_length(envelope, reply_length);
     return 0;
 }
 
