@@ -1,5 +1,5 @@
 /*
- * Creates, lists, reads, tunes and deletes router instances.
+ * Creates, lists, shows, tunes and deletes router instances.
  *
  *     instances list
  *     instances show KEY
@@ -7,43 +7,41 @@
  *     instances tune KEY TUNABLES VALUE
  *     instances delete KEY
  *
- * KEY is an instance's name or UUID. Exits 0 on success, 1 when the module refuses, 2 on wrong usage.
+ * KEY is an instance's name or UUID. That text2 is the UUID is how the emulator has it.
+ * Exits 0 on success, 1 when something fails, 2 on wrong usage.
  */
+#include <ctype.h>
 #include <errno.h>
 #include <inttypes.h>
 #include <lumozeph.h>
+#include <stdbool.h>
 #include <stdio.h>
 #include <stdlib.h>
 #include <string.h>
 
 static int usage(void)
 {
-    fputs("usage: instances list | show KEY | set KEY VALUE | tune KEY TUNABLES VALUE | delete KEY\n", stderr);
+    fprintf(stderr, "usage: instances list | show KEY | set KEY VALUE | delete KEY (names: up to 63 bytes)\n"
+                    "       instances tune KEY TUNABLES VALUE\n");
     return 2;
 }
 
-/* Says why a call failed, in terms of what the user asked for. */
-static int failed(const char* what, const char* key)
+/* Says what was tried, on what, and why it failed. */
+static int failed(const char* what, const char* name)
 {
     const int error = errno;
-    if (error == ENOENT && key != NULL)
-        fprintf(stderr, "instances: %s %s: no such instance, or no module on this host\n", what, key);
-    else
-        fprintf(
-            stderr, "instances: %s%s%s: %s\n", what, key != NULL ? " " : "", key != NULL ? key : "", strerror(error));
+    const char* hint = error == ENOENT ? " (no such object, or no module on this host)" : "";
+    fprintf(stderr, "instances: %s %s: %s%s\n", what, name, strerror(error), hint);
     return 1;
 }
 
-static int parse(const char* text, uint32_t* value)
+/* A number in decimal. */
+static bool parse_number(const char* text, uint32_t* value)
 {
     char* end = NULL;
-    unsigned long parsed = 0;
-    errno = 0;
-    parsed = strtoul(text, &end, 0);
-    if (errno != 0 || end == text || *end != '\0' || parsed > UINT32_MAX)
-        return -1;
-    *value = (uint32_t)parsed;
-    return 0;
+    const unsigned long long number = strtoull(text, &end, 10);
+    *value = (uint32_t)number;
+    return isdigit((unsigned char)text[0]) && *end == '\0' && number <= UINT32_MAX;
 }
 
 static void print_heading(void)
@@ -59,14 +57,13 @@ static void print_instance(const struct LumoInstanceInfo* instance)
 static int list(void)
 {
     struct LumoInstanceList* instances = NULL;
-    int32_t i = 0;
     if (LUMOZEPH_GetInstances(&instances) != 0)
-        return failed("list", NULL);
+        return failed("list", "instances");
     print_heading();
-    for (i = 0; i < instances->count; ++i)
+    for (int32_t i = 0; i < instances->count; ++i)
         print_instance(&instances->records[i]);
     LUMOZEPH_ReleaseInstances(instances);
-    return 0;
+    return fflush(stdout) == 0 && !ferror(stdout) ? 0 : failed("write", "to standard output");
 }
 
 static int show(const char* key)
@@ -77,7 +74,7 @@ static int show(const char* key)
     print_heading();
     print_instance(instance);
     LUMOZEPH_ReleaseInstance(instance);
-    return 0;
+    return fflush(stdout) == 0 && !ferror(stdout) ? 0 : failed("write", "to standard output");
 }
 
 int main(int argc, char** argv)
@@ -85,13 +82,16 @@ int main(int argc, char** argv)
     const char* verb = argc > 1 ? argv[1] : "";
     uint32_t value = 0;
 
+    for (int i = 1; i < argc; ++i)
+        if (strlen(argv[i]) > 63) /* would be cut without an error, and name something else */
+            return usage();
     if (argc == 2 && strcmp(verb, "list") == 0)
         return list();
     if (argc == 3 && strcmp(verb, "show") == 0)
         return show(argv[2]);
-    if (argc == 4 && strcmp(verb, "set") == 0 && parse(argv[3], &value) == 0)
+    if (argc == 4 && strcmp(verb, "set") == 0 && parse_number(argv[3], &value))
         return LUMOZEPH_SetLumoInstance(argv[2], value, NULL, 0) == 0 ? 0 : failed("set", argv[2]);
-    if (argc == 5 && strcmp(verb, "tune") == 0 && parse(argv[4], &value) == 0)
+    if (argc == 5 && strcmp(verb, "tune") == 0 && parse_number(argv[4], &value))
         return LUMOZEPH_SetLumoInstanceTunables(argv[2], argv[3], value) == 0 ? 0 : failed("tune", argv[2]);
     if (argc == 3 && strcmp(verb, "delete") == 0)
         return LUMOZEPH_DelLumoInstance(argv[2]) == 0 ? 0 : failed("delete", argv[2]);

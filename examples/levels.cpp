@@ -3,39 +3,32 @@
 //     levels
 //     levels NAME VALUE
 //
-// Exits 0 on success, 1 when the module refuses, 2 on wrong usage.
+// Exits 0 on success, 1 when something fails, 2 on wrong usage.
 #include <cerrno>
 #include <charconv>
 #include <cstdint>
+#include <cstring>
 #include <iomanip>
 #include <iostream>
 #include <lumozeph.h>
 #include <string_view>
 #include <system_error>
 
-namespace {
-
 struct Setting
 {
-    std::string_view name;
+    const char* name;
     std::int32_t (*get)(std::uint32_t*);
     std::int32_t (*set)(std::uint32_t);
 };
 
-constexpr Setting settings[] = {
+static constexpr Setting settings[] = {
     {"log", LUMOZEPH_GetLogLevel, LUMOZEPH_SetLogLevel},
     {"extended-log", LUMOZEPH_GetExtendedLogLevel, LUMOZEPH_SetExtendedLogLevel},
     {"statistics", LUMOZEPH_GetStatsLevel, LUMOZEPH_SetStatsLevel},
     {"transmit-queue", LUMOZEPH_GetTxDispQueueSize, LUMOZEPH_SetTxDispQueueSize},
 };
 
-int failed(std::string_view name)
-{
-    std::cerr << "levels: " << name << ": " << std::generic_category().message(errno) << '\n';
-    return 1;
-}
-
-int usage()
+static int usage()
 {
     std::cerr << "usage: levels [NAME VALUE]\nNAME is one of:";
     for (const Setting& setting : settings)
@@ -44,18 +37,27 @@ int usage()
     return 2;
 }
 
-int show_all()
+// Says what was tried, on what, and why it failed.
+static int failed(const char* what, const char* name)
+{
+    const int error = errno;
+    const char* hint = error == ENOENT ? " (no such object, or no module on this host)" : "";
+    std::cerr << "levels: " << what << ' ' << name << ": " << std::strerror(error) << hint << '\n';
+    return 1;
+}
+
+static int show_all()
 {
     for (const Setting& setting : settings) {
         std::uint32_t value = 0;
         if (setting.get(&value) != 0)
-            return failed(setting.name);
+            return failed("read", setting.name);
         std::cout << std::left << std::setw(16) << setting.name << value << '\n';
     }
-    return 0;
+    return std::cout.flush() ? 0 : failed("write", "to standard output");
 }
 
-int set(std::string_view name, std::string_view text)
+static int set(std::string_view name, std::string_view text)
 {
     std::uint32_t value = 0;
     const auto parsed = std::from_chars(text.data(), text.data() + text.size(), value);
@@ -63,11 +65,9 @@ int set(std::string_view name, std::string_view text)
         return usage();
     for (const Setting& setting : settings)
         if (setting.name == name)
-            return setting.set(value) == 0 ? 0 : failed(name);
+            return setting.set(value) == 0 ? 0 : failed("set", setting.name);
     return usage();
 }
-
-} // namespace
 
 int main(int argc, char** argv)
 {
