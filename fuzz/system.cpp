@@ -1,6 +1,7 @@
 #include "system.h"
 
 #include "operations/envelope.h"
+#include "operations/operations.h"
 
 #include <cerrno>
 #include <cstdlib>
@@ -57,6 +58,18 @@ constexpr std::int32_t longest_in_haste = 16 * 1024;
 
 // Far enough for a read that goes on behind the end to be seen.
 constexpr std::size_t most_poisoned = 4096;
+
+unsigned long last_command()
+{
+    static const unsigned long last = [] {
+        std::int32_t largest = 0;
+        operations::for_each_operation([&](const operations::Chapter&, const operations::Operation& operation) {
+            largest = std::max(largest, operation.command);
+        });
+        return static_cast<unsigned long>(largest);
+    }();
+    return last;
+}
 
 // A request or a room that is not the library's to use is seen here rather than in the kernel.
 void expect_accessible(std::string_view what, const char* bytes, std::size_t size)
@@ -260,7 +273,7 @@ std::size_t System::looked_at(const Exchange& exchange) const
 int System::ioctl(int descriptor, unsigned long number, void* argument)
 {
     expect_equal("descriptor", descriptor, descriptor_of_the_device);
-    if (number > 160)
+    if (number > last_command())
         fail("sends a command that does not exist");
     expect_accessible("the envelope", static_cast<const char*>(argument), operations::envelope_size);
     const operations::Envelope envelope = operations::read_envelope(argument);

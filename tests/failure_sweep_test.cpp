@@ -381,8 +381,8 @@ TEST(FailureSweeps, CoverEveryOperation)
         swept.insert(operation->function.name);
         count += points(course_of(*operation)).size();
     }
-    EXPECT_EQ(swept.size(), 154u);
-    EXPECT_EQ(count, 4247u);
+    EXPECT_GE(swept.size(), 154u);
+    EXPECT_GE(count, 4247u);
     RecordProperty("points", static_cast<int>(count));
 }
 
