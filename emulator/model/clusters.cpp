@@ -1,5 +1,5 @@
 // Bridge clusters, their nodes, and the local transport node.
-#include "emulator/model/state.h"
+#include "emulator/model/handlers.h"
 
 #include <algorithm>
 
@@ -159,7 +159,7 @@ int get_locale_id(Exchange& exchange)
     return 0;
 }
 
-constexpr Command commands[] = {
+constexpr Handler answers[] = {
     {86, request_record, get_locale_id},
     {89, request_record, get_all},
     {90, request_record, set},
@@ -178,9 +178,6 @@ constexpr Command commands[] = {
 
 } // namespace
 
-std::span<const Command> cluster_commands()
-{
-    return commands;
-}
+const std::span<const Handler> handlers::clusters = answers;
 
 } // namespace emulator

@@ -1,5 +1,6 @@
 // The attachment of instances to their control plane.
-#include "emulator/model/state.h"
+#include "emulator/model/find.h"
+#include "emulator/model/handlers.h"
 
 namespace emulator {
 
@@ -34,7 +35,7 @@ int get_sync_state(Exchange& exchange)
     return 0;
 }
 
-constexpr Command commands[] = {
+constexpr Handler answers[] = {
     {7, 4, activate},
     {8, request_record, set<&Instance::control_plane_address, 136>},
     {87, request_record, get_sync_state},
@@ -43,9 +44,6 @@ constexpr Command commands[] = {
 
 } // namespace
 
-std::span<const Command> control_plane_commands()
-{
-    return commands;
-}
+const std::span<const Handler> handlers::control_plane = answers;
 
 } // namespace emulator

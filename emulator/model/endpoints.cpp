@@ -1,5 +1,5 @@
-// Bridge endpoints. The model has no BFD sessions.
-#include "emulator/model/state.h"
+// Bridge endpoints.
+#include "emulator/model/handlers.h"
 
 #include <algorithm>
 
@@ -83,7 +83,7 @@ int get_key(Exchange& exchange)
     return 0;
 }
 
-constexpr Command commands[] = {
+constexpr Handler answers[] = {
     {45, request_record, add},
     {46, request_record, remove},
     {47, request_record, flush},
@@ -92,14 +92,10 @@ constexpr Command commands[] = {
     {51, request_record, get_key<229>},
     {52, request_record, get_all},
     {95, request_record, get_all},
-    {96, request_record, accepted},
 };
 
 } // namespace
 
-std::span<const Command> endpoint_commands()
-{
-    return commands;
-}
+const std::span<const Handler> handlers::endpoints = answers;
 
 } // namespace emulator

@@ -1,5 +1,5 @@
 // Router instances.
-#include "emulator/model/state.h"
+#include "emulator/model/handlers.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -104,7 +104,7 @@ int get_all(Exchange& exchange)
     return 0;
 }
 
-constexpr Command commands[] = {
+constexpr Handler answers[] = {
     {0, request_record, get_all},
     {1, request_record, get_one},
     {2, request_record, create_or_update},
@@ -114,16 +114,6 @@ constexpr Command commands[] = {
 
 } // namespace
 
-Instance* State::find_instance(const std::string& key)
-{
-    const auto found = std::find_if(instances.begin(), instances.end(),
-        [&](const Instance& instance) { return instance.name == key || instance.uuid == key; });
-    return found == instances.end() ? nullptr : &*found;
-}
-
-std::span<const Command> instance_commands()
-{
-    return commands;
-}
+const std::span<const Handler> handlers::instances = answers;
 
 } // namespace emulator

@@ -1,5 +1,8 @@
 // Interface policies: route-shaped entries under a kind.
-#include "emulator/model/state.h"
+#include "emulator/model/answers.h"
+#include "emulator/model/find.h"
+#include "emulator/model/handlers.h"
+#include "emulator/model/route_record.h"
 
 #include <algorithm>
 
@@ -61,12 +64,11 @@ int get_all(Exchange& exchange)
     const LifPolicy asked = policy_of(exchange);
     for (const LifPolicy& policy : instance->lif_policies)
         if (policy.kind == asked.kind && (policy.kind != kind_with_text || policy.text == asked.text))
-            write_route(
-                {policy.dest, policy.mask, policy.param, {policy.next_hop}}, RouteOrigin::Policy, exchange.reply);
+            write_route({policy.dest, policy.mask, policy.param, {policy.next_hop}}, RouteOrigin::Policy, exchange);
     return 0;
 }
 
-constexpr Command commands[] = {
+constexpr Handler answers[] = {
     {140, request_record, get_all},
     {141, request_record, set},
     {142, request_record, remove},
@@ -74,9 +76,6 @@ constexpr Command commands[] = {
 
 } // namespace
 
-std::span<const Command> lif_policy_commands()
-{
-    return commands;
-}
+const std::span<const Handler> handlers::lif_policies = answers;
 
 } // namespace emulator

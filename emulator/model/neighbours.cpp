@@ -1,5 +1,6 @@
 // ARP entries, IPv6 neighbours, and proxy entries of both.
-#include "emulator/model/state.h"
+#include "emulator/model/find.h"
+#include "emulator/model/handlers.h"
 
 #include <algorithm>
 
@@ -111,7 +112,7 @@ int clear(Exchange& exchange)
     return 0;
 }
 
-constexpr Command commands[] = {
+constexpr Handler answers[] = {
     {38, request_record, set<Family::Ipv4>},
     {39, request_record, remove<Family::Ipv4>},
     {40, request_record, dump<Family::Ipv4>},
@@ -124,9 +125,6 @@ constexpr Command commands[] = {
 
 } // namespace
 
-std::span<const Command> neighbour_commands()
-{
-    return commands;
-}
+const std::span<const Handler> handlers::neighbours = answers;
 
 } // namespace emulator

@@ -1,5 +1,8 @@
 // IPv4 routes. Masks are bit masks, in the byte order of the addresses.
-#include "emulator/model/state.h"
+#include "emulator/model/answers.h"
+#include "emulator/model/find.h"
+#include "emulator/model/handlers.h"
+#include "emulator/model/route_record.h"
 
 #include <algorithm>
 #include <bit>
@@ -11,7 +14,6 @@ namespace {
 
 constexpr std::size_t most_routes = 8000;
 constexpr std::size_t most_next_hops = 8;
-constexpr std::size_t record_size = 668;
 
 auto find_route(Instance& instance, std::uint32_t dest, std::uint32_t mask)
 {
@@ -87,9 +89,9 @@ int get_all(Exchange& exchange)
         return ENOENT;
     for (const Lif& lif : instance->lifs)
         if (const auto route = connected_route(lif))
-            write_route(*route, RouteOrigin::Connected, exchange.reply);
+            write_route(*route, RouteOrigin::Connected, exchange);
     for (const Route& route : instance->routes)
-        write_route(route, RouteOrigin::Static, exchange.reply);
+        write_route(route, RouteOrigin::Static, exchange);
     return 0;
 }
 
@@ -116,11 +118,11 @@ int resolve(Exchange& exchange)
         consider(usable_part(*instance, route), RouteOrigin::Static);
     if (!best)
         return ENETUNREACH;
-    write_route(*best, origin, exchange.reply);
+    write_route(*best, origin, exchange);
     return 0;
 }
 
-constexpr Command commands[] = {
+constexpr Handler answers[] = {
     {34, request_record, set},
     {35, request_record, remove},
     {36, request_record, get_all},
@@ -129,18 +131,6 @@ constexpr Command commands[] = {
 
 } // namespace
 
-void write_route(const Route& route, RouteOrigin origin, std::vector<std::byte>& reply)
-{
-    Record record(reply, record_size);
-    record.u32(0, route.dest).u32(4, route.mask).u32(8, route.param);
-    record.u8(16, static_cast<std::uint8_t>(origin)).u8(17, static_cast<std::uint8_t>(route.next_hops.size()));
-    for (std::size_t i = 0; i < route.next_hops.size(); ++i)
-        record.u32(28 + 80 * i + 4, route.next_hops[i].gateway).text(28 + 80 * i + 8, 64, route.next_hops[i].lif);
-}
-
-std::span<const Command> route_commands()
-{
-    return commands;
-}
+const std::span<const Handler> handlers::routes = answers;
 
 } // namespace emulator

@@ -1,5 +1,6 @@
 // IPv6 routes and the path-MTU table. A route is reported as the record in which it was sent.
-#include "emulator/model/state.h"
+#include "emulator/model/find.h"
+#include "emulator/model/handlers.h"
 
 #include <algorithm>
 
@@ -65,7 +66,7 @@ int clear_path_mtus(Exchange&)
     return 0;
 }
 
-constexpr Command commands[] = {
+constexpr Handler answers[] = {
     {110, request_record, set},
     {111, request_record, remove},
     {114, request_record, get_all},
@@ -75,9 +76,6 @@ constexpr Command commands[] = {
 
 } // namespace
 
-std::span<const Command> route6_commands()
-{
-    return commands;
-}
+const std::span<const Handler> handlers::routes6 = answers;
 
 } // namespace emulator

@@ -1,5 +1,5 @@
 // Software receive-side scaling. Any name is a target; the model counts nothing.
-#include "emulator/model/state.h"
+#include "emulator/model/handlers.h"
 
 #include <algorithm>
 
@@ -61,7 +61,7 @@ int set_table(Exchange& exchange, RssTarget& target)
     return 0;
 }
 
-constexpr Command commands[] = {
+constexpr Handler answers[] = {
     {153, request_record, on_target<get_stats>},
     {154, request_record, on_target<reset_stats>},
     {155, request_record, on_target<get_tunables>},
@@ -72,9 +72,6 @@ constexpr Command commands[] = {
 
 } // namespace
 
-std::span<const Command> rss_commands()
-{
-    return commands;
-}
+const std::span<const Handler> handlers::rss = answers;
 
 } // namespace emulator

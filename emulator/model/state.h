@@ -1,14 +1,11 @@
-// What the module keeps, and how its commands are described.
+// What the module keeps.
 #pragma once
 
-#include "emulator/model/wire.h"
-
 #include <array>
-#include <cerrno>
 #include <compare>
+#include <cstddef>
 #include <cstdint>
 #include <map>
-#include <span>
 #include <string>
 #include <vector>
 
@@ -255,71 +252,5 @@ struct State
     // By name or by UUID text; null if there is none.
     Instance* find_instance(const std::string& key);
 };
-
-// One command on its way through the module.
-struct Exchange
-{
-    State& state;
-    Request request;
-    std::uint32_t room;
-    std::vector<std::byte> reply;
-};
-
-inline constexpr std::size_t request_record = 776;
-
-struct Command
-{
-    std::uint32_t number;
-    std::size_t input; // the length of the input that the command demands
-    int (*answer)(Exchange& exchange);
-};
-
-// The instance that the request's first field names; null if there is none.
-inline Instance* instance_of(Exchange& exchange)
-{
-    return exchange.state.find_instance(exchange.request.text(0, 64));
-}
-
-// Answers without a reply: what is asked for changes nothing that the model keeps.
-inline int accepted(Exchange&)
-{
-    return 0;
-}
-
-// The same for commands that name an instance.
-inline int accepted_for_instance(Exchange& exchange)
-{
-    return instance_of(exchange) == nullptr ? ENOENT : 0;
-}
-
-// The answer to a set or delete whose caller wants to know more than success: a 32-bit zero and the word.
-int done(Exchange& exchange);
-
-// Routes and interface policies are reported as the same record of 668 bytes.
-enum class RouteOrigin : std::uint8_t
-{
-    Static = 1,
-    Connected = 2,
-    Policy = 4
-};
-void write_route(const Route& route, RouteOrigin origin, std::vector<std::byte>& reply);
-
-// The commands of each family, by rising number.
-std::span<const Command> setting_commands();
-std::span<const Command> instance_commands();
-std::span<const Command> lif_commands();
-std::span<const Command> route_commands();
-std::span<const Command> route6_commands();
-std::span<const Command> lif_policy_commands();
-std::span<const Command> neighbour_commands();
-std::span<const Command> policy_commands();
-std::span<const Command> statistics_commands();
-std::span<const Command> control_plane_commands();
-std::span<const Command> housekeeping_commands();
-std::span<const Command> bridge_commands();
-std::span<const Command> cluster_commands();
-std::span<const Command> endpoint_commands();
-std::span<const Command> multicast_commands();
-std::span<const Command> rss_commands();
 
 } // namespace emulator

@@ -1,5 +1,5 @@
 // The module-wide settings: a bare 32-bit value in, a bare 32-bit value out.
-#include "emulator/model/state.h"
+#include "emulator/model/handlers.h"
 
 namespace emulator {
 
@@ -19,7 +19,7 @@ int set(Exchange& exchange)
     return 0;
 }
 
-constexpr Command commands[] = {
+constexpr Handler answers[] = {
     {9, 0, get<&State::log_level>},
     {10, 4, set<&State::log_level>},
     {11, 0, get<&State::extended_log_level>},
@@ -32,9 +32,6 @@ constexpr Command commands[] = {
 
 } // namespace
 
-std::span<const Command> setting_commands()
-{
-    return commands;
-}
+const std::span<const Handler> handlers::levels = answers;
 
 } // namespace emulator

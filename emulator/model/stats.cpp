@@ -1,5 +1,7 @@
 // Statistics. The model counts nothing: every counter is zero.
-#include "emulator/model/state.h"
+#include "emulator/model/answers.h"
+#include "emulator/model/find.h"
+#include "emulator/model/handlers.h"
 
 namespace emulator {
 
@@ -28,15 +30,9 @@ int get_of_instance(Exchange& exchange)
     return 0;
 }
 
-bool names_lif(Exchange& exchange)
-{
-    Instance* instance = instance_of(exchange);
-    return instance != nullptr && instance->find_lif(exchange.request.text(192, 64)) != nullptr;
-}
-
 int get_of_lif(Exchange& exchange)
 {
-    if (!names_lif(exchange))
+    if (lif_of(exchange) == nullptr)
         return ENOENT;
     write(Interface, exchange);
     return 0;
@@ -44,7 +40,7 @@ int get_of_lif(Exchange& exchange)
 
 int reset_of_lif(Exchange& exchange)
 {
-    return names_lif(exchange) ? 0 : ENOENT;
+    return lif_of(exchange) != nullptr ? 0 : ENOENT;
 }
 
 int get_distributed(Exchange& exchange)
@@ -53,7 +49,7 @@ int get_distributed(Exchange& exchange)
     return 0;
 }
 
-constexpr Command commands[] = {
+constexpr Handler answers[] = {
     {5, request_record, get_of_instance},
     {6, request_record, accepted_for_instance},
     {23, request_record, get_of_lif},
@@ -64,9 +60,6 @@ constexpr Command commands[] = {
 
 } // namespace
 
-std::span<const Command> statistics_commands()
-{
-    return commands;
-}
+const std::span<const Handler> handlers::stats = answers;
 
 } // namespace emulator

@@ -1,5 +1,6 @@
-// Multicast routing of instances.
-#include "emulator/model/state.h"
+// Multicast domains of instances, and their receivers.
+#include "emulator/model/find.h"
+#include "emulator/model/handlers.h"
 
 #include <algorithm>
 
@@ -9,13 +10,6 @@ namespace {
 
 constexpr std::size_t most_local = 512;
 constexpr std::size_t most_remote = 2048;
-
-template <class Change>
-int on_instance(Exchange& exchange, Change change)
-{
-    Instance* instance = instance_of(exchange);
-    return instance == nullptr ? ENOENT : change(*instance);
-}
 
 std::uint32_t value_of(const Exchange& exchange)
 {
@@ -119,60 +113,7 @@ int get_remote(Exchange& exchange)
     });
 }
 
-// One group for each value that has receivers: the value, and how many local and remote ones.
-int get_groups(Exchange& exchange)
-{
-    return on_instance(exchange, [&](const Instance& instance) {
-        std::map<std::uint32_t, std::array<std::uint32_t, 2>> groups;
-        for (const LocalReceiver& receiver : instance.local_receivers)
-            ++groups[receiver.value][0];
-        for (const RemoteReceiver& receiver : instance.remote_receivers)
-            ++groups[receiver.value][1];
-        for (const auto& [value, receivers] : groups)
-            Record(exchange.reply, 12).u32(0, value).u32(4, receivers[0]).u32(8, receivers[1]);
-        return 0;
-    });
-}
-
-// The model replicates to no address.
-int get_replication_address(Exchange& exchange)
-{
-    return on_instance(exchange, [&](const Instance&) {
-        Record(exchange.reply, 4);
-        return 0;
-    });
-}
-
-int add_router(Exchange& exchange)
-{
-    return on_instance(exchange, [&](Instance& instance) {
-        instance.multicast_router = {true, value_of(exchange)};
-        return 0;
-    });
-}
-
-int remove_router(Exchange& exchange)
-{
-    return on_instance(exchange, [](Instance& instance) {
-        if (!instance.multicast_router.present)
-            return ENOENT;
-        instance.multicast_router = {};
-        return 0;
-    });
-}
-
-// The value is the router's address.
-int get_router(Exchange& exchange)
-{
-    return on_instance(exchange, [&](const Instance& instance) {
-        if (!instance.multicast_router.present)
-            return ENOENT;
-        Record(exchange.reply, 4).u32(0, instance.multicast_router.value);
-        return 0;
-    });
-}
-
-constexpr Command commands[] = {
+constexpr Handler answers[] = {
     {128, request_record, get_local},
     {129, request_record, get_remote},
     {130, request_record, get_domain},
@@ -180,18 +121,10 @@ constexpr Command commands[] = {
     {132, request_record, remove_remote},
     {133, request_record, add_local},
     {134, request_record, remove_local},
-    {135, request_record, get_groups},
-    {136, request_record, get_replication_address},
-    {137, request_record, add_router},
-    {138, request_record, remove_router},
-    {139, request_record, get_router},
 };
 
 } // namespace
 
-std::span<const Command> multicast_commands()
-{
-    return commands;
-}
+const std::span<const Handler> handlers::mcast_receivers = answers;
 
 } // namespace emulator
