@@ -1,13 +1,13 @@
 #include "emulator/model/module.h"
 
-#include "emulator/model/device.h"
 #include "emulator/model/handlers.h"
+#include "emulator/protocol/commands.h"
 
 namespace emulator {
 
 namespace {
 
-using Table = std::array<const Handler*, last_command + 1>;
+using Table = std::array<const Handler*, protocol::last_command + 1>;
 
 Table all_handlers()
 {
@@ -31,7 +31,7 @@ Module::~Module() = default;
 Answer Module::answer(std::uint32_t number, std::span<const std::byte> input, std::uint32_t room)
 {
     static const Table table = all_handlers();
-    if (number > last_command || table[number] == nullptr)
+    if (number > protocol::last_command || table[number] == nullptr)
         return {ENOTTY, {}};
     if (input.size() != table[number]->input)
         return {EINVAL, {}};

@@ -64,9 +64,10 @@ inline constexpr Chapter chapters[] = {
 // The module's commands are the ioctl requests from 0 to this.
 inline constexpr std::uint32_t last_command = 160;
 
-// Called only while the table is compiled, where it stops the compiler: neither has a body.
+// Called only while something is compiled, where it stops the compiler: none has a body.
 void two_commands_have_one_number();
 void two_commands_have_one_name();
+void no_command_has_this_name();
 
 // Pointers are not compared in here: with its sanitizers, g++ 12 takes no such comparison for constant.
 consteval std::array<const Command*, last_command + 1> by_number()
@@ -89,5 +90,15 @@ consteval std::array<const Command*, last_command + 1> by_number()
 
 // Null where no command has the number.
 inline constexpr auto commands_by_number = by_number();
+
+consteval std::uint32_t number_of(std::string_view name)
+{
+    for (const Chapter& chapter : chapters)
+        for (const Command& command : chapter.commands)
+            if (command.name == name)
+                return command.number;
+    no_command_has_this_name();
+    return 0;
+}
 
 } // namespace emulator::protocol

@@ -1,6 +1,6 @@
 #include "emulator/supervisor/filter.h"
 
-#include "emulator/model/device.h"
+#include "emulator/protocol/commands.h"
 
 #include <cerrno>
 #include <linux/filter.h>
@@ -40,7 +40,7 @@ public:
         for (const int opening : {SCMP_SYS(open), SCMP_SYS(openat), SCMP_SYS(openat2)})
             if (const int error = seccomp_rule_add(context_, SCMP_ACT_NOTIFY, opening, 0); error != 0)
                 return error;
-        const scmp_arg_cmp number {1, SCMP_CMP_LE, last_command, 0};
+        const scmp_arg_cmp number {1, SCMP_CMP_LE, protocol::last_command, 0};
         return seccomp_rule_add_array(context_, SCMP_ACT_NOTIFY, SCMP_SYS(ioctl), 1, &number);
     }
 

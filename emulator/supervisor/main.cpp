@@ -1,6 +1,8 @@
 // lumozeph-emulator: runs programs in a world in which the module exists.
-#include "emulator/model/device.h"
 #include "emulator/model/module.h"
+#include "emulator/protocol/access.h"
+#include "emulator/protocol/commands.h"
+#include "emulator/protocol/envelope.h"
 #include "emulator/supervisor/world.h"
 
 #include <CLI/CLI.hpp>
@@ -79,14 +81,14 @@ int run(const std::string& trace_path, char** program)
 // Asks for a setting, from inside a world. Returns an exit status.
 int ask_once()
 {
-    const int device = open(emulator::normal_path.data(), O_RDWR | O_CLOEXEC);
-    std::uint32_t level = 0;
-    std::array<std::byte, emulator::envelope_size> envelope {};
-    const std::uint32_t room = sizeof level;
-    const auto* const at = &level;
-    std::memcpy(envelope.data() + emulator::out_len_at, &room, sizeof room);
-    std::memcpy(envelope.data() + emulator::out_ptr_at, &at, sizeof at);
-    return device >= 0 && ioctl(device, 9, envelope.data()) >= 0 ? 0 : 1;
+    using namespace emulator::protocol;
+    const int device = open(normal_path.data(), O_RDWR | O_CLOEXEC);
+    std::array<std::byte, levels::level.width> level {};
+    std::array<std::byte, envelope::layout.size> bytes {};
+    const Record sent(bytes);
+    sent[envelope::out_len] = level.size();
+    sent[envelope::out_ptr] = reinterpret_cast<std::uintptr_t>(level.data());
+    return device >= 0 && ioctl(device, number_of("GetLogLevel"), bytes.data()) >= 0 ? 0 : 1;
 }
 
 int check()

@@ -1,7 +1,7 @@
 #include "emulator/supervisor/server.h"
 
-#include "emulator/model/device.h"
-#include "emulator/model/wire.h"
+#include "emulator/protocol/access.h"
+#include "emulator/protocol/envelope.h"
 #include "emulator/supervisor/memory.h"
 
 #include <cerrno>
@@ -25,6 +25,8 @@
 #endif
 
 namespace emulator {
+
+using namespace protocol;
 
 namespace {
 
@@ -154,15 +156,15 @@ int Server::command(const Notification& notification)
     const std::uint64_t envelope_at = notification.data.args[2];
     const Memory memory(static_cast<pid_t>(notification.pid));
 
-    std::array<std::byte, envelope_size> envelope {};
-    if (!memory.read(envelope_at, envelope))
+    std::array<std::byte, envelope::layout.size> bytes {};
+    if (!memory.read(envelope_at, bytes))
         return EFAULT;
-    const Request fields(envelope);
-    const std::uint32_t in_len = fields.u32(in_len_at);
-    const std::uint32_t room = fields.u32(out_len_at);
+    const Input sent(bytes);
+    const std::uint32_t in_len = sent[envelope::in_len];
+    const std::uint32_t room = sent[envelope::out_len];
 
     std::vector<std::byte> input(std::min(in_len, longest_input));
-    if (!memory.read(fields.u64(in_ptr_at), input))
+    if (!memory.read(sent[envelope::in_ptr], input))
         return EFAULT;
     // The process may have been killed and its number given to another one while its memory was read.
     if (!still_waiting(notification))
@@ -175,8 +177,8 @@ int Server::command(const Notification& notification)
         answer = module_.answer(number, input, room);
     if (answer.error == 0) {
         const auto length = static_cast<std::uint32_t>(answer.reply.size());
-        if (!memory.write({{{fields.u64(out_ptr_at), answer.reply},
-                {envelope_at + out_len_at, std::as_bytes(std::span(&length, 1))}}}))
+        if (!memory.write({{{sent[envelope::out_ptr], answer.reply},
+                {envelope_at + envelope::out_len.offset, std::as_bytes(std::span(&length, 1))}}}))
             answer.error = EFAULT;
     }
     if (trace_ != nullptr) {

@@ -1,6 +1,6 @@
 // The model by itself, spoken to in literal offsets.
-#include "emulator/model/device.h"
 #include "emulator/model/module.h"
+#include "emulator/protocol/envelope.h"
 
 #include <cerrno>
 #include <cstring>
@@ -65,11 +65,11 @@ protected:
 
 TEST(Device, HasTwoPaths)
 {
-    EXPECT_TRUE(is_device_path("/pelt/devices/char/zephdriver/kola_lumo"));
-    EXPECT_TRUE(is_device_path("/pelt/devices/char/zephdriver/kola_lumo_ugrade"));
-    EXPECT_FALSE(is_device_path("/pelt/devices/char/zephdriver/kola_lumo_"));
-    EXPECT_FALSE(is_device_path("/pelt/devices/char/zephdriver/kola_lum"));
-    EXPECT_FALSE(is_device_path(""));
+    EXPECT_TRUE(protocol::is_device_path("/pelt/devices/char/zephdriver/kola_lumo"));
+    EXPECT_TRUE(protocol::is_device_path("/pelt/devices/char/zephdriver/kola_lumo_ugrade"));
+    EXPECT_FALSE(protocol::is_device_path("/pelt/devices/char/zephdriver/kola_lumo_"));
+    EXPECT_FALSE(protocol::is_device_path("/pelt/devices/char/zephdriver/kola_lum"));
+    EXPECT_FALSE(protocol::is_device_path(""));
 }
 
 TEST_F(Model, DoesNotKnowNumbersBeyondTheLast)

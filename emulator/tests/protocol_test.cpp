@@ -1,5 +1,7 @@
 // The description of the wire, looked at as those do who know none of its types.
+#include "emulator/protocol/access.h"
 #include "emulator/protocol/commands.h"
+#include "emulator/protocol/envelope.h"
 
 #include <gmock/gmock.h>
 #include <map>
@@ -148,6 +150,92 @@ TEST(Protocol, KnowsTheRecordsOfEveryReply)
             EXPECT_EQ(shape, Shape::Nothing) << command->name;
         }
     }
+}
+
+TEST(Protocol, KnowsTheEnvelope)
+{
+    std::vector<Records> places;
+    for (const Field* field : envelope::layout.fields)
+        places.emplace_back(field->offset, field->width);
+    EXPECT_THAT(places, testing::ElementsAre(Records(0, 4), Records(4, 8), Records(12, 4), Records(16, 8)));
+    EXPECT_EQ(envelope::layout.size, 24u);
+}
+
+// Eight bytes of which those that are not written remain 'x'.
+class Fields : public testing::Test
+{
+protected:
+    std::string bytes = "xxxxxxxx";
+    Record record {std::as_writable_bytes(std::span(bytes))};
+    Input input {std::as_bytes(std::span(bytes))};
+};
+
+TEST_F(Fields, NumbersHaveTheirOwnWidth)
+{
+    record[U16("", 1)] = 0x0102;
+    EXPECT_EQ(bytes, "x\2\1xxxxx");
+    EXPECT_EQ(input[U16("", 1)], 0x0102);
+    EXPECT_EQ(input[U8("", 1)], 2);
+    EXPECT_EQ(input[I32("", 1)], 0x78780102);
+    record[I32("", 4)] = -1;
+    EXPECT_EQ(input[I32("", 4)], -1);
+    EXPECT_EQ(input[U32("", 4)], 0xffffffffu);
+}
+
+TEST_F(Fields, TheLow24BitsLeaveTheNextByteAlone)
+{
+    record[U24("", 2)] = 0x04030201;
+    EXPECT_EQ(bytes, "xx\1\2\3xxx");
+    EXPECT_EQ(input[U24("", 2)], 0x030201u);
+}
+
+TEST_F(Fields, AFlagIsSetByAnyOfItsBytes)
+{
+    const Flag flag("", 4, 4);
+    bytes.replace(4, 4, 4, '\0');
+    EXPECT_FALSE(input[flag]);
+    bytes[7] = '\1';
+    EXPECT_TRUE(input[flag]);
+    bytes[7] = '\0';
+    record[flag] = true;
+    EXPECT_EQ(input[U32("", 4)], 1u);
+}
+
+TEST_F(Fields, ATextIsReadToItsNulOrToItsEnd)
+{
+    EXPECT_EQ(input[Text("", 2, 4)], "xxxx");
+    bytes[4] = '\0';
+    EXPECT_EQ(input[Text("", 2, 4)], "xx");
+    bytes[2] = '\0';
+    EXPECT_EQ(input[Text("", 2, 4)], "");
+}
+
+TEST_F(Fields, ATextKeepsItsLastByte)
+{
+    record[Text("", 2, 4)] = "abcdef";
+    EXPECT_EQ(bytes, "xxabcxxx");
+}
+
+TEST_F(Fields, AnUnterminatedTextFillsItsField)
+{
+    record[UnterminatedText("", 2, 4)] = "abcdef";
+    EXPECT_EQ(bytes, "xxabcdxx");
+}
+
+TEST_F(Fields, EntriesLieOneAfterTheOther)
+{
+    static constexpr Layout entry = fields_in<3, element<U8>>;
+    constexpr Table table("", 1, entry, 2);
+    record[table][0][element<U8>] = 'a';
+    record[table][1][element<U8>] = 'b';
+    EXPECT_EQ(bytes, "xaxxbxxx");
+    EXPECT_EQ(input[table][1][element<U8>], 'b');
+}
+
+TEST_F(Fields, ARecordBeginsWithWhatWasSent)
+{
+    record.begin_with(std::as_bytes(std::span("ab").first(2)));
+    EXPECT_EQ(bytes, "abxxxxxx");
 }
 
 } // namespace
