@@ -1,8 +1,11 @@
 #include "emulator/model/answers.h"
 
 #include "emulator/model/find.h"
+#include "emulator/protocol/command.h"
 
 namespace emulator {
+
+using namespace protocol;
 
 int accepted(Exchange&)
 {
@@ -21,9 +24,8 @@ int accepted_for_bridge(Exchange& exchange)
 
 int done(Exchange& exchange)
 {
-    constexpr std::size_t result_size = 88;
-    if (exchange.room >= result_size)
-        Record(exchange.reply, result_size).u32(0, 0).text(4, 84, "done");
+    if (exchange.room >= result::layout.size)
+        exchange.add(result::layout)[result::text] = "done";
     return 0;
 }
 

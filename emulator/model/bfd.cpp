@@ -1,21 +1,24 @@
 // BFD sessions and port connections. The model has no sessions.
+#include "emulator/protocol/bfd.h"
+
 #include "emulator/model/answers.h"
 #include "emulator/model/handlers.h"
 #include "emulator/model/plumbing.h"
 
 namespace emulator {
 
+using namespace protocol;
+
 namespace {
 
 std::string port_of(const Exchange& exchange)
 {
-    return exchange.request.text(64, 64);
+    return exchange.request[bfd::port];
 }
 
 int plumb(Exchange& exchange)
 {
-    const auto sent = exchange.request.from(64, 152);
-    return plumb({port_of(exchange), {sent.begin(), sent.end()}}, exchange.state.bfd_connections);
+    return plumb({port_of(exchange), exchange.request[bfd::sent]}, exchange.state.bfd_connections);
 }
 
 int unplumb(Exchange& exchange)
@@ -26,19 +29,19 @@ int unplumb(Exchange& exchange)
 int get_connections(Exchange& exchange)
 {
     for (const Connection& connection : exchange.state.bfd_connections)
-        write(connection, exchange);
+        exchange.add(bfd::record::layout).begin_with(connection.sent);
     return 0;
 }
 
 constexpr Handler answers[] = {
-    {96, request_record, accepted},
-    {97, request_record, plumb},
-    {98, request_record, unplumb},
-    {99, request_record, get_connections},
+    {"GetBridgeBFDSessions", accepted},
+    {"PlumbBFDPortConnection", plumb},
+    {"UnPlumbBFDPortConnection", unplumb},
+    {"GetBFDPortConnections", get_connections},
 };
 
 } // namespace
 
-const std::span<const Handler> handlers::bfd = answers;
+const Handlers handlers::bfd(bfd::commands, answers);
 
 } // namespace emulator

@@ -1,26 +1,28 @@
 // Bridges.
+#include "emulator/protocol/bridges.h"
+
 #include "emulator/model/find.h"
 #include "emulator/model/handlers.h"
 
 namespace emulator {
 
-namespace {
+using namespace protocol;
 
-constexpr std::size_t most_bridges = 4096;
+namespace {
 
 int add(Exchange& exchange)
 {
-    const std::string key = exchange.request.text(0, 64);
+    const std::string key = exchange.request[bridges::key];
     if (key.empty())
         return EINVAL;
     Bridge* bridge = bridge_of(exchange);
     if (bridge == nullptr) {
-        if (exchange.state.bridges.size() == most_bridges)
+        if (exchange.state.bridges.size() == bridges::most)
             return ENOSPC;
         bridge = &exchange.state.bridges.emplace_back();
         bridge->key = key;
     }
-    bridge->value = exchange.request.u32(64);
+    bridge->value = exchange.request[bridges::value];
     return 0;
 }
 
@@ -42,24 +44,25 @@ int enable(Exchange& exchange)
     });
 }
 
-template <std::uint32_t Bridge::*Member, std::size_t Offset>
+template <std::uint32_t Bridge::*Member, const auto& Sent>
 int set_number(Exchange& exchange)
 {
     return on_bridge(exchange, [&](Bridge& bridge) {
-        bridge.*Member = exchange.request.u32(Offset);
+        bridge.*Member = exchange.request[Sent];
         return 0;
     });
 }
 
 void write(const Bridge& bridge, Exchange& exchange)
 {
-    Record(exchange.reply, 393)
-        .u32(8, bridge.value)
-        .text(12, 64, bridge.key)
-        .u32(76, bridge.enabled)
-        .u32(80, bridge.ha_state)
-        .u32(305, bridge.replication_mode)
-        .u32(309, static_cast<std::uint32_t>(bridge.fdb.size()));
+    namespace to = bridges::record;
+    const Record record = exchange.add(to::layout);
+    record[to::value] = bridge.value;
+    record[to::name] = bridge.key;
+    record[to::enabled] = bridge.enabled;
+    record[to::ha_state] = bridge.ha_state;
+    record[to::replication_mode] = bridge.replication_mode;
+    record[to::fdb_entries] = static_cast<std::uint32_t>(bridge.fdb.size());
 }
 
 int get_one(Exchange& exchange)
@@ -78,18 +81,18 @@ int get_all(Exchange& exchange)
 }
 
 constexpr Handler answers[] = {
-    {49, request_record, set_number<&Bridge::replication_mode, 108>},
-    {53, request_record, add},
-    {54, request_record, remove},
-    {55, request_record, enable<true>},
-    {56, request_record, enable<false>},
-    {61, request_record, get_all},
-    {62, request_record, get_one},
-    {118, request_record, set_number<&Bridge::ha_state, 64>},
+    {"SetBridgeRepMode", set_number<&Bridge::replication_mode, bridges::replication_mode>},
+    {"BridgeAdd", add},
+    {"BridgeDel", remove},
+    {"BridgeEnable", enable<true>},
+    {"BridgeDisable", enable<false>},
+    {"GetBridgeInstances", get_all},
+    {"GetBridgeInstance", get_one},
+    {"BridgeSetHAAdminState", set_number<&Bridge::ha_state, bridges::ha_state>},
 };
 
 } // namespace
 
-const std::span<const Handler> handlers::bridges = answers;
+const Handlers handlers::bridges(bridges::commands, answers);
 
 } // namespace emulator

@@ -1,18 +1,19 @@
 // Bridge clusters, their nodes, and the local transport node.
+#include "emulator/protocol/clusters.h"
+
 #include "emulator/model/handlers.h"
 
 #include <algorithm>
 
 namespace emulator {
 
-namespace {
+using namespace protocol;
 
-constexpr std::size_t most_clusters = 10;
-constexpr std::size_t most_nodes = 100; // of all clusters together
+namespace {
 
 std::string key_of(const Exchange& exchange)
 {
-    return exchange.request.text(0, 64);
+    return exchange.request[clusters::key];
 }
 
 Cluster* cluster_of(Exchange& exchange)
@@ -42,7 +43,7 @@ int set(Exchange& exchange)
         return EINVAL;
     if (cluster_of(exchange) != nullptr)
         return 0;
-    if (exchange.state.clusters.size() == most_clusters)
+    if (exchange.state.clusters.size() == clusters::most)
         return ENOSPC;
     exchange.state.clusters.emplace_back().key = key_of(exchange);
     return 0;
@@ -58,13 +59,14 @@ int remove(Exchange& exchange)
 int get_all(Exchange& exchange)
 {
     return on_clusters(exchange, [&](const Cluster& cluster) {
-        Record(exchange.reply, 183)
-            .text(0, 64, cluster.key)
-            .u32(72, static_cast<std::uint32_t>(cluster.nodes.size()))
-            .u8(178, cluster.debug_level)
-            .u8(76, cluster.profile_flag)
-            .u32(77, cluster.profile_value1)
-            .u32(81, cluster.profile_value2);
+        namespace to = clusters::record;
+        const Record record = exchange.add(to::layout);
+        record[to::key] = cluster.key;
+        record[to::nodes] = static_cast<std::uint32_t>(cluster.nodes.size());
+        record[to::profile_flag] = cluster.profile_flag;
+        record[to::profile_value1] = cluster.profile_value1;
+        record[to::profile_value2] = cluster.profile_value2;
+        record[to::debug_level] = cluster.debug_level;
     });
 }
 
@@ -73,7 +75,7 @@ int set_node(Exchange& exchange)
     Cluster* cluster = cluster_of(exchange);
     if (cluster == nullptr)
         return ENOENT;
-    const ClusterNode node {exchange.request.text(64, 64), exchange.request.bytes<6>(128)};
+    const ClusterNode node {exchange.request[clusters::node], exchange.request[clusters::mac]};
     const auto existing = std::find_if(cluster->nodes.begin(), cluster->nodes.end(),
         [&](const ClusterNode& candidate) { return candidate.name == node.name; });
     if (existing != cluster->nodes.end()) {
@@ -83,7 +85,7 @@ int set_node(Exchange& exchange)
     std::size_t nodes = 0;
     for (const Cluster& any : exchange.state.clusters)
         nodes += any.nodes.size();
-    if (nodes == most_nodes)
+    if (nodes == clusters::most_nodes)
         return ENOSPC;
     cluster->nodes.push_back(node);
     return 0;
@@ -94,7 +96,7 @@ int remove_node(Exchange& exchange)
     Cluster* cluster = cluster_of(exchange);
     const auto removed =
         cluster == nullptr ? 0
-                           : std::erase_if(cluster->nodes, [name = exchange.request.text(64, 64)](
+                           : std::erase_if(cluster->nodes, [name = exchange.request[clusters::node]](
                                                                const ClusterNode& node) { return node.name == name; });
     return removed == 1 ? 0 : ENOENT;
 }
@@ -102,8 +104,11 @@ int remove_node(Exchange& exchange)
 int get_nodes(Exchange& exchange)
 {
     return on_clusters(exchange, [&](const Cluster& cluster) {
-        for (const ClusterNode& node : cluster.nodes)
-            Record(exchange.reply, 71).text(0, 64, node.name).bytes(64, node.mac);
+        for (const ClusterNode& node : cluster.nodes) {
+            const Record record = exchange.add(clusters::node_record::layout);
+            record[clusters::node_record::name] = node.name;
+            record[clusters::node_record::mac] = node.mac;
+        }
     });
 }
 
@@ -115,7 +120,7 @@ int flush(Exchange& exchange)
 
 int set_debug(Exchange& exchange)
 {
-    return on_clusters(exchange, [&](Cluster& cluster) { cluster.debug_level = exchange.request.u8(64); });
+    return on_clusters(exchange, [&](Cluster& cluster) { cluster.debug_level = exchange.request[clusters::level]; });
 }
 
 int set_profile(Exchange& exchange)
@@ -123,61 +128,60 @@ int set_profile(Exchange& exchange)
     Cluster* cluster = cluster_of(exchange);
     if (cluster == nullptr)
         return ENOENT;
-    cluster->profile_flag = exchange.request.u8(64);
-    cluster->profile_value1 = exchange.request.u32(68);
-    cluster->profile_value2 = exchange.request.u32(72);
+    cluster->profile_flag = exchange.request[clusters::flag];
+    cluster->profile_value1 = exchange.request[clusters::value1];
+    cluster->profile_value2 = exchange.request[clusters::value2];
     return 0;
 }
 
-// The local transport node is reported as it was sent, from its first name on.
-constexpr std::size_t transport_offset = 64;
-constexpr std::size_t transport_size = 212;
-
 int set_transport(Exchange& exchange)
 {
-    const auto sent = exchange.request.from(transport_offset, transport_size);
-    exchange.state.local_transport_node.assign(sent.begin(), sent.end());
+    exchange.state.local_transport_node = exchange.request[clusters::transport::sent];
     return 0;
 }
 
 int remove_transport(Exchange& exchange)
 {
-    exchange.state.local_transport_node.clear();
+    exchange.state.local_transport_node.reset();
     return 0;
 }
 
 int get_transport(Exchange& exchange)
 {
-    Record(exchange.reply, 2048).bytes(0, exchange.state.local_transport_node);
+    const Record record = exchange.add(clusters::transport_record::layout);
+    if (exchange.state.local_transport_node)
+        record.begin_with(*exchange.state.local_transport_node);
     return 0;
 }
 
 int get_locale_id(Exchange& exchange)
 {
-    for (std::uint8_t i = 0; i < 16; ++i)
-        Record(exchange.reply, 1).u8(0, i);
+    ValueOf<clusters::locale_id> counting {};
+    for (std::size_t i = 0; i < counting.size(); ++i)
+        counting[i] = static_cast<std::byte>(i);
+    exchange.add<clusters::locale_id>(counting);
     return 0;
 }
 
 constexpr Handler answers[] = {
-    {86, request_record, get_locale_id},
-    {89, request_record, get_all},
-    {90, request_record, set},
-    {91, request_record, remove},
-    {92, request_record, get_nodes},
-    {93, request_record, set_node},
-    {94, request_record, remove_node},
-    {100, request_record, set_transport},
-    {101, request_record, remove_transport},
-    {102, request_record, get_transport},
-    {103, request_record, flush},
-    {104, request_record, flush},
-    {106, request_record, set_profile},
-    {107, request_record, set_debug},
+    {"GetLocaleId", get_locale_id},
+    {"GetBridgeClusters", get_all},
+    {"BridgeClusterSetOn", set},
+    {"BridgeClusterSetOff", remove},
+    {"GetBridgeClusterNodes", get_nodes},
+    {"BridgeClusterNodeSetOn", set_node},
+    {"BridgeClusterNodeSetOff", remove_node},
+    {"BridgeLocalTransportNodeSetOn", set_transport},
+    {"BridgeLocalTransportNodeSetOff", remove_transport},
+    {"BridgeGetLocalTransportNode", get_transport},
+    {"FlushBridgeClusterOn", flush},
+    {"FlushBridgeClusterOff", flush},
+    {"BridgeClusterBfdHAProfileSet", set_profile},
+    {"SetBridgeClusterDebug", set_debug},
 };
 
 } // namespace
 
-const std::span<const Handler> handlers::clusters = answers;
+const Handlers handlers::clusters(clusters::commands, answers);
 
 } // namespace emulator

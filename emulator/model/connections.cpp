@@ -1,20 +1,23 @@
 // Port connections.
+#include "emulator/protocol/connections.h"
+
 #include "emulator/model/handlers.h"
 #include "emulator/model/plumbing.h"
 
 namespace emulator {
 
+using namespace protocol;
+
 namespace {
 
 std::string name_of(const Exchange& exchange)
 {
-    return exchange.request.text(64, 64);
+    return exchange.request[connections::name];
 }
 
 int plumb(Exchange& exchange)
 {
-    const auto sent = exchange.request.from(64, 152);
-    return plumb({name_of(exchange), {sent.begin(), sent.end()}}, exchange.state.connections);
+    return plumb({name_of(exchange), exchange.request[connections::sent]}, exchange.state.connections);
 }
 
 int unplumb(Exchange& exchange)
@@ -25,7 +28,7 @@ int unplumb(Exchange& exchange)
 int get_all(Exchange& exchange)
 {
     for (const Connection& connection : exchange.state.connections)
-        write(connection, exchange);
+        exchange.add(connections::record::layout).begin_with(connection.sent);
     return 0;
 }
 
@@ -34,7 +37,7 @@ int get_one(Exchange& exchange)
     const Connection* connection = find_connection(name_of(exchange), exchange.state.connections);
     if (connection == nullptr)
         return ENOENT;
-    write(*connection, exchange);
+    exchange.add(connections::record::layout).begin_with(connection->sent);
     return 0;
 }
 
@@ -44,28 +47,30 @@ int get_virtual_mac(Exchange& exchange)
     std::uint32_t hash = 2166136261u;
     for (const char character : name_of(exchange))
         hash = (hash ^ static_cast<unsigned char>(character)) * 16777619u;
-    Record(exchange.reply, 6).u8(0, 0x02).u32(2, hash);
+    Mac::Value mac {std::byte {0x02}};
+    std::memcpy(&mac[mac.size() - sizeof hash], &hash, sizeof hash);
+    exchange.add<connections::mac>(mac);
     return 0;
 }
 
 // No deletion is ever outstanding: the model deletes at once.
 int check_deletion(Exchange& exchange)
 {
-    Record(exchange.reply, 4);
+    exchange.add<connections::value>(0);
     return 0;
 }
 
 constexpr Handler answers[] = {
-    {15, request_record, plumb},
-    {16, request_record, unplumb},
-    {17, request_record, get_all},
-    {18, request_record, get_one},
-    {85, 0, check_deletion},
-    {149, request_record, get_virtual_mac},
+    {"PlumbLumoConnection", plumb},
+    {"UnPlumbLumoConnection", unplumb},
+    {"GetConnections", get_all},
+    {"GetConnection", get_one},
+    {"LUMODevCheckConnDeletion", check_deletion},
+    {"GetVMAC", get_virtual_mac},
 };
 
 } // namespace
 
-const std::span<const Handler> handlers::connections = answers;
+const Handlers handlers::connections(connections::commands, answers);
 
 } // namespace emulator

@@ -1,49 +1,54 @@
 // The attachment of instances to their control plane.
+#include "emulator/protocol/control_plane.h"
+
 #include "emulator/model/find.h"
 #include "emulator/model/handlers.h"
 
 namespace emulator {
 
+using namespace protocol;
+
 namespace {
 
 int activate(Exchange& exchange)
 {
-    exchange.state.control_plane_active = exchange.request.u32(0);
+    exchange.state.control_plane_active = exchange.request[control_plane::value];
     return 0;
 }
 
-template <std::uint32_t Instance::*Value, std::size_t Offset>
+template <std::uint32_t Instance::*Value, const auto& Sent>
 int set(Exchange& exchange)
 {
     Instance* instance = instance_of(exchange);
     if (instance == nullptr)
         return ENOENT;
-    instance->*Value = exchange.request.u32(Offset);
+    instance->*Value = exchange.request[Sent];
     return 0;
 }
 
-// Five entries of 284 bytes; the first tells what was set.
+// The first entry tells what was set.
 int get_sync_state(Exchange& exchange)
 {
     const Instance* instance = instance_of(exchange);
     if (instance == nullptr)
         return ENOENT;
-    Record(exchange.reply, 1420)
-        .u32(8, instance->sync_state)
-        .u32(12, instance->control_plane_address)
-        .u32(16, exchange.state.control_plane_active);
+    namespace to = control_plane::entry;
+    const Record first = exchange.add(control_plane::record::layout)[control_plane::record::entries][0];
+    first[to::state] = instance->sync_state;
+    first[to::address] = instance->control_plane_address;
+    first[to::active] = exchange.state.control_plane_active;
     return 0;
 }
 
 constexpr Handler answers[] = {
-    {7, 4, activate},
-    {8, request_record, set<&Instance::control_plane_address, 136>},
-    {87, request_record, get_sync_state},
-    {88, request_record, set<&Instance::sync_state, 64>},
+    {"CPActivate", activate},
+    {"SetCPIp", set<&Instance::control_plane_address, control_plane::address>},
+    {"GetLumoInstanceCPSyncState", get_sync_state},
+    {"SetLumoInstanceCPSyncState", set<&Instance::sync_state, control_plane::state>},
 };
 
 } // namespace
 
-const std::span<const Handler> handlers::control_plane = answers;
+const Handlers handlers::control_plane(control_plane::commands, answers);
 
 } // namespace emulator

@@ -1,17 +1,19 @@
 // Bridge endpoints.
+#include "emulator/protocol/endpoints.h"
+
 #include "emulator/model/handlers.h"
 
 #include <algorithm>
 
 namespace emulator {
 
-namespace {
+using namespace protocol;
 
-constexpr std::size_t most_endpoints = 28672;
+namespace {
 
 std::string key_of(const Exchange& exchange)
 {
-    return exchange.request.text(192, 64);
+    return exchange.request[endpoints::key];
 }
 
 auto find(Exchange& exchange)
@@ -28,13 +30,13 @@ int add(Exchange& exchange)
     auto& all = exchange.state.endpoints;
     auto endpoint = find(exchange);
     if (endpoint == all.end()) {
-        if (all.size() == most_endpoints)
+        if (all.size() == endpoints::most)
             return ENOSPC;
         endpoint = all.insert(endpoint, Endpoint {});
     }
-    const Request& request = exchange.request;
-    *endpoint = {key_of(exchange), request.text(128, 64), request.u32(352), request.u32(356), request.u16(528),
-        request.u8(594), request.u8(595)};
+    const Input& request = exchange.request;
+    *endpoint = {key_of(exchange), request[endpoints::name], request[endpoints::value1], request[endpoints::value2],
+        request[endpoints::value3], request[endpoints::flag1], request[endpoints::flag2]};
     return 0;
 }
 
@@ -55,14 +57,15 @@ int flush(Exchange& exchange)
 
 void write(const Endpoint& endpoint, Exchange& exchange)
 {
-    Record(exchange.reply, 235)
-        .text(64, 64, endpoint.key)
-        .u16(128, endpoint.value3)
-        .u8(130, endpoint.flag1)
-        .u32(131, endpoint.value1)
-        .u32(135, endpoint.value2)
-        .text(139, 64, endpoint.name)
-        .u8(203, endpoint.flag2);
+    namespace to = endpoints::record;
+    const Record record = exchange.add(to::layout);
+    record[to::key] = endpoint.key;
+    record[to::value3] = endpoint.value3;
+    record[to::flag1] = endpoint.flag1;
+    record[to::value1] = endpoint.value1;
+    record[to::value2] = endpoint.value2;
+    record[to::name] = endpoint.name;
+    record[to::flag2] = endpoint.flag2;
 }
 
 // Endpoints belong to the module as a whole, whatever bridge is named.
@@ -74,28 +77,28 @@ int get_all(Exchange& exchange)
 }
 
 // Statistics and status have no counters, only the endpoint's key.
-template <std::size_t Size>
+template <const Layout& Reported, const Text& Key>
 int get_key(Exchange& exchange)
 {
     if (find(exchange) == exchange.state.endpoints.end())
         return ENOENT;
-    Record(exchange.reply, Size).text(0, 64, key_of(exchange));
+    exchange.add(Reported)[Key] = key_of(exchange);
     return 0;
 }
 
 constexpr Handler answers[] = {
-    {45, request_record, add},
-    {46, request_record, remove},
-    {47, request_record, flush},
-    {48, request_record, flush},
-    {50, request_record, get_key<146>},
-    {51, request_record, get_key<229>},
-    {52, request_record, get_all},
-    {95, request_record, get_all},
+    {"AddBridgeEndpoint", add},
+    {"DelBridgeEndpoint", remove},
+    {"FlushBridgeEndpointOn", flush},
+    {"FlushBridgeEndpointOff", flush},
+    {"GetBeStats", get_key<endpoints::stats_record::layout, endpoints::stats_record::key>},
+    {"GetBeStatus", get_key<endpoints::status_record::layout, endpoints::status_record::key>},
+    {"GetBeAll", get_all},
+    {"GetBridgeEndpoints", get_all},
 };
 
 } // namespace
 
-const std::span<const Handler> handlers::endpoints = answers;
+const Handlers handlers::endpoints(endpoints::commands, answers);
 
 } // namespace emulator

@@ -1,4 +1,6 @@
 // Forwarding tables of bridges, the FL table and PMACs. The model keeps no FL table.
+#include "emulator/protocol/fdb.h"
+
 #include "emulator/model/answers.h"
 #include "emulator/model/find.h"
 #include "emulator/model/handlers.h"
@@ -8,27 +10,26 @@
 
 namespace emulator {
 
-namespace {
+using namespace protocol;
 
-constexpr std::size_t most_entries = 4096; // of one bridge
-constexpr std::size_t most_pmacs = 131072 / 10;
+namespace {
 
 std::array<std::uint32_t, 2> selectors_of(const Exchange& exchange)
 {
-    return {exchange.request.u32(68), exchange.request.u32(72)};
+    return {exchange.request[fdb::selector1], exchange.request[fdb::selector2]};
 }
 
 int set_fdb_entry(Exchange& exchange)
 {
     return on_bridge(exchange, [&](Bridge& bridge) {
-        FdbEntry entry {
-            selectors_of(exchange), exchange.request.text(84, 18), exchange.request.u32(80), exchange.request.u8(102)};
+        FdbEntry entry {selectors_of(exchange), exchange.request[fdb::mac], exchange.request[fdb::value],
+            exchange.request[fdb::flags]};
         const auto existing = std::find_if(bridge.fdb.begin(), bridge.fdb.end(), [&](const FdbEntry& candidate) {
             return candidate.selectors == entry.selectors && candidate.mac == entry.mac;
         });
         if (existing != bridge.fdb.end())
             *existing = entry;
-        else if (bridge.fdb.size() == most_entries)
+        else if (bridge.fdb.size() == fdb::most)
             return ENOSPC;
         else
             bridge.fdb.push_back(entry);
@@ -45,10 +46,10 @@ int clear_fdb(Exchange& exchange)
 }
 
 // The six bytes of a MAC address in text form; zeros if it is none.
-std::array<std::byte, 6> parse_mac(const std::string& text)
+MacAddress parse_mac(const std::string& text)
 {
     std::array<unsigned, 6> digits {};
-    std::array<std::byte, 6> mac {};
+    MacAddress mac {};
     // NOLINTNEXTLINE(cert-err34-c): two digits at a time do not overflow
     if (std::sscanf(text.c_str(), "%2x:%2x:%2x:%2x:%2x:%2x", &digits[0], &digits[1], &digits[2], &digits[3], &digits[4],
             &digits[5]) == 6)
@@ -56,54 +57,63 @@ std::array<std::byte, 6> parse_mac(const std::string& text)
     return mac;
 }
 
+void write(const FdbEntry& entry, Exchange& exchange)
+{
+    namespace to = fdb::record;
+    const Record record = exchange.add(to::layout);
+    record[to::mac] = parse_mac(entry.mac);
+    record[to::selector1] = static_cast<std::uint16_t>(entry.selectors[0]);
+    record[to::selector2] = entry.selectors[1];
+    record[to::flags] = entry.flags;
+    record[to::value] = entry.value;
+}
+
 int get_fdb(Exchange& exchange)
 {
+    const std::array selectors {exchange.request[fdb::value16], exchange.request[fdb::value32]};
     return on_bridge(exchange, [&](const Bridge& bridge) {
         for (const FdbEntry& entry : bridge.fdb)
-            if (entry.selectors == selectors_of(exchange))
-                Record(exchange.reply, 20)
-                    .bytes(0, parse_mac(entry.mac))
-                    .u16(6, static_cast<std::uint16_t>(entry.selectors[0]))
-                    .u32(8, entry.selectors[1] & 0xffffff)
-                    .u8(11, entry.flags)
-                    .u32(12, entry.value);
+            if (entry.selectors == selectors)
+                write(entry, exchange);
         return 0;
     });
 }
 
 int add_pmac(Exchange& exchange)
 {
-    if (exchange.state.pmacs.size() == most_pmacs)
+    if (exchange.state.pmacs.size() == fdb::most_pmacs)
         return ENOSPC;
-    exchange.state.pmacs[exchange.request.bytes<6>(68)] = exchange.request.u32(64);
+    exchange.state.pmacs[exchange.request[fdb::pmac]] = exchange.request[fdb::pmac_value];
     return 0;
 }
 
 int remove_pmac(Exchange& exchange)
 {
-    return exchange.state.pmacs.erase(exchange.request.bytes<6>(68)) == 1 ? 0 : ENOENT;
+    return exchange.state.pmacs.erase(exchange.request[fdb::pmac]) == 1 ? 0 : ENOENT;
 }
 
-// Ten bytes for each: the address and its value.
 int get_pmacs(Exchange& exchange)
 {
-    for (const auto& [mac, value] : exchange.state.pmacs)
-        Record(exchange.reply, 10).bytes(0, mac).u32(6, value);
+    for (const auto& [mac, value] : exchange.state.pmacs) {
+        const Record record = exchange.add(fdb::pmac_record::layout);
+        record[fdb::pmac_record::mac] = mac;
+        record[fdb::pmac_record::value] = value;
+    }
     return 0;
 }
 
 constexpr Handler answers[] = {
-    {65, request_record, get_fdb},
-    {66, request_record, set_fdb_entry},
-    {67, request_record, clear_fdb},
-    {72, request_record, accepted},
-    {73, request_record, get_pmacs},
-    {74, request_record, add_pmac},
-    {75, request_record, remove_pmac},
+    {"GetBridgeFdbEntries", get_fdb},
+    {"BridgeSetFdbEntry", set_fdb_entry},
+    {"BridgeClearFdbTable", clear_fdb},
+    {"DumpFLTable", accepted},
+    {"GetPmac", get_pmacs},
+    {"AddPmac", add_pmac},
+    {"DelPmac", remove_pmac},
 };
 
 } // namespace
 
-const std::span<const Handler> handlers::fdb = answers;
+const Handlers handlers::fdb(fdb::commands, answers);
 
 } // namespace emulator

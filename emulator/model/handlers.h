@@ -2,46 +2,60 @@
 #pragma once
 
 #include "emulator/model/exchange.h"
-
-#include <span>
+#include "emulator/protocol/command.h"
 
 namespace emulator {
 
-inline constexpr std::size_t request_record = 776;
-
 struct Handler
 {
-    std::uint32_t number;
-    std::size_t input; // the length of the input that the command demands
+    std::string_view command;
     int (*answer)(Exchange& exchange);
 };
 
-// By rising number.
+// Called only while handlers are compiled, where it stops the compiler: it has no body.
+void handlers_are_not_those_of_the_commands();
+
+// The commands of a chapter, and what answers each of them.
+struct Handlers
+{
+    std::span<const protocol::Command> commands;
+    std::span<const Handler> answers;
+
+    template <std::size_t Count>
+    consteval Handlers(const protocol::Command (&described)[Count], const Handler (&answered)[Count]) noexcept
+        : commands(described), answers(answered)
+    {
+        for (std::size_t i = 0; i < Count; ++i)
+            if (commands[i].name != answers[i].command)
+                handlers_are_not_those_of_the_commands();
+    }
+};
+
 namespace handlers {
-extern const std::span<const Handler> instances;
-extern const std::span<const Handler> levels;
-extern const std::span<const Handler> stats;
-extern const std::span<const Handler> control_plane;
-extern const std::span<const Handler> connections;
-extern const std::span<const Handler> housekeeping;
-extern const std::span<const Handler> lifs;
-extern const std::span<const Handler> lif_options;
-extern const std::span<const Handler> dhcp_relay;
-extern const std::span<const Handler> routes;
-extern const std::span<const Handler> routes6;
-extern const std::span<const Handler> neighbours;
-extern const std::span<const Handler> lif_policies;
-extern const std::span<const Handler> policies;
-extern const std::span<const Handler> policy_tables;
-extern const std::span<const Handler> bridges;
-extern const std::span<const Handler> networks;
-extern const std::span<const Handler> fdb;
-extern const std::span<const Handler> clusters;
-extern const std::span<const Handler> endpoints;
-extern const std::span<const Handler> bfd;
-extern const std::span<const Handler> mcast_receivers;
-extern const std::span<const Handler> mcast_groups;
-extern const std::span<const Handler> rss;
+extern const Handlers instances;
+extern const Handlers levels;
+extern const Handlers stats;
+extern const Handlers control_plane;
+extern const Handlers connections;
+extern const Handlers housekeeping;
+extern const Handlers lifs;
+extern const Handlers lif_options;
+extern const Handlers dhcp_relay;
+extern const Handlers routes;
+extern const Handlers routes6;
+extern const Handlers neighbours;
+extern const Handlers lif_policies;
+extern const Handlers policies;
+extern const Handlers policy_tables;
+extern const Handlers bridges;
+extern const Handlers networks;
+extern const Handlers fdb;
+extern const Handlers clusters;
+extern const Handlers endpoints;
+extern const Handlers bfd;
+extern const Handlers mcast_receivers;
+extern const Handlers mcast_groups;
+extern const Handlers rss;
 } // namespace handlers
 
 } // namespace emulator

@@ -1,4 +1,6 @@
 // Router instances.
+#include "emulator/protocol/instances.h"
+
 #include "emulator/model/handlers.h"
 
 #include <algorithm>
@@ -6,10 +8,9 @@
 
 namespace emulator {
 
-namespace {
+using namespace protocol;
 
-constexpr std::size_t most_instances = 1000;
-constexpr std::size_t record_size = 256;
+namespace {
 
 bool is_uuid_text(const std::string& text)
 {
@@ -35,19 +36,20 @@ std::string next_uuid(State& state)
 
 std::string key_of(const Exchange& exchange)
 {
-    return exchange.request.text(0, 64);
+    return exchange.request[instances::instance];
 }
 
-void write(const Instance& instance, std::vector<std::byte>& reply)
+void write(const Instance& instance, Exchange& exchange)
 {
-    Record record(reply, record_size);
-    record.text(0, 64, instance.name);
-    record.u32(64, instance.value1);
-    record.u32(68, instance.value2);
-    record.u32(78, instance.tunables_value);
-    record.bytes(97, std::as_bytes(std::span(instance.text)).first(std::min<std::size_t>(13, instance.text.size())));
-    record.text(136, 64, instance.uuid);
-    record.text(202, 32, instance.tunables);
+    namespace to = instances::record;
+    const Record record = exchange.add(to::layout);
+    record[to::name] = instance.name;
+    record[to::value1] = instance.value1;
+    record[to::value2] = instance.value2;
+    record[to::tunables_value] = instance.tunables_value;
+    record[to::text] = instance.text;
+    record[to::uuid] = instance.uuid;
+    record[to::tunables] = instance.tunables;
 }
 
 int create_or_update(Exchange& exchange)
@@ -57,15 +59,15 @@ int create_or_update(Exchange& exchange)
         return EINVAL;
     Instance* instance = exchange.state.find_instance(key);
     if (instance == nullptr) {
-        if (exchange.state.instances.size() == most_instances)
+        if (exchange.state.instances.size() == instances::most)
             return ENOSPC;
         instance = &exchange.state.instances.emplace_back();
         instance->name = key;
         instance->uuid = is_uuid_text(key) ? key : next_uuid(exchange.state);
     }
-    instance->value1 = exchange.request.u32(64);
-    instance->text = exchange.request.text(140, 18);
-    instance->value2 = exchange.request.u32(160);
+    instance->value1 = exchange.request[instances::value1];
+    instance->text = exchange.request[instances::text];
+    instance->value2 = exchange.request[instances::value2];
     return 0;
 }
 
@@ -83,8 +85,8 @@ int set_tunables(Exchange& exchange)
     Instance* instance = exchange.state.find_instance(key_of(exchange));
     if (instance == nullptr)
         return ENOENT;
-    instance->tunables = exchange.request.text(68, 64);
-    instance->tunables_value = exchange.request.u32(132);
+    instance->tunables = exchange.request[instances::tunables];
+    instance->tunables_value = exchange.request[instances::tunables_value];
     return 0;
 }
 
@@ -93,27 +95,27 @@ int get_one(Exchange& exchange)
     const Instance* instance = exchange.state.find_instance(key_of(exchange));
     if (instance == nullptr)
         return ENOENT;
-    write(*instance, exchange.reply);
+    write(*instance, exchange);
     return 0;
 }
 
 int get_all(Exchange& exchange)
 {
     for (const Instance& instance : exchange.state.instances)
-        write(instance, exchange.reply);
+        write(instance, exchange);
     return 0;
 }
 
 constexpr Handler answers[] = {
-    {0, request_record, get_all},
-    {1, request_record, get_one},
-    {2, request_record, create_or_update},
-    {3, request_record, remove},
-    {4, request_record, set_tunables},
+    {"GetInstances", get_all},
+    {"GetInstance", get_one},
+    {"SetLumoInstance", create_or_update},
+    {"DelLumoInstance", remove},
+    {"SetLumoInstanceTunables", set_tunables},
 };
 
 } // namespace
 
-const std::span<const Handler> handlers::instances = answers;
+const Handlers handlers::instances(instances::commands, answers);
 
 } // namespace emulator

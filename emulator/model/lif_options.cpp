@@ -1,4 +1,6 @@
 // Addresses and options of LIFs, of either kind.
+#include "emulator/protocol/lif_options.h"
+
 #include "emulator/model/find.h"
 #include "emulator/model/handlers.h"
 
@@ -6,13 +8,15 @@
 
 namespace emulator {
 
+using namespace protocol;
+
 namespace {
 
 int set_address(Exchange& exchange)
 {
     return on_lif(exchange, [&](Lif& lif) {
-        lif.address = exchange.request.u32(320);
-        lif.mask = exchange.request.u32(324);
+        lif.address = exchange.request[lif_options::address];
+        lif.mask = exchange.request[lif_options::mask];
         return 0;
     });
 }
@@ -20,7 +24,7 @@ int set_address(Exchange& exchange)
 int remove_address(Exchange& exchange)
 {
     return on_lif(exchange, [&](Lif& lif) {
-        if (lif.address != exchange.request.u32(320) || lif.mask != exchange.request.u32(324))
+        if (lif.address != exchange.request[lif_options::address] || lif.mask != exchange.request[lif_options::mask])
             return EADDRNOTAVAIL;
         lif.address = 0;
         lif.mask = 0;
@@ -28,11 +32,11 @@ int remove_address(Exchange& exchange)
     });
 }
 
-template <auto Member, std::size_t Offset>
+template <auto Member, const auto& Sent>
 int set_number(Exchange& exchange)
 {
     return on_lif(exchange, [&](Lif& lif) {
-        lif.*Member = exchange.request.u32(Offset);
+        lif.*Member = exchange.request[Sent];
         return 0;
     });
 }
@@ -46,24 +50,22 @@ int turn(Exchange& exchange)
     });
 }
 
-constexpr std::size_t most_ipv6 = 10;
-
-auto find_ipv6(Lif& lif, const Exchange& exchange)
+auto find_ipv6(Lif& lif, const Ipv6Address& address)
 {
-    return std::find_if(lif.ipv6.begin(), lif.ipv6.end(),
-        [address = exchange.request.bytes<16>(64)](const LifIpv6& ipv6) { return ipv6.address == address; });
+    return std::find_if(lif.ipv6.begin(), lif.ipv6.end(), [&](const LifIpv6& ipv6) { return ipv6.address == address; });
 }
 
 int add_ipv6(Exchange& exchange)
 {
     return on_lif(exchange, [&](Lif& lif) {
-        auto ipv6 = find_ipv6(lif, exchange);
+        const Ipv6Address address = exchange.request[lif_options::ipv6_address];
+        auto ipv6 = find_ipv6(lif, address);
         if (ipv6 == lif.ipv6.end()) {
-            if (lif.ipv6.size() == most_ipv6)
+            if (lif.ipv6.size() == lifs::most_ipv6)
                 return ENOSPC;
-            ipv6 = lif.ipv6.insert(lif.ipv6.end(), {exchange.request.bytes<16>(64), 0});
+            ipv6 = lif.ipv6.insert(lif.ipv6.end(), {address, 0});
         }
-        ipv6->prefix_length = exchange.request.u8(148);
+        ipv6->prefix_length = exchange.request[lif_options::prefix_len];
         return 0;
     });
 }
@@ -71,8 +73,8 @@ int add_ipv6(Exchange& exchange)
 int remove_ipv6(Exchange& exchange)
 {
     return on_lif(exchange, [&](Lif& lif) {
-        const auto ipv6 = find_ipv6(lif, exchange);
-        if (ipv6 == lif.ipv6.end() || ipv6->prefix_length != exchange.request.u8(148))
+        const auto ipv6 = find_ipv6(lif, exchange.request[lif_options::ipv6_address]);
+        if (ipv6 == lif.ipv6.end() || ipv6->prefix_length != exchange.request[lif_options::prefix_len])
             return EADDRNOTAVAIL;
         lif.ipv6.erase(ipv6);
         return 0;
@@ -84,30 +86,31 @@ int set_instance_multicast(Exchange& exchange)
     Instance* instance = instance_of(exchange);
     if (instance == nullptr)
         return ENOENT;
-    const Request& request = exchange.request;
-    instance->multicast = {request.text(64, 64), request.u32(128), request.u32(132), request.u16(136), request.u8(138)};
+    const Input& request = exchange.request;
+    instance->multicast = {request[lif_options::name], request[lif_options::value1], request[lif_options::value2],
+        request[lif_options::value3], request[lif_options::value4]};
     return 0;
 }
 
 constexpr Handler answers[] = {
-    {25, request_record, set_number<&Lif::di_address, 328>},
-    {26, request_record, set_address},
-    {27, request_record, remove_address},
-    {28, request_record, turn<&Lif::vxlan_control_plane, true>},
-    {29, request_record, turn<&Lif::vxlan_control_plane, false>},
-    {30, request_record, turn<&Lif::enabled, true>},
-    {31, request_record, turn<&Lif::enabled, false>},
-    {32, request_record, set_number<&Lif::vxlan_multicast, 328>},
-    {108, request_record, add_ipv6},
-    {109, request_record, remove_ipv6},
-    {125, request_record, turn<&Lif::multicast_routing, true>},
-    {126, request_record, turn<&Lif::multicast_routing, false>},
-    {127, request_record, set_instance_multicast},
-    {152, request_record, set_number<&Lif::ra_mtu, 64>},
+    {"SetLifDIIp", set_number<&Lif::di_address, lif_options::di_address>},
+    {"SetLifIp", set_address},
+    {"DelLifIp", remove_address},
+    {"SetLifVxlanCP", turn<&Lif::vxlan_control_plane, true>},
+    {"DelLifVxlanCP", turn<&Lif::vxlan_control_plane, false>},
+    {"EnableLif", turn<&Lif::enabled, true>},
+    {"DisableLif", turn<&Lif::enabled, false>},
+    {"SetLifVxlanMulticastIp", set_number<&Lif::vxlan_multicast, lif_options::vxlan_multicast>},
+    {"SetLifIpv6", add_ipv6},
+    {"DelLifIpv6", remove_ipv6},
+    {"SetLifMcastRoutingOn", turn<&Lif::multicast_routing, true>},
+    {"SetLifMcastRoutingOff", turn<&Lif::multicast_routing, false>},
+    {"SetMcastRouting", set_instance_multicast},
+    {"RAMTUSetv6", set_number<&Lif::ra_mtu, lif_options::mtu>},
 };
 
 } // namespace
 
-const std::span<const Handler> handlers::lif_options = answers;
+const Handlers handlers::lif_options(lif_options::commands, answers);
 
 } // namespace emulator

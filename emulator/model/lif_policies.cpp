@@ -1,4 +1,6 @@
 // Interface policies: route-shaped entries under a kind.
+#include "emulator/protocol/lif_policies.h"
+
 #include "emulator/model/answers.h"
 #include "emulator/model/find.h"
 #include "emulator/model/handlers.h"
@@ -8,16 +10,18 @@
 
 namespace emulator {
 
+using namespace protocol;
+
 namespace {
 
-constexpr std::size_t most_policies = 8000;
-constexpr std::uint32_t kind_with_text = 4;
+constexpr std::int32_t kind_with_text = 4;
 
 LifPolicy policy_of(const Exchange& exchange)
 {
-    const Request& request = exchange.request;
-    return {request.u32(216), request.text(148, 64), request.u32(64), request.u32(68), request.u32(80),
-        {request.u32(76), request.text(84, 64)}};
+    const Input& request = exchange.request;
+    return {request[lif_policies::kind], request[lif_policies::text], request[lif_policies::dest],
+        request[lif_policies::mask], request[lif_policies::param],
+        {request[lif_policies::gateway], request[lif_policies::lif]}};
 }
 
 bool same(const LifPolicy& left, const LifPolicy& right)
@@ -38,7 +42,7 @@ int set(Exchange& exchange)
         existing->param = policy.param;
         return done(exchange);
     }
-    if (instance->lif_policies.size() == most_policies)
+    if (instance->lif_policies.size() == lif_policies::most)
         return ENOSPC;
     instance->lif_policies.push_back(policy);
     return done(exchange);
@@ -61,21 +65,22 @@ int get_all(Exchange& exchange)
     const Instance* instance = instance_of(exchange);
     if (instance == nullptr)
         return ENOENT;
-    const LifPolicy asked = policy_of(exchange);
+    const std::int32_t kind = exchange.request[lif_policies::kind];
+    const std::string text = exchange.request[lif_policies::text];
     for (const LifPolicy& policy : instance->lif_policies)
-        if (policy.kind == asked.kind && (policy.kind != kind_with_text || policy.text == asked.text))
+        if (policy.kind == kind && (kind != kind_with_text || policy.text == text))
             write_route({policy.dest, policy.mask, policy.param, {policy.next_hop}}, RouteOrigin::Policy, exchange);
     return 0;
 }
 
 constexpr Handler answers[] = {
-    {140, request_record, get_all},
-    {141, request_record, set},
-    {142, request_record, remove},
+    {"GetLifPolicies", get_all},
+    {"SetLifPolicy", set},
+    {"DelLifPolicy", remove},
 };
 
 } // namespace
 
-const std::span<const Handler> handlers::lif_policies = answers;
+const Handlers handlers::lif_policies(lif_policies::commands, answers);
 
 } // namespace emulator

@@ -1,39 +1,50 @@
 // Logical interfaces: routed ones, and bridge LIFs.
+#include "emulator/protocol/lifs.h"
+
 #include "emulator/model/find.h"
 #include "emulator/model/handlers.h"
 
 namespace emulator {
 
+using namespace protocol;
+
 namespace {
 
-constexpr std::size_t most_lifs = 10000; // of one instance, routed and bridge LIFs together
-constexpr std::size_t record_size = 576;
-
-std::string lif_name(const Exchange& exchange)
+void write(const Lif& lif, Exchange& exchange)
 {
-    return exchange.request.text(192, 64);
-}
-
-void write(const Lif& lif, std::vector<std::byte>& reply)
-{
-    Record record(reply, record_size);
-    record.text(0, 64, lif.name).text(64, 64, lif.aux_name);
-    record.u32(128, lif.address).u32(132, lif.mask).u32(136, lif.di_address).bytes(140, lif.mac);
-    record.u32(146, lif.param_a).u32(150, lif.param_b).u32(154, lif.param_c);
-    record.u8(158, lif.enabled).u8(159, lif.vxlan_control_plane).u8(160, lif.multicast_routing);
-    record.u8(161, lif.kind == LifKind::Bridge);
-    record.bytes(162, lif.dhcp_relay);
-    for (std::size_t i = 0; i < lif.ipv6.size(); ++i)
-        record.bytes(326 + 24 * i, lif.ipv6[i].address).u32(326 + 24 * i + 16, lif.ipv6[i].prefix_length);
-    record.u32(566, static_cast<std::uint32_t>(lif.ipv6.size()));
-    record.u32(572, lif.ra_mtu);
+    namespace to = lifs::record;
+    const Record record = exchange.add(to::layout);
+    record[to::name] = lif.name;
+    record[to::aux_name] = lif.aux_name;
+    record[to::address] = lif.address;
+    record[to::mask] = lif.mask;
+    record[to::di_address] = lif.di_address;
+    record[to::mac] = lif.mac;
+    record[to::param_a] = lif.param_a;
+    record[to::param_b] = lif.param_b;
+    record[to::param_c] = lif.param_c;
+    record[to::up] = lif.enabled;
+    record[to::vxlan_control_plane] = lif.vxlan_control_plane;
+    record[to::multicast_routing] = lif.multicast_routing;
+    record[to::bridge_lif] = lif.kind == LifKind::Bridge;
+    record[to::relay_count] = lif.dhcp_relay.count;
+    for (std::size_t i = 0; i < lif.dhcp_relay.servers.size(); ++i) {
+        record[to::relay_servers][i][dhcp_relay::server::address] = lif.dhcp_relay.servers[i].address;
+        record[to::relay_servers][i][dhcp_relay::server::family] = lif.dhcp_relay.servers[i].family;
+    }
+    for (std::size_t i = 0; i < lif.ipv6.size(); ++i) {
+        record[to::ipv6][i][lifs::ipv6_entry::address] = lif.ipv6[i].address;
+        record[to::ipv6][i][lifs::ipv6_entry::prefix_len] = lif.ipv6[i].prefix_length;
+    }
+    record[to::ipv6_count] = static_cast<std::uint32_t>(lif.ipv6.size());
+    record[to::ra_mtu] = lif.ra_mtu;
 }
 
 // The LIF to be set, created if need be; null with an errno if that cannot be.
 Lif* lif_to_set(Exchange& exchange, LifKind kind, int& error)
 {
     Instance* instance = instance_of(exchange);
-    const std::string name = lif_name(exchange);
+    const std::string name = exchange.request[lifs::lif];
     error = instance == nullptr ? ENOENT : name.empty() ? EINVAL : 0;
     if (error != 0)
         return nullptr;
@@ -43,7 +54,7 @@ Lif* lif_to_set(Exchange& exchange, LifKind kind, int& error)
         error = lif->kind == kind ? 0 : EEXIST;
         return error == 0 ? lif : nullptr;
     }
-    if (instance->lifs.size() == most_lifs) {
+    if (instance->lifs.size() == lifs::most) {
         error = ENOSPC;
         return nullptr;
     }
@@ -59,14 +70,14 @@ int set_routed(Exchange& exchange)
     Lif* lif = lif_to_set(exchange, LifKind::Routed, error);
     if (lif == nullptr)
         return error;
-    lif->aux_name = exchange.request.text(64, 64);
-    lif->address = exchange.request.u32(320);
-    lif->mask = exchange.request.u32(324);
-    lif->di_address = exchange.request.u32(328);
-    lif->mac = exchange.request.bytes<6>(332);
-    lif->param_a = exchange.request.u32(352);
-    lif->param_b = exchange.request.u32(356);
-    lif->param_c = exchange.request.u32(360);
+    lif->aux_name = exchange.request[lifs::aux_name];
+    lif->address = exchange.request[lifs::address];
+    lif->mask = exchange.request[lifs::mask];
+    lif->di_address = exchange.request[lifs::di_address];
+    lif->mac = exchange.request[lifs::mac];
+    lif->param_a = exchange.request[lifs::param_a];
+    lif->param_b = exchange.request[lifs::param_b];
+    lif->param_c = exchange.request[lifs::param_c];
     return 0;
 }
 
@@ -76,10 +87,10 @@ int set_bridge(Exchange& exchange)
     Lif* lif = lif_to_set(exchange, LifKind::Bridge, error);
     if (lif == nullptr)
         return error;
-    lif->aux_name = exchange.request.text(64, 64);
-    lif->di_address = exchange.request.u32(328);
-    lif->param_a = exchange.request.u32(352);
-    lif->param_b = exchange.request.u32(356);
+    lif->aux_name = exchange.request[lifs::aux_name];
+    lif->di_address = exchange.request[lifs::di_value];
+    lif->param_a = exchange.request[lifs::param_a];
+    lif->param_b = exchange.request[lifs::param_b];
     return 0;
 }
 
@@ -89,8 +100,8 @@ int remove(Exchange& exchange)
     return on_lif(exchange, [&](const Lif& lif) {
         if (lif.kind != Kind)
             return ENOENT;
-        auto& lifs = instance_of(exchange)->lifs;
-        lifs.erase(lifs.begin() + (&lif - lifs.data()));
+        auto& all = instance_of(exchange)->lifs;
+        all.erase(all.begin() + (&lif - all.data()));
         return 0;
     });
 }
@@ -101,7 +112,7 @@ int get_one(Exchange& exchange)
     return on_lif(exchange, [&](const Lif& lif) {
         if (lif.kind != Kind)
             return ENOENT;
-        write(lif, exchange.reply);
+        write(lif, exchange);
         return 0;
     });
 }
@@ -114,23 +125,23 @@ int get_all(Exchange& exchange)
         return ENOENT;
     for (const Lif& lif : instance->lifs)
         if (lif.kind == Kind)
-            write(lif, exchange.reply);
+            write(lif, exchange);
     return 0;
 }
 
 constexpr Handler answers[] = {
-    {19, request_record, set_routed},
-    {20, request_record, remove<LifKind::Routed>},
-    {21, request_record, get_all<LifKind::Routed>},
-    {22, request_record, get_one<LifKind::Routed>},
-    {57, request_record, set_bridge},
-    {58, request_record, remove<LifKind::Bridge>},
-    {59, request_record, get_all<LifKind::Bridge>},
-    {60, request_record, get_one<LifKind::Bridge>},
+    {"SetLif", set_routed},
+    {"DelLif", remove<LifKind::Routed>},
+    {"GetLifs", get_all<LifKind::Routed>},
+    {"GetLif", get_one<LifKind::Routed>},
+    {"SetBridgeLifOn", set_bridge},
+    {"SetBridgeLifOff", remove<LifKind::Bridge>},
+    {"GetBridgeLifs", get_all<LifKind::Bridge>},
+    {"GetBridgeLif", get_one<LifKind::Bridge>},
 };
 
 } // namespace
 
-const std::span<const Handler> handlers::lifs = answers;
+const Handlers handlers::lifs(lifs::commands, answers);
 
 } // namespace emulator

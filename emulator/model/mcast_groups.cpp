@@ -1,8 +1,12 @@
 // Multicast groups, replication and router addresses.
+#include "emulator/protocol/mcast_groups.h"
+
 #include "emulator/model/find.h"
 #include "emulator/model/handlers.h"
 
 namespace emulator {
+
+using namespace protocol;
 
 namespace {
 
@@ -15,8 +19,13 @@ int get_groups(Exchange& exchange)
             ++groups[receiver.value][0];
         for (const RemoteReceiver& receiver : instance.remote_receivers)
             ++groups[receiver.value][1];
-        for (const auto& [value, receivers] : groups)
-            Record(exchange.reply, 12).u32(0, value).u32(4, receivers[0]).u32(8, receivers[1]);
+        namespace to = mcast_groups::record;
+        for (const auto& [value, receivers] : groups) {
+            const Record record = exchange.add(to::layout);
+            record[to::value] = value;
+            record[to::local_receivers] = receivers[0];
+            record[to::remote_receivers] = receivers[1];
+        }
         return 0;
     });
 }
@@ -25,7 +34,7 @@ int get_groups(Exchange& exchange)
 int get_replication_address(Exchange& exchange)
 {
     return on_instance(exchange, [&](const Instance&) {
-        Record(exchange.reply, 4);
+        exchange.add<mcast_groups::address>(0);
         return 0;
     });
 }
@@ -33,7 +42,7 @@ int get_replication_address(Exchange& exchange)
 int add_router(Exchange& exchange)
 {
     return on_instance(exchange, [&](Instance& instance) {
-        instance.multicast_router = {true, exchange.request.u32(64)};
+        instance.multicast_router = {true, exchange.request[mcast_groups::value]};
         return 0;
     });
 }
@@ -54,21 +63,21 @@ int get_router(Exchange& exchange)
     return on_instance(exchange, [&](const Instance& instance) {
         if (!instance.multicast_router.present)
             return ENOENT;
-        Record(exchange.reply, 4).u32(0, instance.multicast_router.value);
+        exchange.add<mcast_groups::address>(instance.multicast_router.value);
         return 0;
     });
 }
 
 constexpr Handler answers[] = {
-    {135, request_record, get_groups},
-    {136, request_record, get_replication_address},
-    {137, request_record, add_router},
-    {138, request_record, remove_router},
-    {139, request_record, get_router},
+    {"GetMRoutingAllMcastGroups", get_groups},
+    {"GetMRoutingReplicationIP", get_replication_address},
+    {"AddMRoutingMRouter", add_router},
+    {"DelMRoutingMRouter", remove_router},
+    {"GetMRoutingMRouterIP", get_router},
 };
 
 } // namespace
 
-const std::span<const Handler> handlers::mcast_groups = answers;
+const Handlers handlers::mcast_groups(mcast_groups::commands, answers);
 
 } // namespace emulator

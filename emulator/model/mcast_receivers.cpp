@@ -1,4 +1,6 @@
 // Multicast domains of instances, and their receivers.
+#include "emulator/protocol/mcast_receivers.h"
+
 #include "emulator/model/find.h"
 #include "emulator/model/handlers.h"
 
@@ -6,33 +8,33 @@
 
 namespace emulator {
 
-namespace {
+using namespace protocol;
 
-constexpr std::size_t most_local = 512;
-constexpr std::size_t most_remote = 2048;
+namespace {
 
 std::uint32_t value_of(const Exchange& exchange)
 {
-    return exchange.request.u32(64);
+    return exchange.request[mcast_receivers::value];
 }
 
 // What was set for the instance as a whole.
 int get_domain(Exchange& exchange)
 {
     return on_instance(exchange, [&](const Instance& instance) {
-        Record(exchange.reply, 148)
-            .text(0, 64, instance.multicast.name)
-            .u64(112, instance.multicast.value1)
-            .u64(120, instance.multicast.value2)
-            .u64(128, instance.multicast.value3)
-            .u64(136, instance.multicast.value4);
+        namespace to = mcast_receivers::domain_record;
+        const Record record = exchange.add(to::layout);
+        record[to::name] = instance.multicast.name;
+        record[to::value1] = instance.multicast.value1;
+        record[to::value2] = instance.multicast.value2;
+        record[to::value3] = instance.multicast.value3;
+        record[to::value4] = instance.multicast.value4;
         return 0;
     });
 }
 
 auto same_local(const Exchange& exchange)
 {
-    return [value = value_of(exchange), text = exchange.request.text(80, 64)](
+    return [value = value_of(exchange), text = exchange.request[mcast_receivers::text]](
                const LocalReceiver& receiver) { return receiver.value == value && receiver.text == text; };
 }
 
@@ -42,9 +44,9 @@ int add_local(Exchange& exchange)
         auto& all = instance.local_receivers;
         if (std::any_of(all.begin(), all.end(), same_local(exchange)))
             return 0;
-        if (all.size() == most_local)
+        if (all.size() == mcast_receivers::most_local)
             return ENOSPC;
-        all.push_back({value_of(exchange), exchange.request.text(80, 64)});
+        all.push_back({value_of(exchange), exchange.request[mcast_receivers::text]});
         return 0;
     });
 }
@@ -59,16 +61,21 @@ int remove_local(Exchange& exchange)
 int get_local(Exchange& exchange)
 {
     return on_instance(exchange, [&](const Instance& instance) {
-        for (const LocalReceiver& receiver : instance.local_receivers)
-            if (receiver.value == value_of(exchange))
-                Record(exchange.reply, 88).text(0, 64, receiver.text).u32(64, receiver.value);
+        namespace to = mcast_receivers::local_record;
+        for (const LocalReceiver& receiver : instance.local_receivers) {
+            if (receiver.value != value_of(exchange))
+                continue;
+            const Record record = exchange.add(to::layout);
+            record[to::text] = receiver.text;
+            record[to::value] = receiver.value;
+        }
         return 0;
     });
 }
 
 auto same_remote(const Exchange& exchange)
 {
-    return [value = value_of(exchange), key = exchange.request.u32(84)](
+    return [value = value_of(exchange), key = exchange.request[mcast_receivers::key]](
                const RemoteReceiver& receiver) { return receiver.value == value && receiver.key == key; };
 }
 
@@ -77,10 +84,11 @@ int add_remote(Exchange& exchange)
     return on_instance(exchange, [&](Instance& instance) {
         auto& all = instance.remote_receivers;
         std::erase_if(all, same_remote(exchange));
-        if (all.size() == most_remote)
+        if (all.size() == mcast_receivers::most_remote)
             return ENOSPC;
-        const Request& request = exchange.request;
-        all.push_back({value_of(exchange), request.u32(84), request.u32(80), request.u32(96), request.bytes<6>(88)});
+        const Input& request = exchange.request;
+        all.push_back({value_of(exchange), request[mcast_receivers::key], request[mcast_receivers::value1],
+            request[mcast_receivers::value2], request[mcast_receivers::hw_addr]});
         return 0;
     });
 }
@@ -92,39 +100,40 @@ int remove_remote(Exchange& exchange)
     });
 }
 
-// The number of entries, then 68 bytes for each: key, hardware address, and the two values.
 int get_remote(Exchange& exchange)
 {
     return on_instance(exchange, [&](const Instance& instance) {
-        std::uint32_t count = 0;
-        Record(exchange.reply, 4);
-        for (const RemoteReceiver& receiver : instance.remote_receivers) {
-            if (receiver.value != value_of(exchange))
+        const auto under_value = [value = value_of(exchange)](
+                                     const RemoteReceiver& receiver) { return receiver.value == value; };
+        const auto& all = instance.remote_receivers;
+        exchange.add<mcast_receivers::count>(
+            static_cast<std::uint32_t>(std::count_if(all.begin(), all.end(), under_value)));
+        namespace to = mcast_receivers::remote_record;
+        for (const RemoteReceiver& receiver : all) {
+            if (!under_value(receiver))
                 continue;
-            ++count;
-            Record(exchange.reply, 68)
-                .u32(0, receiver.key)
-                .bytes(4, receiver.hw_address)
-                .u32(12, receiver.value1)
-                .u32(16, receiver.value2);
+            const Record record = exchange.add(to::layout);
+            record[to::key] = receiver.key;
+            record[to::hw_addr] = receiver.hw_address;
+            record[to::value1] = receiver.value1;
+            record[to::value2] = receiver.value2;
         }
-        std::memcpy(exchange.reply.data(), &count, sizeof count);
         return 0;
     });
 }
 
 constexpr Handler answers[] = {
-    {128, request_record, get_local},
-    {129, request_record, get_remote},
-    {130, request_record, get_domain},
-    {131, request_record, add_remote},
-    {132, request_record, remove_remote},
-    {133, request_record, add_local},
-    {134, request_record, remove_local},
+    {"GetMRoutingLocalRcvrs", get_local},
+    {"GetMRoutingRemoteRcvrs", get_remote},
+    {"GetMRoutingDomain", get_domain},
+    {"AddMRoutingRemoteRcvrs", add_remote},
+    {"DelMRoutingRemoteRcvrs", remove_remote},
+    {"AddMRoutingLocalRcvrs", add_local},
+    {"DelMRoutingLocalRcvrs", remove_local},
 };
 
 } // namespace
 
-const std::span<const Handler> handlers::mcast_receivers = answers;
+const Handlers handlers::mcast_receivers(mcast_receivers::commands, answers);
 
 } // namespace emulator

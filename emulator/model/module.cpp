@@ -7,19 +7,24 @@ namespace emulator {
 
 namespace {
 
-using Table = std::array<const Handler*, protocol::last_command + 1>;
-
-Table all_handlers()
+struct Answered
 {
-    Table table {};
-    for (const std::span<const Handler> chapter :
-        {handlers::instances, handlers::levels, handlers::stats, handlers::control_plane, handlers::connections,
-            handlers::housekeeping, handlers::lifs, handlers::lif_options, handlers::dhcp_relay, handlers::routes,
-            handlers::routes6, handlers::neighbours, handlers::lif_policies, handlers::policies,
-            handlers::policy_tables, handlers::bridges, handlers::networks, handlers::fdb, handlers::clusters,
-            handlers::endpoints, handlers::bfd, handlers::mcast_receivers, handlers::mcast_groups, handlers::rss})
-        for (const Handler& handler : chapter)
-            table[handler.number] = &handler;
+    const protocol::Command* command = nullptr; // null where no command has the number
+    int (*answer)(Exchange& exchange) = nullptr;
+};
+
+using Table = std::array<Answered, protocol::last_command + 1>;
+
+Table all_commands()
+{
+    Table table;
+    for (const Handlers& chapter : {handlers::instances, handlers::levels, handlers::stats, handlers::control_plane,
+             handlers::connections, handlers::housekeeping, handlers::lifs, handlers::lif_options, handlers::dhcp_relay,
+             handlers::routes, handlers::routes6, handlers::neighbours, handlers::lif_policies, handlers::policies,
+             handlers::policy_tables, handlers::bridges, handlers::networks, handlers::fdb, handlers::clusters,
+             handlers::endpoints, handlers::bfd, handlers::mcast_receivers, handlers::mcast_groups, handlers::rss})
+        for (std::size_t i = 0; i < chapter.commands.size(); ++i)
+            table[chapter.commands[i].number] = {&chapter.commands[i], chapter.answers[i].answer};
     return table;
 }
 
@@ -30,14 +35,15 @@ Module::~Module() = default;
 
 Answer Module::answer(std::uint32_t number, std::span<const std::byte> input, std::uint32_t room)
 {
-    static const Table table = all_handlers();
-    if (number > protocol::last_command || table[number] == nullptr)
+    static const Table table = all_commands();
+    if (number > protocol::last_command || table[number].command == nullptr)
         return {ENOTTY, {}};
-    if (input.size() != table[number]->input)
+    const auto& [command, answer] = table[number];
+    if (input.size() != command->input.size)
         return {EINVAL, {}};
 
-    Exchange exchange {*state_, Request(input), room, {}};
-    if (const int error = table[number]->answer(exchange); error != 0)
+    Exchange exchange {*state_, protocol::Input(input), room};
+    if (const int error = answer(exchange); error != 0)
         return {error, {}};
     if (exchange.reply.size() > room)
         return {ENOBUFS, {}};

@@ -1,4 +1,6 @@
 // ARP entries, IPv6 neighbours, and proxy entries of both.
+#include "emulator/protocol/neighbours.h"
+
 #include "emulator/model/find.h"
 #include "emulator/model/handlers.h"
 
@@ -6,54 +8,54 @@
 
 namespace emulator {
 
-namespace {
+using namespace protocol;
 
-constexpr std::size_t image_size = 7471104;
-constexpr std::size_t entry_size = 114;
-// An entry of zeros ends the image.
-constexpr std::size_t most_entries = image_size / entry_size - 1;
+namespace {
 
 Entry entry_of(const Exchange& exchange)
 {
-    return exchange.request.u8(596) != 0 ? Entry::Proxy : Entry::Plain;
+    return exchange.request[neighbours::proxy] ? Entry::Proxy : Entry::Plain;
 }
 
+// The neighbour that a set or delete names, with no MAC address.
 template <Family Of>
-Neighbour neighbour_of(const Exchange& exchange)
+Neighbour named_by(const Exchange& exchange)
 {
-    const Request& request = exchange.request;
-    Neighbour neighbour {Of, entry_of(exchange), {}, {}, {}};
+    const Input& request = exchange.request;
+    Neighbour neighbour;
+    neighbour.family = Of;
+    neighbour.entry = entry_of(exchange);
     if constexpr (Of == Family::Ipv4) {
-        std::ranges::copy(request.bytes<4>(64), neighbour.address.begin());
-        neighbour.lif = request.text(192, 64);
-        neighbour.mac = request.text(332, 18);
+        neighbour.ipv4_address = request[neighbours::arp::address];
+        neighbour.lif = request[neighbours::lif];
     } else {
-        neighbour.address = request.bytes<16>(128);
-        neighbour.lif = request.text(64, 64);
-        neighbour.mac = request.text(144, 18);
+        neighbour.ipv6_address = request[neighbours::ipv6::address];
+        neighbour.lif = request[neighbours::ipv6::lif];
     }
     return neighbour;
 }
 
 bool same(const Neighbour& left, const Neighbour& right)
 {
-    return left.family == right.family && left.entry == right.entry && left.address == right.address &&
-           left.lif == right.lif;
+    return left.family == right.family && left.entry == right.entry && left.ipv4_address == right.ipv4_address &&
+           left.ipv6_address == right.ipv6_address && left.lif == right.lif;
 }
 
 template <Family Of>
 int set(Exchange& exchange)
 {
     Instance* instance = instance_of(exchange);
-    const Neighbour neighbour = neighbour_of<Of>(exchange);
+    Neighbour neighbour = named_by<Of>(exchange);
     if (instance == nullptr || instance->find_lif(neighbour.lif) == nullptr)
         return ENOENT;
+    neighbour.mac =
+        Of == Family::Ipv4 ? exchange.request[neighbours::arp::mac] : exchange.request[neighbours::ipv6::mac];
     auto& all = instance->neighbours;
     const auto existing =
         std::find_if(all.begin(), all.end(), [&](const Neighbour& candidate) { return same(candidate, neighbour); });
     if (existing != all.end())
         *existing = neighbour;
-    else if (all.size() == most_entries)
+    else if (all.size() == neighbours::most)
         return ENOSPC;
     else
         all.push_back(neighbour);
@@ -66,7 +68,7 @@ int remove(Exchange& exchange)
     Instance* instance = instance_of(exchange);
     if (instance == nullptr)
         return ENOENT;
-    const Neighbour neighbour = neighbour_of<Of>(exchange);
+    const Neighbour neighbour = named_by<Of>(exchange);
     const auto removed =
         std::erase_if(instance->neighbours, [&](const Neighbour& candidate) { return same(candidate, neighbour); });
     return removed > 0 ? 0 : ENOENT;
@@ -75,8 +77,23 @@ int remove(Exchange& exchange)
 // The reads and clears of both families name the interface in the same place, or none for all.
 bool on_interface(const Exchange& exchange, const Neighbour& neighbour)
 {
-    const std::string lif = exchange.request.text(192, 64);
+    const std::string lif = exchange.request[neighbours::lif];
     return lif.empty() || lif == neighbour.lif;
+}
+
+template <Family Of>
+void write(const Neighbour& neighbour, Exchange& exchange)
+{
+    namespace to = neighbours::entry;
+    const Record record = exchange.add(Of == Family::Ipv4 ? to::of_arp : to::of_ipv6);
+    if constexpr (Of == Family::Ipv4)
+        record[to::ipv4_address] = neighbour.ipv4_address;
+    else
+        record[to::ipv6_address] = neighbour.ipv6_address;
+    record[to::lif] = neighbour.lif;
+    record[to::mac] = neighbour.mac;
+    record[to::proxy] = neighbour.entry == Entry::Proxy;
+    record[to::present] = true;
 }
 
 template <Family Of>
@@ -88,16 +105,11 @@ int dump(Exchange& exchange)
     for (const Neighbour& neighbour : instance->neighbours) {
         // Only ARP has a table of its own for proxy entries; that of neighbours holds both.
         const bool asked = Of == Family::Ipv6 || neighbour.entry == entry_of(exchange);
-        if (neighbour.family != Of || !asked || !on_interface(exchange, neighbour))
-            continue;
-        Record(exchange.reply, entry_size)
-            .bytes(0, neighbour.address)
-            .text(16, 64, neighbour.lif)
-            .bytes(80, std::as_bytes(std::span(neighbour.mac)))
-            .u8(98, neighbour.entry == Entry::Proxy)
-            .u8(99, 1);
+        if (neighbour.family == Of && asked && on_interface(exchange, neighbour))
+            write<Of>(neighbour, exchange);
     }
-    Record(exchange.reply, entry_size);
+    // An entry of zeros ends the dump.
+    exchange.add(Of == Family::Ipv4 ? neighbours::entry::of_arp : neighbours::entry::of_ipv6);
     return 0;
 }
 
@@ -113,18 +125,18 @@ int clear(Exchange& exchange)
 }
 
 constexpr Handler answers[] = {
-    {38, request_record, set<Family::Ipv4>},
-    {39, request_record, remove<Family::Ipv4>},
-    {40, request_record, dump<Family::Ipv4>},
-    {41, request_record, clear<Family::Ipv4>},
-    {112, request_record, set<Family::Ipv6>},
-    {113, request_record, remove<Family::Ipv6>},
-    {116, request_record, dump<Family::Ipv6>},
-    {117, request_record, clear<Family::Ipv6>},
+    {"SetArp", set<Family::Ipv4>},
+    {"DelArp", remove<Family::Ipv4>},
+    {"GetArps", dump<Family::Ipv4>},
+    {"ClearArp", clear<Family::Ipv4>},
+    {"SetArpv6", set<Family::Ipv6>},
+    {"DelArpv6", remove<Family::Ipv6>},
+    {"GetArpsv6", dump<Family::Ipv6>},
+    {"ClearArpv6", clear<Family::Ipv6>},
 };
 
 } // namespace
 
-const std::span<const Handler> handlers::neighbours = answers;
+const Handlers handlers::neighbours(neighbours::commands, answers);
 
 } // namespace emulator

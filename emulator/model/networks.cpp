@@ -1,18 +1,22 @@
 // Bridge networks and ports. The model's bridges have none.
+#include "emulator/protocol/networks.h"
+
 #include "emulator/model/answers.h"
 #include "emulator/model/handlers.h"
 
 namespace emulator {
 
+using namespace protocol;
+
 namespace {
 
 constexpr Handler answers[] = {
-    {63, request_record, accepted_for_bridge},
-    {64, request_record, accepted_for_bridge},
+    {"GetBridgeNetworks", accepted_for_bridge},
+    {"GetBridgePorts", accepted_for_bridge},
 };
 
 } // namespace
 
-const std::span<const Handler> handlers::networks = answers;
+const Handlers handlers::networks(networks::commands, answers);
 
 } // namespace emulator

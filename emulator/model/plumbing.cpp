@@ -1,13 +1,11 @@
 #include "emulator/model/plumbing.h"
 
 #include <algorithm>
+#include <cerrno>
 
 namespace emulator {
 
 namespace {
-
-constexpr std::size_t record_size = 152;
-constexpr std::size_t most_connections = 131072 / record_size;
 
 auto is_called(const std::string& name)
 {
@@ -23,7 +21,7 @@ int plumb(const Connection& connection, std::vector<Connection>& all)
     const auto existing = std::find_if(all.begin(), all.end(), is_called(connection.name));
     if (existing != all.end())
         *existing = connection;
-    else if (all.size() == most_connections)
+    else if (all.size() == protocol::connections::most)
         return ENOSPC;
     else
         all.push_back(connection);
@@ -39,11 +37,6 @@ const Connection* find_connection(const std::string& name, const std::vector<Con
 {
     const auto found = std::find_if(all.begin(), all.end(), is_called(name));
     return found == all.end() ? nullptr : &*found;
-}
-
-void write(const Connection& connection, Exchange& exchange)
-{
-    Record(exchange.reply, record_size).bytes(0, connection.sent);
 }
 
 } // namespace emulator

@@ -1,7 +1,7 @@
 // Plumbed connections, of ports and for BFD.
 #pragma once
 
-#include "emulator/model/exchange.h"
+#include "emulator/model/state.h"
 
 namespace emulator {
 
@@ -11,8 +11,5 @@ int unplumb(const std::string& name, std::vector<Connection>& all);
 
 // Null if there is none.
 const Connection* find_connection(const std::string& name, const std::vector<Connection>& all);
-
-// As it was sent, from its name on, as far as there is room.
-void write(const Connection& connection, Exchange& exchange);
 
 } // namespace emulator

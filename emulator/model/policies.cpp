@@ -1,4 +1,6 @@
 // Policies in policy tables.
+#include "emulator/protocol/policies.h"
+
 #include "emulator/model/answers.h"
 #include "emulator/model/find.h"
 #include "emulator/model/handlers.h"
@@ -7,14 +9,14 @@
 
 namespace emulator {
 
-namespace {
+using namespace protocol;
 
-constexpr std::size_t most_policies = 1000; // of one table
+namespace {
 
 auto find_policy(PolicyTable& table, const Exchange& exchange)
 {
     return std::find_if(table.policies.begin(), table.policies.end(),
-        [key1 = exchange.request.u32(64), key2 = exchange.request.u32(68)](
+        [key1 = exchange.request[policies::key1], key2 = exchange.request[policies::key2]](
             const Policy& policy) { return policy.key1 == key1 && policy.key2 == key2; });
 }
 
@@ -23,8 +25,14 @@ int get_policies(Exchange& exchange)
     const PolicyTable* table = table_of(exchange);
     if (table == nullptr)
         return ENOENT;
-    for (const Policy& policy : table->policies)
-        Record(exchange.reply, 28).u32(0, table->id).u32(4, policy.key1).u32(8, policy.key2).u32(12, policy.value);
+    namespace to = policies::record;
+    for (const Policy& policy : table->policies) {
+        const Record record = exchange.add(to::layout);
+        record[to::table] = table->id;
+        record[to::key1] = policy.key1;
+        record[to::key2] = policy.key2;
+        record[to::value] = policy.value;
+    }
     return 0;
 }
 
@@ -33,7 +41,7 @@ int count_policies(Exchange& exchange)
     const PolicyTable* table = table_of(exchange);
     if (table == nullptr)
         return ENOENT;
-    Record(exchange.reply, 4).u32(0, static_cast<std::uint32_t>(table->policies.size()));
+    exchange.add<policies::count>(static_cast<std::uint32_t>(table->policies.size()));
     return 0;
 }
 
@@ -44,11 +52,12 @@ int set_policy(Exchange& exchange)
         return ENOENT;
     auto policy = find_policy(*table, exchange);
     if (policy == table->policies.end()) {
-        if (table->policies.size() == most_policies)
+        if (table->policies.size() == policies::most)
             return ENOSPC;
-        policy = table->policies.insert(policy, {exchange.request.u32(64), exchange.request.u32(68), 0});
+        policy =
+            table->policies.insert(policy, {exchange.request[policies::key1], exchange.request[policies::key2], 0});
     }
-    policy->value = exchange.request.u32(212);
+    policy->value = exchange.request[policies::value];
     return done(exchange);
 }
 
@@ -65,14 +74,14 @@ int remove_policy(Exchange& exchange)
 }
 
 constexpr Handler answers[] = {
-    {119, request_record, get_policies},
-    {120, request_record, set_policy},
-    {121, request_record, remove_policy},
-    {122, request_record, count_policies},
+    {"GetPolicy", get_policies},
+    {"SetPolicy", set_policy},
+    {"DelPolicy", remove_policy},
+    {"GetPolicyCount", count_policies},
 };
 
 } // namespace
 
-const std::span<const Handler> handlers::policies = answers;
+const Handlers handlers::policies(policies::commands, answers);
 
 } // namespace emulator

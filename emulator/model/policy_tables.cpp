@@ -1,22 +1,25 @@
 // Policy tables, and the references from LIFs to them.
+#include "emulator/protocol/policy_tables.h"
+
 #include "emulator/model/answers.h"
 #include "emulator/model/find.h"
 #include "emulator/model/handlers.h"
 
 namespace emulator {
 
-namespace {
+using namespace protocol;
 
-constexpr std::size_t most_tables = 1000;
-constexpr std::size_t most_refs = 20;
+namespace {
 
 int get_tables(Exchange& exchange)
 {
-    for (const PolicyTable& table : exchange.state.policy_tables)
-        Record(exchange.reply, 72)
-            .u32(0, table.id)
-            .text(4, 64, table.name)
-            .u32(68, static_cast<std::uint32_t>(table.policies.size()));
+    namespace to = policy_tables::record;
+    for (const PolicyTable& table : exchange.state.policy_tables) {
+        const Record record = exchange.add(to::layout);
+        record[to::id] = table.id;
+        record[to::name] = table.name;
+        record[to::policies] = static_cast<std::uint32_t>(table.policies.size());
+    }
     return 0;
 }
 
@@ -24,12 +27,12 @@ int set_table(Exchange& exchange)
 {
     PolicyTable* table = table_of(exchange);
     if (table == nullptr) {
-        if (exchange.state.policy_tables.size() == most_tables)
+        if (exchange.state.policy_tables.size() == policy_tables::most)
             return ENOSPC;
         table = &exchange.state.policy_tables.emplace_back();
-        table->id = exchange.request.u32(220);
+        table->id = exchange.request[policy_tables::table];
     }
-    table->name = exchange.request.text(224, 64);
+    table->name = exchange.request[policy_tables::name];
     return done(exchange);
 }
 
@@ -38,8 +41,8 @@ int remove_table(Exchange& exchange)
     const PolicyTable* table = table_of(exchange);
     if (table == nullptr)
         return ENOENT;
-    auto& tables = exchange.state.policy_tables;
-    tables.erase(tables.begin() + (table - tables.data()));
+    auto& all = exchange.state.policy_tables;
+    all.erase(all.begin() + (table - all.data()));
     return done(exchange);
 }
 
@@ -48,10 +51,12 @@ int get_refs(Exchange& exchange)
     const Lif* lif = lif_of(exchange);
     if (lif == nullptr)
         return ENOENT;
-    Record record(exchange.reply, 546);
-    record.text(0, 64, lif->name).u16(64, static_cast<std::uint16_t>(lif->policy_table_refs.size()));
+    namespace to = policy_tables::refs_record;
+    const Record record = exchange.add(to::layout);
+    record[to::lif] = lif->name;
+    record[to::count] = static_cast<std::uint16_t>(lif->policy_table_refs.size());
     for (std::size_t i = 0; i < lif->policy_table_refs.size(); ++i)
-        record.bytes(66 + 24 * i, lif->policy_table_refs[i]);
+        record[to::refs][i][policy_tables::ref::bytes] = lif->policy_table_refs[i];
     return 0;
 }
 
@@ -60,12 +65,12 @@ int set_refs(Exchange& exchange)
     Lif* lif = lif_of(exchange);
     if (lif == nullptr)
         return ENOENT;
-    const std::size_t count = exchange.request.u16(288);
-    if (count > most_refs)
+    const std::size_t count = exchange.request[policy_tables::count];
+    if (count > policy_tables::most_refs)
         return EINVAL;
     lif->policy_table_refs.clear();
     for (std::size_t i = 0; i < count; ++i)
-        lif->policy_table_refs.push_back(exchange.request.bytes<24>(292 + 24 * i));
+        lif->policy_table_refs.push_back(exchange.request[policy_tables::entries][i][policy_tables::ref::bytes]);
     return done(exchange);
 }
 
@@ -79,16 +84,16 @@ int remove_refs(Exchange& exchange)
 }
 
 constexpr Handler answers[] = {
-    {143, request_record, get_tables},
-    {144, request_record, set_table},
-    {145, request_record, remove_table},
-    {146, request_record, get_refs},
-    {147, request_record, set_refs},
-    {148, request_record, remove_refs},
+    {"GetPolicyTable", get_tables},
+    {"SetPolicyTable", set_table},
+    {"DelPolicyTable", remove_table},
+    {"GetLifPolicyTableRef", get_refs},
+    {"SetLifPolicyTableRef", set_refs},
+    {"DelLifPolicyTableRef", remove_refs},
 };
 
 } // namespace
 
-const std::span<const Handler> handlers::policy_tables = answers;
+const Handlers handlers::policy_tables(policy_tables::commands, answers);
 
 } // namespace emulator

@@ -1,4 +1,6 @@
 // IPv4 routes. Masks are bit masks, in the byte order of the addresses.
+#include "emulator/protocol/routes.h"
+
 #include "emulator/model/answers.h"
 #include "emulator/model/find.h"
 #include "emulator/model/handlers.h"
@@ -10,10 +12,9 @@
 
 namespace emulator {
 
-namespace {
+using namespace protocol;
 
-constexpr std::size_t most_routes = 8000;
-constexpr std::size_t most_next_hops = 8;
+namespace {
 
 auto find_route(Instance& instance, std::uint32_t dest, std::uint32_t mask)
 {
@@ -23,7 +24,7 @@ auto find_route(Instance& instance, std::uint32_t dest, std::uint32_t mask)
 
 NextHop next_hop_of(const Exchange& exchange)
 {
-    return {exchange.request.u32(76), exchange.request.text(84, 64)};
+    return {exchange.request[routes::gateway], exchange.request[routes::lif]};
 }
 
 // The network that an enabled LIF with an address is on.
@@ -50,22 +51,22 @@ int set(Exchange& exchange)
     const NextHop hop = next_hop_of(exchange);
     if (instance == nullptr || (!hop.lif.empty() && instance->find_lif(hop.lif) == nullptr))
         return ENOENT;
-    const std::uint32_t dest = exchange.request.u32(64);
-    const std::uint32_t mask = exchange.request.u32(68);
+    const std::uint32_t dest = exchange.request[routes::dest];
+    const std::uint32_t mask = exchange.request[routes::mask];
     if ((dest & ~mask) != 0)
         return EINVAL;
     auto route = find_route(*instance, dest, mask);
     if (route == instance->routes.end()) {
-        if (instance->routes.size() == most_routes)
+        if (instance->routes.size() == routes::most)
             return ENOSPC;
         route = instance->routes.insert(route, {dest, mask, 0, {}});
     }
     if (std::find(route->next_hops.begin(), route->next_hops.end(), hop) == route->next_hops.end()) {
-        if (route->next_hops.size() == most_next_hops)
+        if (route->next_hops.size() == routes::most_next_hops)
             return ENOSPC;
         route->next_hops.push_back(hop);
     }
-    route->param = exchange.request.u32(80);
+    route->param = exchange.request[routes::param];
     return done(exchange);
 }
 
@@ -74,7 +75,7 @@ int remove(Exchange& exchange)
     Instance* instance = instance_of(exchange);
     if (instance == nullptr)
         return ENOENT;
-    const auto route = find_route(*instance, exchange.request.u32(64), exchange.request.u32(68));
+    const auto route = find_route(*instance, exchange.request[routes::dest], exchange.request[routes::mask]);
     if (route == instance->routes.end() || std::erase(route->next_hops, next_hop_of(exchange)) == 0)
         return ESRCH;
     if (route->next_hops.empty())
@@ -101,7 +102,7 @@ int resolve(Exchange& exchange)
     Instance* instance = instance_of(exchange);
     if (instance == nullptr)
         return ENOENT;
-    const std::uint32_t dest = exchange.request.u32(64);
+    const std::uint32_t dest = exchange.request[routes::dest];
     std::optional<Route> best;
     RouteOrigin origin = RouteOrigin::Static;
     const auto consider = [&](const Route& route, RouteOrigin candidate) {
@@ -123,14 +124,14 @@ int resolve(Exchange& exchange)
 }
 
 constexpr Handler answers[] = {
-    {34, request_record, set},
-    {35, request_record, remove},
-    {36, request_record, get_all},
-    {37, request_record, resolve},
+    {"SetRoute", set},
+    {"DelRoute", remove},
+    {"GetRoutes", get_all},
+    {"GetResolveRoute", resolve},
 };
 
 } // namespace
 
-const std::span<const Handler> handlers::routes = answers;
+const Handlers handlers::routes(routes::commands, answers);
 
 } // namespace emulator

@@ -1,19 +1,19 @@
 // IPv6 routes and the path-MTU table. A route is reported as the record in which it was sent.
+#include "emulator/protocol/routes6.h"
+
+#include "emulator/model/answers.h"
 #include "emulator/model/find.h"
 #include "emulator/model/handlers.h"
 
-#include <algorithm>
-
 namespace emulator {
+
+using namespace protocol;
 
 namespace {
 
-constexpr std::size_t most_routes = 29999;
-
-// Prefix, prefix length, gateway and interface tell routes apart: bytes 68 to 180.
-bool same(const Route6& left, const Route6& right)
+Route6 route_of(const Exchange& exchange)
 {
-    return std::equal(left.begin() + 68, left.begin() + 181, right.begin() + 68);
+    return {exchange.request[routes6::sent], exchange.request[routes6::identity]};
 }
 
 int set(Exchange& exchange)
@@ -21,11 +21,11 @@ int set(Exchange& exchange)
     Instance* instance = instance_of(exchange);
     if (instance == nullptr)
         return ENOENT;
-    const Route6 route = exchange.request.bytes<776>(0);
+    const Route6 route = route_of(exchange);
     for (const Route6& existing : instance->routes6)
-        if (same(existing, route))
+        if (existing.identity == route.identity)
             return 0;
-    if (instance->routes6.size() == most_routes)
+    if (instance->routes6.size() == routes6::most)
         return ENOSPC;
     instance->routes6.push_back(route);
     return 0;
@@ -36,9 +36,10 @@ int remove(Exchange& exchange)
     Instance* instance = instance_of(exchange);
     if (instance == nullptr)
         return ENOENT;
-    const Route6 route = exchange.request.bytes<776>(0);
-    return std::erase_if(instance->routes6, [&](const Route6& existing) { return same(existing, route); }) > 0 ? 0
-                                                                                                               : ESRCH;
+    const Route6 route = route_of(exchange);
+    const auto removed =
+        std::erase_if(instance->routes6, [&](const Route6& existing) { return existing.identity == route.identity; });
+    return removed > 0 ? 0 : ESRCH;
 }
 
 int count(Exchange& exchange)
@@ -46,7 +47,7 @@ int count(Exchange& exchange)
     const Instance* instance = instance_of(exchange);
     if (instance == nullptr)
         return ENOENT;
-    Record(exchange.reply, 4).u32(0, static_cast<std::uint32_t>(instance->routes6.size()));
+    exchange.add<routes6::count>(static_cast<std::uint32_t>(instance->routes6.size()));
     return 0;
 }
 
@@ -56,26 +57,21 @@ int get_all(Exchange& exchange)
     if (instance == nullptr)
         return ENOENT;
     for (const Route6& route : instance->routes6)
-        Record(exchange.reply, route.size()).bytes(0, route);
-    return 0;
-}
-
-// The model finds no path MTUs, so that there is nothing to clear.
-int clear_path_mtus(Exchange&)
-{
+        exchange.add(routes6::entry).begin_with(route.sent);
     return 0;
 }
 
 constexpr Handler answers[] = {
-    {110, request_record, set},
-    {111, request_record, remove},
-    {114, request_record, get_all},
-    {115, request_record, count},
-    {151, 0, clear_path_mtus},
+    {"SetRoutev6", set},
+    {"DelRoutev6", remove},
+    {"GetRoutesv6", get_all},
+    {"GetRoutesv6Count", count},
+    // The model finds no path MTUs: there is nothing to clear.
+    {"PMTUTableCearv6", accepted},
 };
 
 } // namespace
 
-const std::span<const Handler> handlers::routes6 = answers;
+const Handlers handlers::routes6(routes6::commands, answers);
 
 } // namespace emulator

@@ -1,17 +1,19 @@
 // Software receive-side scaling. Any name is a target; the model counts nothing.
+#include "emulator/protocol/rss.h"
+
 #include "emulator/model/handlers.h"
 
 #include <algorithm>
 
 namespace emulator {
 
-namespace {
+using namespace protocol;
 
-constexpr std::int32_t table_size = 128;
+namespace {
 
 std::string target_name(const Exchange& exchange)
 {
-    return exchange.request.text(64, 64);
+    return exchange.request[rss::target];
 }
 
 template <int (*Answer)(Exchange&, RssTarget&)>
@@ -23,8 +25,7 @@ int on_target(Exchange& exchange)
 
 int get_stats(Exchange& exchange, RssTarget&)
 {
-    constexpr std::uint32_t queues = 16;
-    Record(exchange.reply, 804).u32(4, queues);
+    exchange.add(rss::stats_record::layout)[rss::stats_record::queues] = rss::most_queues;
     return 0;
 }
 
@@ -35,43 +36,44 @@ int reset_stats(Exchange&, RssTarget&)
 
 int get_tunables(Exchange& exchange, RssTarget& target)
 {
-    Record(exchange.reply, 12).bytes(0, target.tunables);
+    exchange.add(rss::tunables_record::layout)[rss::tunables_record::value1] = target.tunables;
     return 0;
 }
 
 int set_tunables(Exchange& exchange, RssTarget& target)
 {
-    target.tunables = exchange.request.bytes<8>(128);
+    target.tunables = exchange.request[rss::tunables_value];
     return 0;
 }
 
 int get_table(Exchange& exchange, RssTarget& target)
 {
-    Record(exchange.reply, table_size).bytes(0, target.table);
+    exchange.add<rss::table>(target.table);
     return 0;
 }
 
 // Entries beyond the size sent keep what they had.
 int set_table(Exchange& exchange, RssTarget& target)
 {
-    const auto size = static_cast<std::int32_t>(exchange.request.u32(256));
-    if (size < 0 || size > table_size)
+    const std::int32_t size = exchange.request[rss::size];
+    if (size < 0 || static_cast<std::size_t>(size) > rss::table_size)
         return EINVAL;
-    std::ranges::copy(exchange.request.from(128, static_cast<std::size_t>(size)), target.table.begin());
+    const auto entries = exchange.request[rss::entries];
+    std::copy_n(entries.begin(), size, target.table.begin());
     return 0;
 }
 
 constexpr Handler answers[] = {
-    {153, request_record, on_target<get_stats>},
-    {154, request_record, on_target<reset_stats>},
-    {155, request_record, on_target<get_tunables>},
-    {156, request_record, on_target<set_tunables>},
-    {157, request_record, on_target<get_table>},
-    {158, request_record, on_target<set_table>},
+    {"SoftRSSGetStats", on_target<get_stats>},
+    {"SoftRSSStatsReset", on_target<reset_stats>},
+    {"SoftRSSGetTunables", on_target<get_tunables>},
+    {"SoftRSSSetTunables", on_target<set_tunables>},
+    {"SoftRSSGetIndTable", on_target<get_table>},
+    {"SoftRSSTableSet", on_target<set_table>},
 };
 
 } // namespace
 
-const std::span<const Handler> handlers::rss = answers;
+const Handlers handlers::rss(rss::commands, answers);
 
 } // namespace emulator

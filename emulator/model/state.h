@@ -1,22 +1,43 @@
 // What the module keeps.
 #pragma once
 
+#include "emulator/protocol/clusters.h"
+#include "emulator/protocol/connections.h"
+#include "emulator/protocol/dhcp_relay.h"
+#include "emulator/protocol/policy_tables.h"
+#include "emulator/protocol/routes6.h"
+#include "emulator/protocol/rss.h"
+
 #include <array>
 #include <compare>
-#include <cstddef>
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace emulator {
 
-using Ipv6Address = std::array<std::byte, 16>;
+using Ipv6Address = protocol::Ipv6::Value;
+using MacAddress = protocol::Mac::Value;
 
 struct LifIpv6
 {
     Ipv6Address address {};
     std::uint8_t prefix_length = 0;
+};
+
+struct DhcpServer
+{
+    protocol::ValueOf<protocol::dhcp_relay::server::address> address {};
+    std::uint32_t family = 0;
+};
+
+// As it was sent: the count may say anything.
+struct DhcpRelay
+{
+    std::uint32_t count = 0;
+    std::array<DhcpServer, protocol::dhcp_relay::most_servers> servers;
 };
 
 enum class LifKind
@@ -33,7 +54,7 @@ struct Lif
     std::uint32_t address = 0;
     std::uint32_t mask = 0;
     std::uint32_t di_address = 0;
-    std::array<std::byte, 6> mac {};
+    MacAddress mac {};
     std::uint32_t param_a = 0;
     std::uint32_t param_b = 0;
     std::uint32_t param_c = 0;
@@ -42,9 +63,9 @@ struct Lif
     bool enabled = false;
     bool vxlan_control_plane = false;
     bool multicast_routing = false;
-    std::array<std::byte, 164> dhcp_relay {};
+    DhcpRelay dhcp_relay;
     std::vector<LifIpv6> ipv6;
-    std::vector<std::array<std::byte, 24>> policy_table_refs;
+    std::vector<protocol::ValueOf<protocol::policy_tables::ref::bytes>> policy_table_refs;
 };
 
 struct NextHop
@@ -63,11 +84,15 @@ struct Route
 };
 
 // Kept and reported as it was sent.
-using Route6 = std::array<std::byte, 776>;
+struct Route6
+{
+    protocol::ValueOf<protocol::routes6::sent> sent {};
+    protocol::ValueOf<protocol::routes6::identity> identity {}; // a part of it
+};
 
 struct LifPolicy
 {
-    std::uint32_t kind = 0;
+    std::int32_t kind = 0;
     std::string text;
     std::uint32_t dest = 0;
     std::uint32_t mask = 0;
@@ -91,7 +116,8 @@ struct Neighbour
 {
     Family family = Family::Ipv4;
     Entry entry = Entry::Plain;
-    Ipv6Address address {}; // an IPv4 address in the first four bytes
+    std::uint32_t ipv4_address = 0;
+    Ipv6Address ipv6_address {};
     std::string lif;
     std::string mac;
 };
@@ -111,7 +137,7 @@ struct RemoteReceiver
     std::uint32_t key = 0;
     std::uint32_t value1 = 0;
     std::uint32_t value2 = 0;
-    std::array<std::byte, 6> hw_address {};
+    MacAddress hw_address {};
 };
 
 struct LocalReceiver
@@ -187,7 +213,7 @@ struct Bridge
 struct ClusterNode
 {
     std::string name;
-    std::array<std::byte, 6> mac {};
+    MacAddress mac {};
 };
 
 struct Cluster
@@ -215,13 +241,13 @@ struct Endpoint
 struct Connection
 {
     std::string name;
-    std::vector<std::byte> sent;
+    protocol::ValueOf<protocol::connections::sent> sent {};
 };
 
 struct RssTarget
 {
-    std::array<std::byte, 8> tunables {};
-    std::array<std::byte, 128> table {};
+    std::uint64_t tunables = 0;
+    protocol::ValueOf<protocol::rss::entries> table {};
 };
 
 struct State
@@ -239,8 +265,8 @@ struct State
     std::vector<Bridge> bridges;
     std::vector<Cluster> clusters;
     std::vector<Endpoint> endpoints;
-    std::vector<std::byte> local_transport_node; // as it was sent, or empty
-    std::map<std::array<std::byte, 6>, std::uint32_t> pmacs;
+    std::optional<protocol::ValueOf<protocol::clusters::transport::sent>> local_transport_node; // as it was sent
+    std::map<MacAddress, std::uint32_t> pmacs;
 
     std::vector<Connection> connections;
     std::vector<Connection> bfd_connections;

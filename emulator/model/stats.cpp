@@ -1,25 +1,27 @@
 // Statistics. The model counts nothing: every counter is zero.
+#include "emulator/protocol/stats.h"
+
 #include "emulator/model/answers.h"
 #include "emulator/model/find.h"
 #include "emulator/model/handlers.h"
 
 namespace emulator {
 
+using namespace protocol;
+
 namespace {
 
-constexpr std::size_t record_size = 804;
-
 // What the first word of a record says its counters are.
-enum Kind : std::uint32_t
+enum Counters : std::uint32_t
 {
     ControlPlane = 0,
     Interface = 1,
     Distributed = 3
 };
 
-void write(Kind kind, Exchange& exchange)
+void write(Counters kind, Exchange& exchange)
 {
-    Record(exchange.reply, record_size).u32(0, kind);
+    exchange.add(stats::record::layout)[stats::record::kind] = kind;
 }
 
 int get_of_instance(Exchange& exchange)
@@ -50,16 +52,16 @@ int get_distributed(Exchange& exchange)
 }
 
 constexpr Handler answers[] = {
-    {5, request_record, get_of_instance},
-    {6, request_record, accepted_for_instance},
-    {23, request_record, get_of_lif},
-    {24, request_record, reset_of_lif},
-    {43, request_record, get_distributed},
-    {44, request_record, accepted},
+    {"GetLumoInstanceCPStats", get_of_instance},
+    {"ResetLumoInstanceCPStats", accepted_for_instance},
+    {"GetLifStats", get_of_lif},
+    {"ResetLifStats", reset_of_lif},
+    {"GetLumoDiStats", get_distributed},
+    {"ResetLumoDiStats", accepted},
 };
 
 } // namespace
 
-const std::span<const Handler> handlers::stats = answers;
+const Handlers handlers::stats(stats::commands, answers);
 
 } // namespace emulator
