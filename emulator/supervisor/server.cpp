@@ -4,14 +4,11 @@
 #include "emulator/protocol/envelope.h"
 #include "emulator/supervisor/memory.h"
 
+#include <array>
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
-#include <fmt/core.h>
-#include <fmt/format.h>
 #include <sys/ioctl.h>
-#include <sys/mman.h>
-#include <sys/stat.h>
 #include <sys/syscall.h>
 #include <system_error>
 #include <unistd.h>
@@ -35,12 +32,8 @@ constexpr std::uint32_t longest_input = 4096;
 
 } // namespace
 
-Server::Server(Module& module, std::FILE* trace)
-    : module_(module), trace_(trace), device_file_(memfd_create("lumozeph-emulator-device", MFD_CLOEXEC))
+Server::Server(Module& module, std::FILE* trace) : module_(module), trace_(trace)
 {
-    if (device_file_ < 0 || fstat(device_file_, &device_) != 0)
-        throw std::system_error(errno, std::generic_category(), "cannot make the device");
-
     seccomp_notif_sizes sizes {};
     if (syscall(SYS_seccomp, SECCOMP_GET_NOTIF_SIZES, 0, &sizes) != 0)
         throw std::system_error(errno, std::generic_category(), "the kernel has no seccomp user notification");
@@ -50,10 +43,8 @@ Server::Server(Module& module, std::FILE* trace)
 
 Server::~Server()
 {
-    close(device_file_);
-    for (const int descriptor : {listener_, descriptors_})
-        if (descriptor >= 0)
-            close(descriptor);
+    if (listener_ >= 0)
+        close(listener_);
 }
 
 void Server::listen(int listener)
@@ -114,37 +105,16 @@ void Server::answer_open(const Notification& notification, std::uint64_t path, s
     seccomp_notif_addfd added {};
     added.id = notification.id;
     added.flags = SECCOMP_ADDFD_FLAG_SEND;
-    added.srcfd = static_cast<std::uint32_t>(device_file_);
+    added.srcfd = static_cast<std::uint32_t>(device_.number());
     added.newfd_flags = (flags & O_CLOEXEC) != 0 ? O_CLOEXEC : 0;
     // Answers the call with the new descriptor's number. Fails when the process may have no more descriptors.
     if (ioctl(listener_, SECCOMP_IOCTL_NOTIF_ADDFD, &added) < 0)
         respond(notification, errno);
 }
 
-bool Server::is_device(const Notification& notification, std::uint64_t descriptor)
-{
-    // Most calls come from the thread that the last one came from. Its directory stays its own even when its number is
-    // given to another: then nothing is found in it any more.
-    if (notification.pid != thread_ || !identify(descriptor)) {
-        thread_ = notification.pid;
-        if (descriptors_ >= 0)
-            close(descriptors_);
-        descriptors_ = open(fmt::format("/proc/{}/fd", thread_).c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC);
-        identify(descriptor);
-    }
-    return found_.st_dev == device_.st_dev && found_.st_ino == device_.st_ino;
-}
-
-bool Server::identify(std::uint64_t descriptor)
-{
-    found_ = {};
-    const auto name = fmt::format_int(static_cast<int>(descriptor));
-    return fstatat(descriptors_, name.c_str(), &found_, 0) == 0;
-}
-
 void Server::answer_ioctl(const Notification& notification)
 {
-    if (is_device(notification, notification.data.args[0]))
+    if (device_.is_copied_to(notification.pid, notification.data.args[0]))
         respond(notification, command(notification));
     else
         let_continue(notification);
@@ -181,11 +151,7 @@ int Server::command(const Notification& notification)
                 {envelope_at + envelope::out_len.offset, std::as_bytes(std::span(&length, 1))}}}))
             answer.error = EFAULT;
     }
-    if (trace_ != nullptr) {
-        fmt::print(trace_, "{{\"pid\":{},\"command\":{},\"inLen\":{},\"room\":{},\"errno\":{},\"replyLen\":{}}}\n",
-            notification.pid, number, in_len, room, answer.error, answer.error == 0 ? answer.reply.size() : 0);
-        std::fflush(trace_);
-    }
+    trace_.write({notification.pid, number, in_len, room}, answer);
     return answer.error;
 }
 

@@ -2,12 +2,12 @@
 #pragma once
 
 #include "emulator/model/module.h"
+#include "emulator/supervisor/descriptor.h"
+#include "emulator/supervisor/trace.h"
 
 #include <cstdint>
 #include <cstdio>
 #include <linux/seccomp.h>
-#include <string>
-#include <sys/stat.h>
 #include <vector>
 
 namespace emulator {
@@ -34,22 +34,14 @@ private:
     void answer_ioctl(const Notification& notification);
     int command(const Notification& notification);
     bool opens_device(const Notification& notification, std::uint64_t path) const;
-    bool is_device(const Notification& notification, std::uint64_t descriptor);
-    bool identify(std::uint64_t descriptor);
     bool still_waiting(const Notification& notification) const;
     void let_continue(const Notification& notification);
     void respond(const Notification& notification, int error);
 
     Module& module_;
-    std::FILE* trace_;
+    Trace trace_;
+    DeviceDescriptor device_;
     int listener_ = -1;
-    int device_file_; // stands for the device in the world
-    struct stat device_
-    {};
-    std::uint32_t thread_ = 0; // of the last ioctl
-    int descriptors_ = -1;     // its /proc/THREAD/fd
-    struct stat found_
-    {};                                   // what identify() found there
     std::vector<std::byte> notification_; // the kernel says how large these are
     std::vector<std::byte> response_;
 };
