@@ -67,6 +67,28 @@ TEST_F(Routes6, HaveAnUnterminatedKey)
     free(block);
 }
 
+// A module that writes into the requests that it gets.
+class ScribblingDevice : public ScriptedDevice
+{
+public:
+    Answer answer(const Sent& sent) override
+    {
+        std::memset(reinterpret_cast<char*>(sent.in_ptr), 'x', sent.in_len);
+        return ScriptedDevice::answer(sent);
+    }
+};
+
+TEST_F(Routes6, AreReadWithARequestThatIsFilledAnew)
+{
+    ScribblingDevice device;
+    device.next(replies(count_of(0)));
+    const Call call = observe(device, [&] { return LUMOZEPH_GetRoutesv6("inst", &block, &count); });
+    ASSERT_THAT(call, Succeeds());
+    ASSERT_EQ(call.sent.size(), 2u);
+    EXPECT_EQ(call.sent[1].input, call.sent[0].input);
+    free(block);
+}
+
 TEST_F(Routes6, GetRoomFor8000OrFor30000)
 {
     for (const auto& [reported, room] :

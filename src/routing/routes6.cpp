@@ -38,11 +38,10 @@ int32_t LUMOZEPH_DelRoutev6(uint64_t dest1, uint64_t dest2, uint32_t prefixLen, 
 
 int32_t LUMOZEPH_GetRoutesv6(const char* instance, void** block, uint32_t* count)
 {
-    const Request request(unterminated_instance_key(instance));
-
     // Kept: whatever the count query failed of is reported as ENOMEM.
     int32_t reported = 0;
-    if (read_raw(Command::GetRoutesv6Count, request, &reported, sizeof reported) != 0)
+    if (read_raw(Command::GetRoutesv6Count, Request(unterminated_instance_key(instance)), &reported, sizeof reported) !=
+        0)
         return fail(ENOMEM);
     if (reported >= many_entries)
         return fail(ENOMEM);
@@ -55,8 +54,9 @@ int32_t LUMOZEPH_GetRoutesv6(const char* instance, void** block, uint32_t* count
     if (room.bytes == nullptr)
         return fail(ENOMEM);
 
+    // Filled anew: the module may have written into the first one.
+    const int32_t result = exchange(Command::GetRoutesv6, input(Request(unterminated_instance_key(instance))), room);
     // Kept: after a failure the block is freed, but the caller's pointer stays and the count is stored all the same.
-    const int32_t result = exchange(Command::GetRoutesv6, input(request), room);
     if (result != 0)
         free(room.bytes);
     *count = room.length / entry_size;
