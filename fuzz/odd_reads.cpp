@@ -87,7 +87,7 @@ void read_vtep_table(Input& input)
     if (ended.result != 0) {
         if (system.refused() != 0)
             expect_failure(ended, ENOMEM);
-        else if (reported < static_cast<std::int32_t>(count * entry + 4))
+        else if (reported < 4 || reported < static_cast<std::int32_t>(count * entry + 4))
             expect_failure(ended, EBADMSG);
         else if (length + 4 > INT32_MAX)
             expect_failure(ended, untouched);

@@ -136,6 +136,18 @@ TEST_F(VtepTable, IsRejectedWhenTheReplyIsShorterThanItsEntries)
     ASSERT_NO_FATAL_FAILURE(expect_rejected_as_short(2049, 139268));
 }
 
+// What the buffer held before is no count, however well it would wrap around.
+TEST_F(VtepTable, IsRejectedBeforeItsArrayWhenTheReplyHasNoCount)
+{
+    for (const std::uint32_t count : {0u, 1u, 31580642u, 63161283u, 63161284u, 0xffffffffu})
+        for (const std::int32_t length : {3, 1, 0, -1, INT32_MIN}) {
+            const Call call = read(reports(reply_of(count, 1), length));
+            ASSERT_THAT(call, Fails(EBADMSG)) << count << " in " << length << " bytes";
+            ASSERT_EQ(call.events, after_reply({"calloc(1, 16) = #2", "free(#2)", "free(#1)"}));
+            ASSERT_EQ(out, nullptr);
+        }
+}
+
 TEST_F(VtepTable, IsNotReadBeyondTheReplyWhateverLengthIsReported)
 {
     ASSERT_THAT(read(reports(reply_of(2050, 2048), 4 + 2050 * 68), {.guarded_blocks = true}), Succeeds());

@@ -14,6 +14,8 @@ constexpr uint32_t entries_room = most_entries * entry_size;
 
 int32_t fill_table(const ReplyBuffer& reply, LumoVtepTable& table)
 {
+    if (reply.length() < static_cast<int32_t>(count_size))
+        return fail(EBADMSG);
     uint32_t count;
     std::memcpy(&count, reply.bytes(), sizeof count);
     // Kept: the length that the count calls for is computed in 32 bits and compared as signed.

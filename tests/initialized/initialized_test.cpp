@@ -88,13 +88,13 @@ void put32(char* to, std::uint32_t value)
     std::memcpy(to, &value, sizeof value);
 }
 
-// Counts on which the length of what follows depends. Kept: they are read whatever length the module reports, so that
-// the module must write them in any case.
-void put_counts(std::uint32_t room, char* reply)
+// Counts on which the length of what follows depends. Kept: that of the IPv6 routes and those of the receive-side scaling
+// statistics are read whatever length the module reports, so that it must write them in any case.
+void put_counts(std::uint32_t room, std::uint32_t length, char* reply)
 {
     if (operation->shape == Shape::CountedBlock && room == 4)
         put32(reply, 0);
-    if (operation->shape == Shape::CountedTable)
+    if (operation->shape == Shape::CountedTable && length >= 4)
         put32(reply, 2);
     if (operation->shape == Shape::CountedArrays)
         put32(reply + 4, 2);
@@ -121,7 +121,7 @@ public:
         written = is_count ? envelope.room : envelope.room * behaviour->parts / 2;
         if (written > 0)
             std::memset(envelope.out, behaviour->fill, written);
-        put_counts(envelope.room, envelope.out);
+        put_counts(envelope.room, written, envelope.out);
         report_length(argument, written);
         return 0;
     }
