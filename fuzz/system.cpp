@@ -238,6 +238,7 @@ void System::free(void* block)
     }
     give_back(found->at, found->size);
     blocks_.erase(found);
+    errno = ELOOP; // Allocators are replaced, and may leave any errno: it must change no result.
 }
 
 int System::open64(const char*, int, mode_t)

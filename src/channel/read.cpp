@@ -2,7 +2,15 @@
 
 namespace lumo {
 
-int32_t count_records(const ReplyBuffer& reply, const ListShape& shape, int32_t size, int32_t& count)
+int32_t fail_freeing(int error, void* records, void* holder, void* buffer)
+{
+    release(records);
+    release(holder);
+    release(buffer);
+    return fail(error);
+}
+
+int32_t count_records(const ReplyBuffer& reply, const ListShape& shape, int32_t size)
 {
     const int32_t length = std::max(reply.length(), 0);
     int32_t whole = length / size;
@@ -12,15 +20,8 @@ int32_t count_records(const ReplyBuffer& reply, const ListShape& shape, int32_t 
         tail = 0;
     }
     if (tail > 0 && shape.fragment == Fragment::Rejected)
-        return fail(EBADMSG);
-    count = tail > 0 ? whole + 1 : whole;
-    return 0;
-}
-
-void give_up(const ListShape& shape, void* list)
-{
-    if (shape.on_device_error == Holder::Freed)
-        release(list);
+        return -1;
+    return tail > 0 ? whole + 1 : whole;
 }
 
 [[gnu::flatten]] int32_t send_value(Command command, uint32_t value)

@@ -7,8 +7,13 @@
 
 #include <cstdlib>
 #include <type_traits>
+#include <utility>
 
 namespace lumo {
+
+// The call fails with this errno. Frees what it has allocated before that, where it is not null, so that an errno which
+// free leaves changes nothing.
+[[gnu::cold]] int32_t fail_freeing(int error, void* records, void* holder, void* buffer);
 
 // Where the module writes a reply that is decoded afterwards. Freed when the call ends, by whatever way.
 class ReplyBuffer
@@ -25,6 +30,11 @@ public:
 
     bool allocated() const { return room_.bytes != nullptr; }
     int32_t receive(Command command, const Request& request) { return exchange(command, input(request), room_); }
+
+    int32_t fail(int error, void* holder = nullptr, void* records = nullptr)
+    {
+        return fail_freeing(error, records, holder, std::exchange(room_.bytes, nullptr));
+    }
 
     // For the one reply that stays allocated when it is too short.
     void leave_allocated() { room_.bytes = nullptr; }
@@ -63,16 +73,15 @@ int32_t get_one(Command command, const Request& request, Record** out)
     if (!reply.allocated())
         return fail(ENOMEM);
     if (reply.receive(command, request) != 0)
-        return -1;
+        return reply.fail(errno);
 
     Record* record = static_cast<Record*>(calloc(1, sizeof(Record)));
     *out = record;
     if (record == nullptr)
-        return fail(ENOMEM);
+        return reply.fail(ENOMEM);
     if (reply.length() < static_cast<int32_t>(sizeof(Record))) {
-        release(record);
         *out = nullptr;
-        return fail(EBADMSG);
+        return reply.fail(EBADMSG, record);
     }
     decode<Record>(reinterpret_cast<char*>(record), reply.bytes());
     return 0;
@@ -102,32 +111,19 @@ struct ListShape
 template <class List>
 using RecordOf = std::remove_pointer_t<decltype(List::records)>;
 
-// Counts the records of the reply, each of so many bytes. Stops at the cap; what the module reported beyond it is not
-// looked at.
-int32_t count_records(const ReplyBuffer& reply, const ListShape& shape, int32_t size, int32_t& count);
+// How many records of so many bytes the reply holds: at most the cap, and what the module reported beyond it is not
+// looked at. -1 if a fragment is left that the shape rejects.
+int32_t count_records(const ReplyBuffer& reply, const ListShape& shape, int32_t size);
 
-// What is due to the holder of a list whose device call has failed.
-void give_up(const ListShape& shape, void* list);
-
-// Decodes the reply into list->records, which has room for the cap, and counts.
-template <class List>
-int32_t decode_list(const ReplyBuffer& reply, const ListShape& shape, List* list)
+template <class Record>
+void decode_records(Record* to, const char* from, int32_t count)
 {
-    using Record = RecordOf<List>;
-    constexpr int32_t size = sizeof(Record);
-
-    if (count_records(reply, shape, size, list->count) != 0)
-        return -1;
-
-    char* to = reinterpret_cast<char*>(list->records);
-    const char* from = reply.bytes();
     if constexpr (is_plain<Record>) {
-        std::memcpy(to, from, static_cast<std::size_t>(list->count) * sizeof(Record));
+        std::memcpy(to, from, static_cast<std::size_t>(count) * sizeof(Record));
     } else {
-        for (int32_t i = 0; i < list->count; ++i, to += size, from += size)
-            decode<Record>(to, from);
+        for (int32_t i = 0; i < count; ++i, ++to, from += sizeof(Record))
+            decode<Record>(reinterpret_cast<char*>(to), from);
     }
-    return 0;
 }
 
 // Fills the holder that the caller has allocated. Every failure frees it, except that of the device call where the
@@ -142,17 +138,19 @@ int32_t fill_list(Command command, const Request& request, const ListShape& shap
         release(list);
         return fail(ENOMEM);
     }
-    if (reply.receive(command, request) != 0) {
-        give_up(shape, list);
-        return -1;
-    }
+    if (reply.receive(command, request) != 0)
+        return reply.fail(errno, shape.on_device_error == Holder::Freed ? list : nullptr);
 
     list->count = 0;
     list->records = static_cast<Record*>(calloc(static_cast<std::size_t>(shape.cap), sizeof(Record)));
-    const int32_t result = list->records == nullptr ? fail(ENOMEM) : decode_list(reply, shape, list);
-    if (result != 0)
-        release_list(list);
-    return result;
+    if (list->records == nullptr)
+        return reply.fail(ENOMEM, list);
+    const int32_t count = count_records(reply, shape, sizeof(Record));
+    if (count < 0)
+        return reply.fail(EBADMSG, list, list->records);
+    list->count = count;
+    decode_records(list->records, reply.bytes(), count);
+    return 0;
 }
 
 // Allocates the holder, hands it to the caller at once, and has it filled; takes it back when that fails.

@@ -20,7 +20,7 @@ int32_t LUMOZEPH_GetPolicyCount(uint32_t table, uint32_t* count)
     // Kept: nothing else of the request is cleared; the module reads only the table's number.
     const Request request(Request::Remainder::Uncleared, empty_instance_key, policy_table_id(table));
     if (reply.receive(Command::GetPolicyCount, request) != 0)
-        return -1;
+        return reply.fail(errno);
     if (reply.length() < static_cast<int32_t>(sizeof *count)) {
         // Kept: the buffer of a short reply stays allocated.
         reply.leave_allocated();

@@ -57,10 +57,13 @@ int32_t LUMOZEPH_GetRoutesv6(const char* instance, void** block, uint32_t* count
     // Filled anew: the module may have written into the first one.
     const int32_t result = exchange(Command::GetRoutesv6, input(Request(unterminated_instance_key(instance))), room);
     // Kept: after a failure the block is freed, but the caller's pointer stays and the count is stored all the same.
-    if (result != 0)
-        free(room.bytes);
     *count = room.length / entry_size;
-    return result;
+    if (result != 0) {
+        const int error = errno;
+        free(room.bytes);
+        return fail(error);
+    }
+    return 0;
 }
 
 // Kept: the name is spelled so.

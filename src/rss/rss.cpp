@@ -25,13 +25,13 @@ int32_t LUMOZEPH_SoftRSSGetStats(const char* target, LumoRssStats** out)
     if (!reply.allocated())
         return fail(ENOMEM);
     if (reply.receive(Command::SoftRSSGetStats, Request(rss_target_name(target))) != 0)
-        return -1;
+        return reply.fail(errno);
 
     // Kept: neither is the block cleared nor the reported length looked at.
     LumoRssStats* stats = static_cast<LumoRssStats*>(malloc(sizeof(LumoRssStats)));
     *out = stats;
     if (stats == nullptr)
-        return fail(ENOMEM);
+        return reply.fail(ENOMEM);
     char* block = reinterpret_cast<char*>(stats);
     uint32_t count;
     std::memcpy(&count, reply.bytes() + offsetof(LumoRssStats, rssEntryCount), sizeof count);
@@ -62,7 +62,7 @@ int32_t LUMOZEPH_SoftRSSGetTunables(const char* target, LumoRssTunables* tunable
     // Kept: what the buffer holds goes to the caller also when the device call fails.
     const int32_t result = reply.receive(Command::SoftRSSGetTunables, Request(rss_target_name(target)));
     std::memcpy(tunables, reply.bytes(), sizeof *tunables);
-    return result;
+    return result != 0 ? reply.fail(errno) : 0;
 }
 
 // Kept: value2 is read and never set.
@@ -81,7 +81,7 @@ int32_t LUMOZEPH_SoftRSSGetIndTable(const char* target, uint8_t* entries)
     if (!reply.allocated())
         return fail(ENOMEM);
     if (reply.receive(Command::SoftRSSGetIndTable, Request(rss_target_name(target))) != 0)
-        return -1;
+        return reply.fail(errno);
     std::memcpy(entries, reply.bytes(), sizeof(LumoRssIndTable::entries));
     return 0;
 }

@@ -278,6 +278,7 @@ void Recorder::free(void* block)
     }
     call_.freed_content.emplace_back(static_cast<const char*>(block), std::min(facts.size, system_.kept_content));
     give_back(block, facts);
+    errno = ELOOP; // Allocators are replaced, and may leave any errno: it must change no result.
 }
 
 char* Recorder::getenv(const char* name)
