@@ -160,7 +160,7 @@ template <std::size_t Width>
 std::size_t load_count(const char* from)
 {
     static_assert(Width == 1 || Width == 2 || Width == 4);
-    std::conditional_t<Width == 1, uint8_t, std::conditional_t<Width == 2, uint16_t, uint32_t>> count;
+    uint32_t count = 0;
     std::memcpy(&count, from, Width);
     return count;
 }
