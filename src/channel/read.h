@@ -13,7 +13,7 @@ namespace lumo {
 
 // The call fails with this errno. Frees what it has allocated before that, where it is not null, so that an errno which
 // free leaves changes nothing.
-[[gnu::cold]] int32_t fail_freeing(int error, void* records, void* holder, void* buffer);
+[[gnu::cold, gnu::noinline]] int32_t fail_freeing(int error, void* records, void* holder, void* buffer);
 
 // Where the module writes a reply that is decoded afterwards. Freed when the call ends, by whatever way.
 class ReplyBuffer
@@ -71,7 +71,7 @@ int32_t get_one(Command command, const Request& request, Record** out)
 {
     ReplyBuffer reply(sizeof(Record));
     if (!reply.allocated())
-        return fail(ENOMEM);
+        return reply.fail(ENOMEM);
     if (reply.receive(command, request) != 0)
         return reply.fail(errno);
 
@@ -108,49 +108,31 @@ struct ListShape
     Fragment fragment = Fragment::Rejected;
 };
 
-template <class List>
-using RecordOf = std::remove_pointer_t<decltype(List::records)>;
-
-// How many records of so many bytes the reply holds: at most the cap, and what the module reported beyond it is not
-// looked at. -1 if a fragment is left that the shape rejects.
-int32_t count_records(const ReplyBuffer& reply, const ListShape& shape, int32_t size);
+// Decodes so many records of a reply into zeroed memory.
+using DecodeRecords = void(void* to, const char* from, int32_t count);
 
 template <class Record>
-void decode_records(Record* to, const char* from, int32_t count)
+void decode_records(void* to, const char* from, int32_t count)
 {
-    if constexpr (is_plain<Record>) {
-        std::memcpy(to, from, static_cast<std::size_t>(count) * sizeof(Record));
-    } else {
-        for (int32_t i = 0; i < count; ++i, ++to, from += sizeof(Record))
-            decode<Record>(reinterpret_cast<char*>(to), from);
-    }
+    char* at = static_cast<char*>(to);
+    for (int32_t i = 0; i < count; ++i, at += sizeof(Record), from += sizeof(Record))
+        decode<Record>(at, from);
 }
+
+// Fills the holder of a list of whatever records; those without a decoder are copied as they stand.
+int32_t fill_list(
+    Command command, const Request& request, const ListShape& shape, uint32_t size, DecodeRecords* decode, void* list);
 
 // Fills the holder that the caller has allocated. Every failure frees it, except that of the device call where the
 // shape says so.
 template <class List>
 int32_t fill_list(Command command, const Request& request, const ListShape& shape, List* list)
 {
-    using Record = RecordOf<List>;
-
-    ReplyBuffer reply(static_cast<uint32_t>(shape.cap) * sizeof(Record));
-    if (!reply.allocated()) {
-        release(list);
-        return fail(ENOMEM);
-    }
-    if (reply.receive(command, request) != 0)
-        return reply.fail(errno, shape.on_device_error == Holder::Freed ? list : nullptr);
-
-    list->count = 0;
-    list->records = static_cast<Record*>(calloc(static_cast<std::size_t>(shape.cap), sizeof(Record)));
-    if (list->records == nullptr)
-        return reply.fail(ENOMEM, list);
-    const int32_t count = count_records(reply, shape, sizeof(Record));
-    if (count < 0)
-        return reply.fail(EBADMSG, list, list->records);
-    list->count = count;
-    decode_records(list->records, reply.bytes(), count);
-    return 0;
+    using Record = std::remove_pointer_t<decltype(List::records)>;
+    static_assert(offsetof(List, count) == 0 && offsetof(List, records) == sizeof(void*));
+    static_assert(sizeof(List::count) == sizeof(int32_t));
+    return fill_list(
+        command, request, shape, sizeof(Record), is_plain<Record> ? nullptr : decode_records<Record>, list);
 }
 
 // Allocates the holder, hands it to the caller at once, and has it filled; takes it back when that fails.
