@@ -113,11 +113,11 @@ long minor_faults()
     return usage.ru_minflt;
 }
 
-void compare_list(benchmark::State& state, const Operation& operation, std::size_t count)
+void compare_list(benchmark::State& state, const Operation& operation, std::size_t count, Texts texts = Texts::Tidy)
 {
     const Case& one = *operation.cases.begin();
     const std::size_t size = operation.layouts.begin()->size;
-    const std::vector<char> reply = reply_of(operation, count);
+    const std::vector<char> reply = reply_of(operation, count, texts);
     answer_calls(Kernel::Instant, {reply.data(), static_cast<std::uint32_t>(reply.size())});
     const auto read = [&] {
         LimitList* list = nullptr;
@@ -165,6 +165,24 @@ void add_list(const Operation& operation)
     }
 }
 
+bool has_texts(const Layout& layout)
+{
+    return layout.texts.size() > 0 ||
+           std::ranges::any_of(layout.tables, [](const Table& table) { return table.texts.size() > 0; });
+}
+
+// A full list, over what the module leaves in its texts.
+void add_texts(const Operation& operation)
+{
+    if (!has_texts(*operation.layouts.begin()))
+        return;
+    for (const auto& [name, texts] : {std::pair("tidy", Texts::Tidy), {"untidy", Texts::Untidy},
+             {"mixed", Texts::Mixed}, {"any_length", Texts::AnyLength}})
+        add("texts/" + name_of(operation) + "/" + name, [&operation, texts = texts](benchmark::State& state) {
+            compare_list(state, operation, static_cast<std::size_t>(operation.cap), texts);
+        });
+}
+
 // The cost of a record, over how many there are.
 void add_growth(const Operation& operation)
 {
@@ -186,7 +204,7 @@ void add_reads()
         if (operation.shape == Shape::GetValue)
             add("get/" + name_of(operation), get_value);
         if (operation.shape == Shape::ListRead)
-            add_list(operation);
+            add_list(operation), add_texts(operation);
     });
     for_each_operation([](const Chapter&, const Operation& operation) {
         const std::string name = name_of(operation);

@@ -17,10 +17,24 @@ void put_number(char* at, std::uint64_t value, std::size_t width)
     std::memcpy(at, &value, width);
 }
 
-void complete(char* record, const Layout& layout, std::size_t index)
+using Random = std::mt19937_64;
+
+void put_field(char* field, std::size_t width, Usually what, std::size_t index, Texts texts, Random& random)
+{
+    put_text(field, width, what, index);
+    if (texts == Texts::Tidy || (texts == Texts::Mixed && random() % 2 == 0))
+        return;
+    const std::size_t length = texts == Texts::AnyLength ? random() % (width + 1) : std::strlen(field);
+    std::memset(field, 'n', length);
+    std::memset(field + length, 0, width - length);
+    for (std::size_t i = length + 1; i < width; ++i)
+        field[i] = static_cast<char>(random());
+}
+
+void complete(char* record, const Layout& layout, std::size_t index, Texts texts, Random& random)
 {
     for (const Text& text : layout.texts)
-        put_text(record + text.offset, text.width, text.holds, index);
+        put_field(record + text.offset, text.width, text.holds, index, texts, random);
     for (const Table& table : layout.tables) {
         if (table.count.width == 0)
             continue;
@@ -32,7 +46,7 @@ void complete(char* record, const Layout& layout, std::size_t index)
                 std::memset(entry, 0, table.stride);
             else
                 for (const Text& text : table.texts)
-                    put_text(entry + text.offset, text.width, text.holds, index + i);
+                    put_field(entry + text.offset, text.width, text.holds, index + i, texts, random);
         }
     }
     for (const Pinned& pinned : layout.pinned)
@@ -50,18 +64,18 @@ void put_text(char* field, std::size_t width, Usually what, std::size_t index)
         std::snprintf(field, width, index % 3 == 0 ? "uplink-%zu" : "lif-0000-%zu", index % 10000);
 }
 
-std::vector<char> reply_of(const Operation& operation, std::size_t records)
+std::vector<char> reply_of(const Operation& operation, std::size_t records, Texts texts)
 {
     // Of a record that has several layouts, the second is the fullest.
     const Layout& layout = operation.layouts.begin()[operation.layouts.size() > 1 ? 1 : 0];
-    std::mt19937_64 random(1);
+    Random random(1);
     std::vector<char> reply(records * layout.size);
     for (std::size_t at = 0; at < reply.size(); at += sizeof(std::uint64_t)) {
         const std::uint64_t word = random();
         std::memcpy(reply.data() + at, &word, std::min(sizeof word, reply.size() - at));
     }
     for (std::size_t i = 0; i < records; ++i)
-        complete(reply.data() + i * layout.size, layout, i);
+        complete(reply.data() + i * layout.size, layout, i, texts, random);
     return reply;
 }
 

@@ -123,8 +123,8 @@ constexpr bool is_wide_gap(const Rule& rule)
     return rule.move == Move::Skip && rule.width > narrow_gap;
 }
 
-// What is moved before the record is completed. Everything but tables and wide gaps is copied, and neighbouring copies
-// become one.
+// What is moved before the record is completed: texts and tables as such, everything else but wide gaps as copies, of
+// which neighbours become one.
 template <std::size_t Count>
 consteval std::pair<std::array<Rule, Count>, std::size_t> merge(const Layout<Count>& layout)
 {
@@ -133,7 +133,7 @@ consteval std::pair<std::array<Rule, Count>, std::size_t> merge(const Layout<Cou
     for (Rule rule : layout.rules) {
         if (is_wide_gap(rule))
             continue;
-        if (rule.move != Move::Table)
+        if (rule.move == Move::Skip)
             rule.move = Move::Copy;
         if (rule.move == Move::Copy && size > 0) {
             Rule& last = moves[size - 1];
@@ -172,6 +172,8 @@ inline void apply(char* to, const char* from)
     if constexpr (rule.move == Move::Copy) {
         constexpr std::size_t longest_inline = 256;
         std::memcpy(to + rule.to, from + rule.from, rule.width > longest_inline ? unknown(rule.width) : rule.width);
+    } else if constexpr (rule.move == Move::Text) {
+        move_text<rule.width>(to + rule.to, from + rule.from);
     } else {
         // A count larger than the table is passed on as it stands, but moves nothing beyond the table.
         std::size_t entries = rule.width / rule.stride;
@@ -182,28 +184,13 @@ inline void apply(char* to, const char* from)
     }
 }
 
+// Clears the narrow gaps that were copied along.
 template <class Record, std::size_t Index>
-inline void complete(char* to, const char* from)
+inline void clear_gap(char* to)
 {
     constexpr Rule rule = layout<Record>.rules[Index];
-    if constexpr (rule.move == Move::Text) {
-        if (!is_bounded<rule.width>(from + rule.from)) [[unlikely]]
-            bound(to + rule.to, rule.width);
-    } else if constexpr (rule.move == Move::Skip && !is_wide_gap(rule)) {
+    if constexpr (rule.move == Move::Skip && !is_wide_gap(rule))
         std::memset(to + rule.to, 0, rule.width);
-    }
-}
-
-// What remains to be done to a record after its moves: clears the gaps that were copied along, and makes texts end that
-// the module did not end.
-template <class Record>
-[[gnu::always_inline]] inline void complete(char* to, const char* from)
-{
-    [=]<std::size_t... Index>(std::index_sequence<Index...>)
-    {
-        (complete<Record, Index>(to, from), ...);
-    }
-    (std::make_index_sequence<layout<Record>.rules.size()> {});
 }
 
 // Decodes one record of the reply into zeroed memory.
@@ -215,7 +202,11 @@ template <class Record>
         (apply<Record, Index>(to, from), ...);
     }
     (std::make_index_sequence<moves<Record>.second> {});
-    complete<Record>(to, from);
+    [=]<std::size_t... Index>(std::index_sequence<Index...>) __attribute__((always_inline))
+    {
+        (clear_gap<Record, Index>(to), ...);
+    }
+    (std::make_index_sequence<layout<Record>.rules.size()> {});
 }
 
 // A table of entries that have a layout of their own. Only the first count of them are decoded, where count is a member

@@ -2,10 +2,18 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
-#include <utility>
+#if defined __SSE2__
+#include <emmintrin.h>
+#elif defined __ARM_NEON
+#include <arm_neon.h>
+#else
+#error "neither SSE2 nor Advanced SIMD"
+#endif
 
 namespace lumo {
 
@@ -32,51 +40,76 @@ inline Block load(const char* from)
     return block;
 }
 
-inline bool is_zero(Block block)
+inline void store(char* to, Block block)
 {
-    uint64_t halves[2];
-    std::memcpy(halves, &block, sizeof halves);
-    return (halves[0] | halves[1]) == 0;
+    std::memcpy(to, &block, sizeof block);
 }
 
-// What stands directly behind a NUL: zero if nothing does. Looks at seventeen bytes.
-inline Block behind_nul(const char* from)
+// Which of the bytes are NUL: a bit for each, the first in the lowest. At most four blocks.
+template <std::size_t Count>
+[[gnu::always_inline]] inline uint64_t nuls_of(const Block (&blocks)[Count])
 {
     constexpr Block nul {};
-    return (load(from) == nul) & load(from + 1);
+#ifdef __SSE2__
+    uint64_t nuls = 0;
+#pragma GCC unroll 4
+    for (std::size_t i = 0; i < Count; ++i)
+        nuls |= uint64_t {static_cast<uint32_t>(_mm_movemask_epi8(reinterpret_cast<__m128i>(blocks[i] == nul)))}
+                << (16 * i);
+    return nuls;
+#else
+    // Each byte keeps the bit of its place among eight; three rounds of adding neighbours make a byte of eight.
+    constexpr uint8x16_t places {1, 2, 4, 8, 16, 32, 64, 128, 1, 2, 4, 8, 16, 32, 64, 128};
+    uint8x16_t bits[4] {};
+#pragma GCC unroll 4
+    for (std::size_t i = 0; i < Count; ++i)
+        bits[i] = reinterpret_cast<uint8x16_t>(blocks[i] == nul) & places;
+    const uint8x16_t pairs = vpaddq_u8(vpaddq_u8(bits[0], bits[1]), vpaddq_u8(bits[2], bits[3]));
+    return vgetq_lane_u64(vreinterpretq_u64_u8(vpaddq_u8(pairs, pairs)), 0);
+#endif
 }
 
-// The union of what Look sees in the blocks that make up so many bytes. The last one overlaps the one before it if the
-// bytes are no multiple.
-template <std::size_t Width, Block Look(const char*)>
-[[gnu::always_inline]] inline Block over(const char* from)
+// Masks for what a text keeps of its field: that of a text of n bytes begins n bytes before the middle.
+constexpr std::size_t longest_part = 64;
+using Masks = std::array<char, 2 * longest_part>;
+
+consteval Masks kept_then_cleared()
 {
-    static_assert(Width >= sizeof(Block));
-    return [from]<std::size_t... Index>(std::index_sequence<Index...>)
-    {
-        return (Look(from + std::min(Index * sizeof(Block), Width - sizeof(Block))) | ...);
-    }
-    (std::make_index_sequence<(Width + sizeof(Block) - 1) / sizeof(Block)> {});
+    Masks masks {};
+    std::fill_n(masks.begin(), longest_part, '\xff');
+    return masks;
 }
 
-// Whether a field of a reply is a text as it must reach the caller: there is a NUL, and nothing behind the first one.
-template <std::size_t Width>
-[[gnu::always_inline]] inline bool is_bounded(const char* field)
-{
-    // In a wide field, a text that fills more than half of it is rare.
-    constexpr std::size_t half = (Width / 2 + sizeof(Block) - 1) / sizeof(Block) * sizeof(Block);
-    if constexpr (Width > 64) {
-        if (field[half - 1] == '\0')
-            return is_zero(over<half - 1, behind_nul>(field) | over<Width - half, load>(field + half));
-    }
-    return is_zero(over<Width - 1, behind_nul>(field)) && field[Width - 1] == '\0';
-}
+inline constexpr Masks masks = kept_then_cleared();
 
-// Makes it one if it is not, like copy_bounded.
-[[gnu::cold, gnu::noinline]] inline void bound(char* field, std::size_t width)
+// Moves a text from a field of a reply to one that must hold what copy_bounded would leave there: a NUL after the text,
+// and zeros behind it, whatever the module has left there. Takes the same path for every content: a branch on what the
+// module sent would be mispredicted as often as its records differ. Parts of 64 bytes; the text may have ended in an
+// earlier one.
+template <std::size_t Width, std::size_t Begin = 0>
+[[gnu::always_inline]] inline void move_text(char* to, const char* from, bool ended = false)
 {
-    const std::size_t length = strnlen(field, width - 1);
-    std::memset(field + length, 0, width - length);
+    constexpr std::size_t rest = Width - Begin;
+    constexpr std::size_t count = std::min(rest, longest_part) / sizeof(Block);
+    constexpr std::size_t part = count * sizeof(Block);
+    static_assert(rest - part <= 1 || part == longest_part);
+
+    Block blocks[count];
+#pragma GCC unroll 4
+    for (std::size_t i = 0; i < count; ++i)
+        blocks[i] = load(from + Begin + i * sizeof(Block));
+    const uint64_t last = part == rest ? uint64_t {1} << (part - 1) : 0;
+    const uint64_t nuls = nuls_of(blocks) | last | uint64_t {ended};
+    const uint32_t length = nuls == 0 ? part : static_cast<uint32_t>(std::countr_zero(nuls));
+    const char* mask = masks.data() + longest_part - length;
+    asm("" : "+r"(mask)); // One address for all four: the compiler would compute each.
+#pragma GCC unroll 4
+    for (std::size_t i = 0; i < count; ++i)
+        store(to + Begin + i * sizeof(Block), blocks[i] & load(mask + i * sizeof(Block)));
+    if constexpr (rest == part + 1)
+        to[Width - 1] = '\0';
+    else if constexpr (rest > part)
+        move_text<Width, Begin + part>(to, from, nuls != 0);
 }
 
 // A size that the compiler does not know, so that it calls memcpy or memset: for hundreds of bytes that is faster than
