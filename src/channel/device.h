@@ -43,4 +43,10 @@ int32_t send(Command command, const Request& request, LumoCmdResult* result);
 // reports of it is not looked at.
 int32_t read_raw(Command command, const Request& request, void* bytes, uint32_t length);
 
+// Sets a module-wide 32-bit value: the value itself is the input.
+int32_t send_value(Command command, uint32_t value);
+
+// Reads a module-wide 32-bit value. A command without input, so that there is no request.
+int32_t read_value(Command command, uint32_t* out);
+
 } // namespace lumo

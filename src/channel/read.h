@@ -1,4 +1,4 @@
-// The shapes of reads: one decoded record, a counted list of them, a 32-bit value; and the release of what they return.
+// The shapes of reads: one decoded record, a counted list of them; and the release of what they return.
 #pragma once
 
 #include "channel/device.h"
@@ -154,11 +154,5 @@ int32_t get_list(Command command, const Request& request, const ListShape& shape
 {
     return get_list(out, [&](List* list) { return fill_list(command, request, shape, list); });
 }
-
-// Sets a module-wide 32-bit value: the value itself is the input.
-int32_t send_value(Command command, uint32_t value);
-
-// Reads a module-wide 32-bit value. A command without input, so that there is no request.
-int32_t read_value(Command command, uint32_t* out);
 
 } // namespace lumo

@@ -112,8 +112,8 @@ template <std::size_t Width, std::size_t Begin = 0>
         move_text<Width, Begin + part>(to, from, nuls != 0);
 }
 
-// A size that the compiler does not know, so that it calls memcpy or memset: for hundreds of bytes that is faster than
-// what it puts in their place.
+// A size that the compiler does not know, so that it calls memcpy or memset: beyond 64 bytes that is faster than what it
+// puts in their place.
 inline std::size_t unknown(std::size_t size)
 {
     asm("" : "+r"(size));
