@@ -78,3 +78,9 @@ std::int32_t limit_get_value(std::int32_t command, std::uint32_t* out)
     LumoEnvelope envelope {0, nullptr, sizeof *out, out};
     return issue(command, envelope);
 }
+
+std::int32_t limit_send_value(std::int32_t command, std::uint32_t value)
+{
+    LumoEnvelope envelope {sizeof value, &value, 0, nullptr};
+    return issue(command, envelope);
+}

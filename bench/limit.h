@@ -24,6 +24,7 @@ std::int32_t limit_get(std::int32_t command, std::size_t size, char** out);
 std::int32_t limit_get_list(std::int32_t command, std::size_t size, std::size_t cap, LimitList** out);
 void limit_release_list(LimitList* list);
 
-// A 32-bit value, without a request.
+// 32-bit values, without a request.
 std::int32_t limit_get_value(std::int32_t command, std::uint32_t* out);
+std::int32_t limit_send_value(std::int32_t command, std::uint32_t value);
 }

@@ -32,19 +32,39 @@ struct Set
 {
     const char* name;
     std::int32_t (*send)();
+    std::int32_t (*limit)();
 };
+
+std::int32_t limit_of_request()
+{
+    return limit_send(89);
+}
+
+std::int32_t limit_of_value()
+{
+    return limit_send_value(10, 7);
+}
 
 constexpr Set sets[] = {
-    {"no_text", [] { return LUMOZEPH_DelPolicyTable(7, nullptr); }},
-    {"one_text", [] { return LUMOZEPH_SetRoute(0x0a000000, 0xff000000, 0x0a000001, nullptr, instance, 1, nullptr); }},
-    {"two_texts", [] { return LUMOZEPH_SetRoute(0x0a000000, 0xff000000, 0x0a000001, lif, instance, 1, nullptr); }},
+    {"value", [] { return LUMOZEPH_SetLogLevel(7); }, limit_of_value},
+    {"no_text", [] { return LUMOZEPH_DelPolicyTable(7, nullptr); }, limit_of_request},
+    {"one_text", [] { return LUMOZEPH_SetRoute(0x0a000000, 0xff000000, 0x0a000001, nullptr, instance, 1, nullptr); },
+        limit_of_request},
+    {"two_texts", [] { return LUMOZEPH_SetRoute(0x0a000000, 0xff000000, 0x0a000001, lif, instance, 1, nullptr); },
+        limit_of_request},
+    {"result",
+        [] {
+            LumoCmdResult result;
+            return LUMOZEPH_DelPolicyTable(7, &result);
+        },
+        limit_of_request},
 };
 
-void compare_set(benchmark::State& state, Kernel kernel, std::int32_t (*send)())
+void compare_set(benchmark::State& state, Kernel kernel, const Set& set)
 {
     answer_calls(kernel);
     compare(
-        state, [send] { benchmark::DoNotOptimize(send()); }, [] { benchmark::DoNotOptimize(limit_send(89)); });
+        state, [&] { benchmark::DoNotOptimize(set.send()); }, [&] { benchmark::DoNotOptimize(set.limit()); });
     answer_calls(Kernel::Real);
 }
 
@@ -220,7 +240,7 @@ int main(int argc, char** argv)
     for (const Set& set : sets) {
         for (const auto& [kernel, name] : {std::pair(Kernel::Instant, "user_part"), {Kernel::DevNull, "system_calls"}})
             benchmark::RegisterBenchmark((std::string("set/") + set.name + "/" + name).c_str(),
-                [kernel = kernel, send = set.send](benchmark::State& state) { compare_set(state, kernel, send); })
+                [kernel = kernel, &set](benchmark::State& state) { compare_set(state, kernel, set); })
                 ->UseManualTime();
     }
     add_reads();
