@@ -13,7 +13,7 @@ namespace bench {
 namespace {
 
 Kernel kernel = Kernel::Real;
-Reply reply;
+thread_local Reply reply;
 
 } // namespace
 

@@ -12,7 +12,8 @@ enum class Kernel
     Instant  // nothing is called: the device's ioctl copies the reply and returns
 };
 
-// What the device answers from now on. The bytes must outlive the calls; null: they are in the room already.
+// What the device answers to this thread from now on. The bytes must outlive the calls; null: they are in the room
+// already.
 struct Reply
 {
     const void* bytes = nullptr;

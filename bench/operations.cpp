@@ -1,13 +1,11 @@
 // Every kind of operation beside its limit.
 #include "operations/operations.h"
+#include "calls.h"
 #include "compare.h"
 #include "kernel.h"
-#include "limit.h"
 #include "replies.h"
 
-#include <cstdlib>
 #include <fstream>
-#include <lumozeph.h>
 #include <malloc.h>
 #include <string>
 #include <sys/resource.h>
@@ -17,48 +15,7 @@ namespace {
 using namespace bench;
 using namespace operations;
 
-void expect(bool holds)
-{
-    if (!holds)
-        std::abort();
-}
-
-constexpr char instance[] = "0000002a-51b3-4f0e-9c1d-00005e00532a";
-constexpr char lif[] = "lif-0000-17";
-
 // --- operations that read nothing
-
-struct Set
-{
-    const char* name;
-    std::int32_t (*send)();
-    std::int32_t (*limit)();
-};
-
-std::int32_t limit_of_request()
-{
-    return limit_send(89);
-}
-
-std::int32_t limit_of_value()
-{
-    return limit_send_value(10, 7);
-}
-
-constexpr Set sets[] = {
-    {"value", [] { return LUMOZEPH_SetLogLevel(7); }, limit_of_value},
-    {"no_text", [] { return LUMOZEPH_DelPolicyTable(7, nullptr); }, limit_of_request},
-    {"one_text", [] { return LUMOZEPH_SetRoute(0x0a000000, 0xff000000, 0x0a000001, nullptr, instance, 1, nullptr); },
-        limit_of_request},
-    {"two_texts", [] { return LUMOZEPH_SetRoute(0x0a000000, 0xff000000, 0x0a000001, lif, instance, 1, nullptr); },
-        limit_of_request},
-    {"result",
-        [] {
-            LumoCmdResult result;
-            return LUMOZEPH_DelPolicyTable(7, &result);
-        },
-        limit_of_request},
-};
 
 void compare_set(benchmark::State& state, Kernel kernel, const Set& set)
 {
@@ -72,32 +29,17 @@ void compare_set(benchmark::State& state, Kernel kernel, const Set& set)
 
 void compare_get(benchmark::State& state, const Operation& operation)
 {
-    const Case& one = *operation.cases.begin();
     const std::vector<char> reply = reply_of(operation, 1);
     answer_calls(Kernel::Instant, {reply.data(), operation.room});
-    compare(
-        state,
-        [&] {
-            void* record = nullptr;
-            expect(call(operation, one, {&record}) == 0);
-            operation.release.call(record);
-        },
-        [&] {
-            char* record = nullptr;
-            expect(limit_get(38, operation.room, &record) == 0);
-            free(record);
-        });
+    compare(state, library_get(operation), limit_of_get(operation));
     answer_calls(Kernel::Real);
 }
 
 void compare_get_value(benchmark::State& state, const Operation& operation)
 {
-    const Case& one = *operation.cases.begin();
     constexpr std::uint32_t value = 7;
-    std::uint32_t got;
     answer_calls(Kernel::Instant, {&value, sizeof value});
-    compare(
-        state, [&] { expect(call(operation, one, {&got}) == 0); }, [&] { expect(limit_get_value(20, &got) == 0); });
+    compare(state, library_get_value(operation), limit_of_get_value());
     answer_calls(Kernel::Real);
 }
 
@@ -135,20 +77,10 @@ long minor_faults()
 
 void compare_list(benchmark::State& state, const Operation& operation, std::size_t count, Texts texts = Texts::Tidy)
 {
-    const Case& one = *operation.cases.begin();
-    const std::size_t size = operation.layouts.begin()->size;
     const std::vector<char> reply = reply_of(operation, count, texts);
     answer_calls(Kernel::Instant, {reply.data(), static_cast<std::uint32_t>(reply.size())});
-    const auto read = [&] {
-        LimitList* list = nullptr;
-        expect(call(operation, one, {&list}) == 0 && list->count == static_cast<std::int32_t>(count));
-        operation.release.call(list);
-    };
-    compare(state, read, [&] {
-        LimitList* list = nullptr;
-        expect(limit_get_list(38, size, static_cast<std::size_t>(operation.cap), &list) == 0);
-        limit_release_list(list);
-    });
+    const auto read = library_get_list(operation, count);
+    compare(state, read, limit_of_get_list(operation));
     read();
     const long faults = minor_faults();
     constexpr int reads = 4;
@@ -224,12 +156,7 @@ void add_reads()
         if (operation.shape == Shape::GetValue)
             add("get/" + name_of(operation), get_value);
         if (operation.shape == Shape::ListRead)
-            add_list(operation), add_texts(operation);
-    });
-    for_each_operation([](const Chapter&, const Operation& operation) {
-        const std::string name = name_of(operation);
-        if (name == "GetRoutes" || name == "GetLifs" || name == "GetBridgePorts")
-            add_growth(operation);
+            add_list(operation), add_texts(operation), add_growth(operation);
     });
 }
 

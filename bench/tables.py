@@ -2,7 +2,8 @@
 
 usage: tables.py RESULTS [DOCUMENT]
 
-Prints the tables. With DOCUMENT, also puts each between its lines "<!-- table: NAME -->" and "<!-- end -->" there.
+Prints the tables. With DOCUMENT, also puts each between its lines "<!-- table: NAME -->" and "<!-- end -->" there, and
+draws the picture growth.svg beside it.
 """
 
 import glob
@@ -74,7 +75,7 @@ def lists(results):
     kept = benchmarks(results, "kept.list-*.json")
     rows = []
     for name in dict.fromkeys(key.split("/")[1] for key in default):
-        row = [name.replace("_", " ")]
+        row = [name]
         for fill in ("empty", "1%", "full"):
             for found in (default, kept):
                 row.append(f"{found[f'list/{name}/{fill}']['ratio']:.3f}")
@@ -87,22 +88,71 @@ def lists(results):
     )
 
 
-def growth(results):
-    default = benchmarks(results, "default.growth-*.json")
-    kept = benchmarks(results, "kept.growth-*.json")
+def texts(results):
+    default = benchmarks(results, "default.texts-*.json")
+    kept = benchmarks(results, "kept.texts-*.json")
     rows = []
-    for name, one in sorted(kept.items(), key=lambda item: (item[0].split("/")[1], item[1]["records"])):
-        records = one["records"]
-        rows.append(
-            (
-                name.split("/")[1].replace("_", " "),
-                f"{records:.0f}",
-                time(default[name]["library_ns"] / records),
-                time(one["library_ns"] / records),
-                f"{default[name]['peak_kib']:.0f} KiB",
-            )
-        )
-    return table(("list", "records", "a record", "a record, kept", "peak memory"), rows)
+    for name in dict.fromkeys(key.split("/")[1] for key in default):
+        contents = (f"texts/{name}/{content}" for content in ("tidy", "untidy", "mixed", "any_length"))
+        rows.append([name] + [f"{found[one]['ratio']:.3f}" for one in contents for found in (default, kept)])
+    return table(
+        ("list", "tidy", "kept", "untidy", "kept", "mixed", "kept", "any length", "kept"),
+        rows,
+    )
+
+
+def costs_of_records(found):
+    """For each list, by its name, the time of a record over the number of records."""
+    costs = {}
+    for name, one in found.items():
+        costs.setdefault(name.split("/")[1], {})[int(one["records"])] = one["library_ns"] / one["records"]
+    return {name: dict(sorted(of_list.items())) for name, of_list in sorted(costs.items())}
+
+
+def growth(results):
+    kept = benchmarks(results, "kept.growth-*.json")
+    default = benchmarks(results, "default.growth-*.json")
+    rows = []
+    for name, costs in costs_of_records(kept).items():
+        cap = max(costs)
+        peak = default[f"growth/{name}/{cap}"]["peak_kib"]
+        decades = [time(costs[count]) if count in costs else "" for count in (1, 10, 100, 1000, 10000)]
+        rows.append([name, *decades, f"{cap}", time(costs[cap]), f"{peak / 1024:.3g} MiB"])
+    return table(("list", "1", "10", "100", "1000", "10 000", "cap", "at the cap", "peak memory"), rows)
+
+
+def draw_growth(results, path):
+    """The costs of records as a picture, by gnuplot."""
+    lists = costs_of_records(benchmarks(results, "kept.growth-*.json"))
+    data = "\n\n\n".join(
+        f'"{name[3:]}"\n' + "\n".join(f"{count} {cost}" for count, cost in costs.items())
+        for name, costs in lists.items()
+    )
+    script = f"""
+set terminal svg size 900,560 font "sans-serif,13" background "white"
+set output "{path}"
+set logscale xy
+set xlabel "records in the list"
+set ylabel "nanoseconds a record"
+set format x "10^{{%T}}"
+set format y "10^{{%T}}"
+set grid lc rgb "#dddddd"
+set key outside right top spacing 1.1
+$lists << END
+{data}
+END
+plot for [i=0:{len(lists) - 1}] $lists index i using 1:2 with linespoints lw 1.5 pt i+1 ps 0.6 title columnheader(1)
+"""
+    subprocess.run(["gnuplot"], input=script, text=True, check=True)
+
+
+def threads(results):
+    found = benchmarks(results, "threads.json")
+    rows = []
+    for count in (1, 2, 4, 8):
+        of_threads, of_processes = (found[f"in_{where}/{count}"]["ratio"] for where in ("threads", "processes"))
+        rows.append((f"{count}", f"{of_threads:.3f}", f"{of_processes:.3f}", f"{of_threads / of_processes:.3f}"))
+    return table(("at once", "ratio in threads", "ratio in processes", "one to the other"), rows)
 
 
 def netlink(results):
@@ -154,7 +204,7 @@ def emulator(results):
     return table(("call", "where", "median"), rows)
 
 
-TABLES = (machine, sets, gets, lists, growth, netlink, allocators, loading, emulator)
+TABLES = (machine, sets, gets, lists, texts, growth, threads, netlink, allocators, loading, emulator)
 
 
 def main():
@@ -163,6 +213,7 @@ def main():
     for name, text in tables.items():
         print(f"\n== {name}\n{text}")
     for path in documents:
+        draw_growth(results, os.path.join(os.path.dirname(path), "growth.svg"))
         with open(path, encoding="utf-8") as file:
             document = file.read()
         for name, text in tables.items():
