@@ -81,7 +81,7 @@ struct Number
 
 // An integer that is the same in every request that has it. Stands among the fields of a request as it is.
 template <std::size_t Offset, std::integral auto Constant>
-struct Fixed : Extent<Offset, sizeof Constant>
+struct Fixed : Extent<Offset, sizeof(decltype(Constant))>
 {
     void store(char* record) const { std::memcpy(record + Offset, &value, sizeof value); }
 
