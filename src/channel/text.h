@@ -75,9 +75,9 @@ using Masks = std::array<char, 2 * longest_part>;
 
 consteval Masks kept_then_cleared()
 {
-    Masks masks {};
-    std::fill_n(masks.begin(), longest_part, '\xff');
-    return masks;
+    Masks filled {};
+    std::fill_n(filled.begin(), longest_part, '\xff');
+    return filled;
 }
 
 inline constexpr Masks masks = kept_then_cleared();
