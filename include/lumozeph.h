@@ -10,58 +10,67 @@
  *  2. errno.
  *       EINVAL   a required argument is null, or a value is rejected; the module has not been contacted;
  *       ENOMEM   the library could not allocate memory;
- *       EBADMSG  the module's reply is shorter than one record, or a list ends in a fragment of a record;
- *       other    as open(2) or ioctl(2) on the module's device left it: ENOENT and EACCES from the open, whatever the
- *                module answers from the ioctl.
+ *       EBADMSG  the module's reply is shorter than one record, or a list ends in a fragment of a record. A length of
+ *                2 GiB or more counts as a negative one, which is shorter than any record;
+ *       other    as open(2) or ioctl(2) on the module's device left it: ENOENT, EACCES or another from the open,
+ *                whatever the module answers from the ioctl.
  *     The module itself may answer EINVAL, ENOMEM and EBADMSG, too: errno alone does not tell who rejected a call. If
- *     the ioctl fails and the close that follows it fails, too, errno is that of the close.
+ *     the ioctl fails and the close that follows it fails, too, errno is that of the close. After an ioctl that has
+ *     succeeded, a close that fails is no failure.
  *  3. Null. A pointer argument must not be null unless its description says what null means there. "null: EINVAL" is
  *     rejected before anything else happens. Where null is not mentioned, it is not tested, and the program's behaviour
  *     is undefined.
  *  4. Ownership. Arguments are read, or filled, during the call only. A function that stores a pointer through an "out"
  *     argument hands over memory of the C allocator, to be given to the Release function that its comment names, or to
  *     free() where it says so. Nothing else frees it, and the library keeps no reference. Release functions accept
- *     null.
+ *     null, and always return 0.
  *  5. Out pointers on failure. Single reads: untouched while nothing has been allocated for the caller (null argument,
  *     failed reply buffer, failed device call); null when the result could not be allocated or the reply was too short.
  *     List reads: null after every failure that follows the null checks. A list is never returned partly filled.
  *  6. Lists. {count, records}: records always has room for as many as the list's macro LUMOZEPH_..._MAX says,
  *     zero-filled past count. What the module reports beyond that is ignored without an error, so that a list that is
  *     exactly full may have been longer. A reply of no bytes, or of a negative length, is an empty list: count 0, and
- *     an array. A read allocates the room of a full list twice, however much there is to read.
+ *     an array. A read allocates the room of a full list twice, however much there is to read, and frees one of the two
+ *     before it returns.
  *  7. Byte order. Integers are in host byte order and are passed on as they stand, both ways. MAC addresses are six
  *     bytes in wire order. An IPv6 address is sixteen bytes in wire order; as an argument it is two 64-bit words that
  *     hold those bytes unchanged, the first eight in the first word. The four bytes of an IPv4 address or mask are
  *     passed on as the caller holds them; where this project turns text into them, or them into text, they are in
- *     network order, as inet_pton(3) stores them.
+ *     network order, as inet_pton(3) stores them. Whether a mask value is a mask or a prefix length is up to the
+ *     module.
  *  8. Texts. Plain bytes ended by NUL. A text that goes into a field of N bytes is cut, without an error, to its first
  *     N - 1 bytes: "at most 63 bytes" at an argument says that N is 64. "Unterminated at N bytes" says that all N bytes
- *     are used, and that a text of N or more bytes arrives without a NUL. A text that comes out of a field always ends
- *     in NUL, with zero bytes after it.
+ *     are used, and that a text of N or more bytes arrives without a NUL. A text that comes out of a field is cut to
+ *     N - 1 bytes as well: it always ends in NUL, with zero bytes after it.
  *  9. Instance key. A router instance is named by its name or by its UUID in text form (lower-case hexadecimal digits,
  *     8-4-4-4-12), at most 63 bytes. The module tells the two apart.
- * 10. Threads. The library has no state: every call opens the device, issues one command (LUMOZEPH_GetRoutesv6: twice
- *     so) and closes the device. Calls from any number of threads are independent; their order is the module's
- *     business. A call blocks as long as the module does. The device's descriptor is not close-on-exec: a program that
- *     another thread starts meanwhile may inherit it.
+ * 10. Threads. The library has no state: every call opens the device, issues one command and closes the device.
+ *     (LUMOZEPH_GetRoutesv6 does so twice; Release functions and LUMOZEPHGetUuidOrName do not touch the device.) Calls
+ *     from any number of threads are independent; their order is the module's business. A call blocks as long as the
+ *     module does. The device's descriptor is not close-on-exec: a program that another thread starts meanwhile may
+ *     inherit it. A thread that is cancelled within a call may leave behind what the call had opened and allocated.
  * 11. Environment. The device is /pelt/devices/char/zephdriver/kola_lumo or, if USE_UPGRADE_DEV is set in the
  *     environment, to whatever value, /pelt/devices/char/zephdriver/kola_lumo_ugrade. The variable is looked up on
- *     every call, with getenv(3): no other thread may change the environment meanwhile.
+ *     every call that opens the device, with getenv(3): no other thread may change the environment meanwhile.
  * 12. Records. Every record is packed: its fields lie where the comment behind them says, in bytes from its beginning,
  *     unaligned where that is so. The holders of lists, and LumoVtepTable, are not packed. Read and write a packed
- *     field by value or with memcpy(3), never through a pointer or a reference of its type. (C compilers warn: "taking
- *     address of packed member"; C++ compilers refuse: "cannot bind packed field".) Fields that the library does not
- *     interpret are called value, text, data, block or bytes, and are numbered in the order in which they lie. Bytes
- *     that are "not copied" are zero, whatever the module sent. A count that is "as reported" is what the module says,
- *     and may be larger than its table: compare it before use.
- * 13. Raw replies. A function that fills a buffer of the caller's needs the room that it names. What the module wrote
- *     is neither checked nor counted, and its layout is the module's; bytes that the module did not write keep what
- *     they held.
+ *     number, also one in an array, by value or with memcpy(3), never through a pointer or a reference of its type; a
+ *     range-based for over an array of numbers is such a reference. (Compilers warn of the pointer: "taking address of
+ *     packed member". g++ refuses the reference, unless it is const: "cannot bind packed field"; clang++ says nothing.)
+ *     Texts, single bytes and records within records have no alignment, and may be pointed to. Fields whose meaning is
+ *     the module's alone are called value, text, data, block, bytes or the like, and are numbered in the order in which
+ *     they lie. Bytes that are "not copied" are zero, whatever the module sent. A count that is "as reported" is what
+ *     the module says, and may be larger than its table: compare it before use. The length that the module reports is
+ *     believed; where the module does not report one, it is that of the whole room. What the module has not written of
+ *     it is undefined in the record, list or block. A reply longer than the one record of a single read is no error.
+ * 13. Raw replies. A function that fills a buffer of the caller's needs the room that it names. What the module wrote,
+ *     also before it failed, is neither checked nor counted, and its layout is the module's; bytes that the module did
+ *     not write keep what they held.
  *
  * The library runs on 64-bit little-endian hosts.
  *
- * Each chapter below begins with its name. Its source, its tests, its example and the emulator's side of it are in
- * files of that name.
+ * Each chapter below begins with its name. Its example is in a file of that name; so are, but for channel, its source
+ * and the emulator's side of it.
  */
 #ifndef LUMOZEPH_H
 #define LUMOZEPH_H
@@ -74,11 +83,13 @@
 #endif
 #endif
 
-/** The release that this header is of. */
+/** The first number of the release that this header is of. */
 #define LUMOZEPH_VERSION_MAJOR 1
+/** Its second number. */
 #define LUMOZEPH_VERSION_MINOR 0
+/** Its third number. */
 #define LUMOZEPH_VERSION_PATCH 0
-/** The same as one number, for comparisons: 10203 is 1.2.3. */
+/** All three as one number, for comparisons: 10203 is 1.2.3. */
 #define LUMOZEPH_VERSION_NUMBER (LUMOZEPH_VERSION_MAJOR * 10000 + LUMOZEPH_VERSION_MINOR * 100 + LUMOZEPH_VERSION_PATCH)
 
 /* What a parser that is no compiler may define as nothing. */
@@ -184,10 +195,11 @@ LUMOZEPH_RECORD_SIZE(LumoEnvelope, 24);
  * Issues one command.
  *
  * Opens the module's device read-write, calls ioctl with the command number and the envelope, and closes the device.
- * For tools that speak to the module directly; every other function goes through it. Sets no errno of its own.
+ * For tools that speak to the module directly; every other function that opens the device goes through it. Sets no
+ * errno of its own. Of what ioctl returns, only the sign is looked at: a result above 0 is a success, too.
  *
  * @param command           passed to ioctl sign-extended and unchecked
- * @param[in,out] envelope  handed to the module, which rewrites outLen
+ * @param[in,out] envelope  handed to the module, which rewrites outLen; null: handed to it, too
  */
 int32_t LUMOZEPHIoctl(int32_t command, LumoEnvelope* envelope);
 
@@ -405,7 +417,7 @@ LUMOZEPH_RECORD_SIZE(LumoStats, 804);
 int32_t LUMOZEPH_GetLumoInstanceCPStats(const char* instance, LumoStats** out) LUMOZEPH_NONNULL(2);
 
 /**
- * Zeroes the counters of an instance's control-plane traffic.
+ * Resets the counters of an instance's control-plane traffic.
  *
  * @param instance  its key; null: EINVAL
  */
@@ -430,7 +442,7 @@ int32_t LUMOZEPH_GetLifStats(const char* instance, const char* lif, LumoStats** 
 int32_t LUMOZEPH_GetLifStatsCached(const char* instance, const char* lif, LumoStats** out) LUMOZEPH_NONNULL(2, 3);
 
 /**
- * Zeroes a LIF's counters.
+ * Resets a LIF's counters.
  *
  * @param instance  the instance's key; null: EINVAL
  * @param lif       the LIF's name, at most 63 bytes
@@ -444,11 +456,12 @@ int32_t LUMOZEPH_ResetLifStats(const char* instance, const char* lif) LUMOZEPH_N
  */
 int32_t LUMOZEPH_GetLumoDiStats(LumoStats** out) LUMOZEPH_NONNULL(1);
 
-/** Zeroes the counters of distributed interfaces, of the module as a whole. */
+/** Resets the counters of distributed interfaces, of the module as a whole. */
 int32_t LUMOZEPH_ResetLumoDiStats(void);
 
 /**
- * Frees a record of one of these reads, or of LUMOZEPH_GetLumoInstanceCPSyncState.
+ * Frees a record of LUMOZEPH_GetLumoInstanceCPStats, LUMOZEPH_GetLifStats, LUMOZEPH_GetLifStatsCached,
+ * LUMOZEPH_GetLumoDiStats or LUMOZEPH_GetLumoInstanceCPSyncState.
  *
  * @param record  the record; null: nothing happens
  */
@@ -544,7 +557,7 @@ int32_t LUMOZEPH_GetConnection(const char* name, void* buffer) LUMOZEPH_NONNULL(
  * Reads the virtual MAC address that goes with a name.
  *
  * @param name      the name, at most 63 bytes
- * @param[out] mac  room for 6 bytes; those that the module does not write keep what they held
+ * @param[out] mac  room for LUMOZEPH_MAC_SIZE bytes
  */
 int32_t LUMOZEPH_GetVMAC(const char* name, uint8_t* mac) LUMOZEPH_NONNULL(1, 2);
 
@@ -583,7 +596,9 @@ int32_t LUMOZEPH_LUMODevCheckConnDeletion(uint32_t* value) LUMOZEPH_NONNULL(1);
  * ------------------------------------------------------------------------------------------------------------------ */
 
 /**
- * Flushes what the values select.
+ * Sends the module's generic flush.
+ *
+ * What is flushed, and what the values and the text have to do with it, is the module's.
  *
  * @param value1  passed on as it stands
  * @param value2  passed on as it stands
@@ -602,14 +617,16 @@ int32_t LUMOZEPH_PreUnload(void);
  * Starts a full-sync save of the whole module.
  *
  * @param value        passed on as it stands
- * @param[out] result  written by the module itself: where it writes nothing, and on failure, it stays as it was
+ * @param[out] result  written by the module itself, also before it fails; bytes that it does not write stay as they
+ *                     were
  */
 int32_t LUMOZEPH_PerformFullSyncSave(uint8_t value, uint32_t* result) LUMOZEPH_NONNULL(2);
 
 /**
- * Reads the status of the last full-sync save.
+ * Reads the status of the full-sync save.
  *
- * @param[out] status  written by the module itself: where it writes nothing, and on failure, it stays as it was
+ * @param[out] status  written by the module itself, also before it fails; bytes that it does not write stay as they
+ *                     were
  */
 int32_t LUMOZEPH_GetFullSyncSaveStatus(uint32_t* status) LUMOZEPH_NONNULL(1);
 
@@ -684,7 +701,7 @@ struct LumoLifList
 LUMOZEPH_RECORD_SIZE(LumoLifList, 16);
 
 /**
- * Creates a LIF, or changes it.
+ * Creates a LIF.
  *
  * @param lif        its name, at most 63 bytes
  * @param auxName    its second name, at most 63 bytes
@@ -934,8 +951,9 @@ int32_t LUMOZEPH_ConfigureLifDhcpRelay(const char* instance, const char* lif, ch
 #define LUMOZEPH_CMD_RESULT_SIZE 88
 
 /**
- * What the module has to say about a set or delete of routes and policies, if the caller wants to know. The library
- * zeroes it before the call, unless an argument is rejected, and never reads it.
+ * What the module has to say about a set or delete of IPv4 routes, interface policies, policies, policy tables and
+ * references to them, if the caller wants to know. The library zeroes it before the call, unless an argument is
+ * rejected, and never reads it.
  */
 struct LumoCmdResult
 {
@@ -1045,7 +1063,7 @@ int32_t LUMOZEPH_ReleaseRoutes(LumoRouteList* list);
 #define LUMOZEPH_ROUTE6_SIZE 776
 
 /**
- * Adds a route.
+ * Adds an IPv6 route.
  *
  * @param dest1      the destination prefix's first eight bytes
  * @param dest2      the destination prefix's last eight bytes
@@ -1059,7 +1077,7 @@ int32_t LUMOZEPH_SetRoutev6(uint64_t dest1, uint64_t dest2, uint32_t prefixLen, 
     const char* lif, const char* instance);
 
 /**
- * Deletes a route.
+ * Deletes an IPv6 route.
  *
  * @param dest1      the destination prefix's first eight bytes
  * @param dest2      the destination prefix's last eight bytes
@@ -1073,17 +1091,19 @@ int32_t LUMOZEPH_DelRoutev6(uint64_t dest1, uint64_t dest2, uint32_t prefixLen, 
     const char* lif, const char* instance);
 
 /**
- * Reads an instance's routes as the module lays them out, in entries of LUMOZEPH_ROUTE6_SIZE bytes.
+ * Reads an instance's IPv6 routes as the module lays them out, in entries of LUMOZEPH_ROUTE6_SIZE bytes.
  *
- * Sends two commands: the first asks how many routes there are, by which the block gets room for 8000 entries or for
- * 30000; the second reads them. The caller does not learn which: count is what the module reports, and may be larger
- * than the room of a module that is not well behaved.
+ * Sends two commands: the first asks how many routes there are, by which the block gets room for 8000 entries if there
+ * are fewer than that, or else for 30000; the second reads them. The caller does not learn which: count is what the
+ * module reports, and may be larger than the room if the module is not well behaved. Only the first 8000 entries are
+ * sure to lie in the block. What the module has not written of them is undefined.
  *
  * @param instance    its key, unterminated at 64 bytes
  * @param[out] block  the entries; free them with free(). Null if the block could not be allocated, untouched if the
- *                    first command failed; if the second command failed, a pointer to memory that has been freed
- * @param[out] count  the bytes that the module reports, divided by the size of an entry, rounded down. Stored after the
- *                    second command also if that failed, when it means nothing; untouched before that
+ *                    call failed before that; if the second command failed, a pointer to memory that has been freed
+ * @param[out] count  the bytes that the module reports, as an unsigned number, divided by the size of an entry, rounded
+ *                    down. Stored after the second command also if that failed, when it means nothing; untouched before
+ *                    that
  * @errno ENOMEM  also if the first command fails, whatever it failed of (without a device, too), and if there are 30000
  *                routes or more; nothing is allocated then
  */
@@ -1096,7 +1116,7 @@ int32_t LUMOZEPH_PMTUTableCearv6(void);
  * neighbours: ARP entries, IPv6 neighbours and proxy entries
  *
  * A proxy entry is an address that the router answers for. ARP entries and proxy entries of IPv4 are read apart; there
- * is no read of the proxy entries of IPv6 alone.
+ * is no read of the proxy entries of IPv6.
  * ------------------------------------------------------------------------------------------------------------------ */
 
 /** Room for a table of neighbours, in bytes. */
@@ -1317,8 +1337,8 @@ int32_t LUMOZEPH_GetPolicy(uint32_t table, LumoPolicyList** out) LUMOZEPH_NONNUL
 /**
  * Counts the policies of one table.
  *
- * Of the request, 768 bytes are sent as the stack held them. If the module's reply is too short (EBADMSG), 4 bytes stay
- * allocated.
+ * Of the request, 768 bytes are sent as the stack held them. If the module's reply is shorter than 4 bytes (EBADMSG),
+ * 4 bytes stay allocated.
  *
  * @param table       the table's number
  * @param[out] count  the number of policies, untouched on failure
@@ -1443,7 +1463,7 @@ int32_t LUMOZEPH_GetLifPolicyTableRef(const char* instance, const char* lif, Lum
  * @param lif          the LIF's name, at most 63 bytes; null: EINVAL
  * @param count        at most LUMOZEPH_POLICY_TABLE_REFS_MAX. A larger number is itself sent, but of its entries only
  *                     what fits into the request
- * @param entries      count of them; null if count is 0
+ * @param entries      count of them; may be null if count is 0
  * @param[out] result  the module's answer; null: it is not asked for
  */
 int32_t LUMOZEPH_SetLifPolicyTableRef(const char* instance, const char* lif, uint16_t count,
@@ -1525,7 +1545,8 @@ int32_t LUMOZEPH_GetBridgeInstances(LumoBridgeInstanceList** out) LUMOZEPH_NONNU
 /**
  * Reads all bridges into a list of the caller's: the worker of LUMOZEPH_GetBridgeInstances.
  *
- * @param[in,out] list  16 zeroed bytes from calloc(3); freed on failure, unless the device call failed
+ * @param[in,out] list  16 zeroed bytes from calloc(3); free it with LUMOZEPH_ReleaseBridgeInstances. After a
+ *                      failure it has been freed, unless the device call failed
  */
 int32_t LUMOZEPHGetBridgeInstances(LumoBridgeInstanceList* list) LUMOZEPH_NONNULL(1);
 
@@ -1594,7 +1615,7 @@ int32_t LUMOZEPH_SetBridgeRepMode(const char* key, uint32_t mode) LUMOZEPH_NONNU
 /**
  * Sets one numeric setting of a bridge, which the command number chooses.
  *
- * The number is sent unchecked, also that of a command of another chapter.
+ * The number is sent unchecked, also that of a command of another chapter. No room is offered for a reply.
  *
  * @param key      the bridge's key
  * @param command  the number that is sent, sign-extended
@@ -1671,7 +1692,8 @@ int32_t LUMOZEPH_GetBridgeNetworks(const char* firstKey, const char* key, LumoBr
  *
  * @param firstKey      a text that is read and not sent
  * @param key           the bridge's key
- * @param[in,out] list  16 zeroed bytes from calloc(3); freed on failure, unless the device call failed
+ * @param[in,out] list  16 zeroed bytes from calloc(3); free it with LUMOZEPH_ReleaseBridgeNetworks. After a
+ *                      failure it has been freed, unless the device call failed
  */
 int32_t LUMOZEPHGetBridgeNetworks(const char* firstKey, const char* key, LumoBridgeNetworkList* list)
     LUMOZEPH_NONNULL(1, 2, 3);
@@ -1697,7 +1719,8 @@ int32_t LUMOZEPH_GetBridgePorts(const char* firstKey, const char* key, uint16_t 
  * @param key           the bridge's key
  * @param value16       first of the two values that select the ports; sent as 32 bits
  * @param value32       second of them
- * @param[in,out] list  16 zeroed bytes from calloc(3); freed on failure, unless the device call failed
+ * @param[in,out] list  16 zeroed bytes from calloc(3); free it with LUMOZEPH_ReleaseBridgePorts. After a
+ *                      failure it has been freed, unless the device call failed
  */
 int32_t LUMOZEPHGetBridgePorts(const char* firstKey, const char* key, uint16_t value16, uint32_t value32,
     LumoBridgePortList* list) LUMOZEPH_NONNULL(1, 2, 5);
@@ -1726,8 +1749,8 @@ int32_t LUMOZEPH_ReleaseBridgePorts(LumoBridgePortList* list);
 /* ------------------------------------------------------------------------------------------------------------------ *
  * fdb: Forwarding table, FL table and PMACs
  *
- * Two selectors choose the entries of a forwarding table. The first one has 16 bits in the read and 32 in the set and
- * the clear; all send it as 32.
+ * Read, set and clear of a forwarding table have two selectors, whose meaning is the module's. The first one has 16
+ * bits in the read and 32 in the set and the clear; all send it as 32.
  * ------------------------------------------------------------------------------------------------------------------ */
 
 /** Entries of a forwarding table in a list at most. */
@@ -1776,7 +1799,8 @@ int32_t LUMOZEPH_GetBridgeFdbEntries(const char* key, uint16_t value16, uint32_t
  * @param key           the bridge's key
  * @param value16       first selector
  * @param value32       second selector
- * @param[in,out] list  16 zeroed bytes from calloc(3); freed on failure, unless the device call failed
+ * @param[in,out] list  16 zeroed bytes from calloc(3); free it with LUMOZEPH_ReleaseBridgeFdbEntries. After a
+ *                      failure it has been freed, unless the device call failed
  */
 int32_t LUMOZEPHGetBridgeFdbEntries(const char* key, uint16_t value16, uint32_t value32, LumoBridgeFdbList* list)
     LUMOZEPH_NONNULL(1, 4);
@@ -1910,7 +1934,7 @@ int32_t LUMOZEPH_GetLocaleId(void* buffer) LUMOZEPH_NONNULL(1);
  *
  * If the device call fails, 16 bytes stay allocated.
  *
- * @param key       a cluster's key; null: no key is sent
+ * @param key       an instance key; null: no key is sent
  * @param[out] out  the list; free it with LUMOZEPH_ReleaseBridgeClusters
  */
 int32_t LUMOZEPH_GetBridgeClusters(const char* key, LumoBridgeClusterList** out) LUMOZEPH_NONNULL(2);
@@ -1918,8 +1942,9 @@ int32_t LUMOZEPH_GetBridgeClusters(const char* key, LumoBridgeClusterList** out)
 /**
  * Reads clusters into a list of the caller's: the worker of LUMOZEPH_GetBridgeClusters.
  *
- * @param key           a cluster's key; null: no key is sent
- * @param[in,out] list  16 zeroed bytes from calloc(3); freed on failure, unless the device call failed
+ * @param key           an instance key; null: no key is sent
+ * @param[in,out] list  16 zeroed bytes from calloc(3); free it with LUMOZEPH_ReleaseBridgeClusters. After a
+ *                      failure it has been freed, unless the device call failed
  */
 int32_t LUMOZEPHGetBridgeClusters(const char* key, LumoBridgeClusterList* list) LUMOZEPH_NONNULL(2);
 
@@ -1943,7 +1968,7 @@ int32_t LUMOZEPH_BridgeClusterSet(const char* key, int8_t on) LUMOZEPH_NONNULL(1
  *
  * If the device call fails, 16 bytes stay allocated.
  *
- * @param key       a cluster's key; null: no key is sent
+ * @param key       an instance key; null: no key is sent
  * @param[out] out  the list; free it with LUMOZEPH_ReleaseBridgeClusterNodes
  */
 int32_t LUMOZEPH_GetBridgeClusterNodes(const char* key, LumoBridgeClusterNodeList** out) LUMOZEPH_NONNULL(2);
@@ -1951,8 +1976,9 @@ int32_t LUMOZEPH_GetBridgeClusterNodes(const char* key, LumoBridgeClusterNodeLis
 /**
  * Reads nodes of clusters into a list of the caller's: the worker of LUMOZEPH_GetBridgeClusterNodes.
  *
- * @param key           a cluster's key; null: no key is sent
- * @param[in,out] list  16 zeroed bytes from calloc(3); freed on failure, unless the device call failed
+ * @param key           an instance key; null: no key is sent
+ * @param[in,out] list  16 zeroed bytes from calloc(3); free it with LUMOZEPH_ReleaseBridgeClusterNodes. After a
+ *                      failure it has been freed, unless the device call failed
  */
 int32_t LUMOZEPHGetBridgeClusterNodes(const char* key, LumoBridgeClusterNodeList* list) LUMOZEPH_NONNULL(2);
 
@@ -1975,16 +2001,14 @@ int32_t LUMOZEPH_BridgeClusterNodeSet(const char* key, const char* node, const u
     LUMOZEPH_NONNULL(1, 2);
 
 /**
- * Sets the local transport node, or removes it.
- *
- * Both read and send all values.
+ * Sets the local transport node.
  *
  * @param text1  at most 63 bytes
  * @param text2  at most 63 bytes
  * @param text3  at most 15 bytes
  * @param value  passed on as it stands
  * @param block  LUMOZEPH_LOCAL_TRANSPORT_BLOCK_SIZE bytes, sent as they stand
- * @param on     not 0: sets; 0: removes
+ * @param on     not 0, or 0: chooses between two commands of the module, which are sent the same values
  */
 int32_t LUMOZEPH_BridgeLocalTransportNodeSet(const char* text1, const char* text2, const char* text3, uint32_t value,
     const void* block, int8_t on) LUMOZEPH_NONNULL(1, 2, 3, 5);
@@ -2098,7 +2122,7 @@ int32_t LUMOZEPH_FlushBridgeEndpoint(int8_t on);
  *
  * If the device call fails, 16 bytes stay allocated.
  *
- * @param key       a bridge's key; null: no key is sent
+ * @param key       an instance key; null: no key is sent
  * @param[out] out  the list; free it with LUMOZEPH_ReleaseBridgeEndpoints
  */
 int32_t LUMOZEPH_GetBridgeEndpoints(const char* key, LumoBridgeEndpointList** out) LUMOZEPH_NONNULL(2);
@@ -2106,8 +2130,9 @@ int32_t LUMOZEPH_GetBridgeEndpoints(const char* key, LumoBridgeEndpointList** ou
 /**
  * Reads bridge endpoints into a list of the caller's: the worker of LUMOZEPH_GetBridgeEndpoints.
  *
- * @param key           a bridge's key; null: no key is sent
- * @param[in,out] list  16 zeroed bytes from calloc(3); freed on failure, unless the device call failed
+ * @param key           an instance key; null: no key is sent
+ * @param[in,out] list  16 zeroed bytes from calloc(3); free it with LUMOZEPH_ReleaseBridgeEndpoints. After a
+ *                      failure it has been freed, unless the device call failed
  */
 int32_t LUMOZEPHGetBridgeEndpoints(const char* key, LumoBridgeEndpointList* list) LUMOZEPH_NONNULL(2);
 
@@ -2137,10 +2162,10 @@ int32_t LUMOZEPH_GetBeStatus(const char* key, void* buffer) LUMOZEPH_NONNULL(1, 
 /**
  * Reads all bridge endpoints as the module lays them out.
  *
- * @param[out] buffer  room for size bytes; null if size is 0
+ * @param[out] buffer  room for size bytes; may be null if size is 0
  * @param size         bytes at buffer
- * @param[out] count   the bytes that the module reports, also if they are more than size, divided by LUMOZEPH_BE_SIZE,
- *                     rounded down; untouched on failure
+ * @param[out] count   the bytes that the module reports, as an unsigned number and also if they are more than size,
+ *                     divided by LUMOZEPH_BE_SIZE, rounded down; untouched on failure
  */
 int32_t LUMOZEPH_GetBeAll(void* buffer, uint32_t size, uint32_t* count) LUMOZEPH_NONNULL(3);
 
@@ -2183,7 +2208,7 @@ LUMOZEPH_RECORD_SIZE(LumoBridgeBfdSessionList, 16);
  *
  * If the device call fails, 16 bytes stay allocated.
  *
- * @param key       a bridge's key; null: no key is sent
+ * @param key       an instance key; null: no key is sent
  * @param[out] out  the list; free it with LUMOZEPH_ReleaseBridgeBFDSessions
  */
 int32_t LUMOZEPH_GetBridgeBFDSessions(const char* key, LumoBridgeBfdSessionList** out) LUMOZEPH_NONNULL(2);
@@ -2191,8 +2216,9 @@ int32_t LUMOZEPH_GetBridgeBFDSessions(const char* key, LumoBridgeBfdSessionList*
 /**
  * Reads BFD sessions into a list of the caller's: the worker of LUMOZEPH_GetBridgeBFDSessions.
  *
- * @param key           a bridge's key; null: no key is sent
- * @param[in,out] list  16 zeroed bytes from calloc(3); freed on failure, unless the device call failed
+ * @param key           an instance key; null: no key is sent
+ * @param[in,out] list  16 zeroed bytes from calloc(3); free it with LUMOZEPH_ReleaseBridgeBFDSessions. After a
+ *                      failure it has been freed, unless the device call failed
  */
 int32_t LUMOZEPHGetBridgeBFDSessions(const char* key, LumoBridgeBfdSessionList* list) LUMOZEPH_NONNULL(2);
 
@@ -2279,8 +2305,8 @@ LUMOZEPH_RECORD_SIZE(LumoVtepEntry, 68);
 /** Tunnel endpoints. */
 struct LumoVtepTable
 {
-    uint32_t count;         /**< entries in records, as reported */
-    LumoVtepEntry* records; /**< exactly count of them */
+    uint32_t count;         /**< entries in records */
+    LumoVtepEntry* records; /**< exactly count of them; those after LUMOZEPH_VTEPS_MAX are zero */
 };
 LUMOZEPH_RECORD_SIZE(LumoVtepTable, 16);
 
@@ -2343,8 +2369,9 @@ int32_t LUMOZEPH_ReleaseMRoutingLocalRcvrs(LumoLocalRcvrList* list);
  * @param value     the value
  * @param[out] out  the table; free it with LUMOZEPH_ReleaseVTEPTable. Untouched when the reply buffer or the device
  *                  call fails, null after every later failure
- * @errno EBADMSG   the reply is shorter than the entries that it announces, or has no count
- * @errno none      errno stays as it was: the entries that the reply announces would be 2 GiB or more
+ * @errno EBADMSG  the reply has no count, or is shorter than the entries that its count announces
+ * @errno none     errno is not set: the entries that the count announces are 2 GiB or more, and neither EBADMSG nor
+ *                 ENOMEM has come first
  */
 int32_t LUMOZEPH_GetMRoutingRemoteRcvrs(const char* instance, uint32_t value, LumoVtepTable** out)
     LUMOZEPH_NONNULL(1, 3);
@@ -2354,7 +2381,7 @@ int32_t LUMOZEPH_GetMRoutingRemoteRcvrs(const char* instance, uint32_t value, Lu
  *
  * @param instance  the instance's key
  * @param value     the value that the receiver is under
- * @param key       the receiver's key under value
+ * @param key       the receiver's key
  * @param hwAddr    6 bytes
  * @param value1    passed on as it stands
  * @param value2    passed on as it stands
@@ -2369,7 +2396,7 @@ int32_t LUMOZEPH_AddMRoutingRemoteRcvrs(const char* instance, uint32_t value, ui
  *
  * @param instance  the instance's key
  * @param value     the value that the receiver is under
- * @param key       the receiver's key under value
+ * @param key       the receiver's key
  */
 int32_t LUMOZEPH_DelMRoutingRemoteRcvrs(const char* instance, uint32_t value, uint32_t key) LUMOZEPH_NONNULL(1);
 
@@ -2429,7 +2456,8 @@ int32_t LUMOZEPH_ReleaseMRoutingMcastGroups(LumoMcastGroupList* list);
  *
  * @param instance      its key
  * @param value         the value
- * @param[out] address  IPv4, written by the module itself: where it writes nothing, and on failure, it stays as it was
+ * @param[out] address  IPv4, written by the module itself, also before it fails; bytes that it does not write stay as
+ *                      they were
  */
 int32_t LUMOZEPH_GetMRoutingReplicationIP(const char* instance, uint32_t value, uint32_t* address)
     LUMOZEPH_NONNULL(1, 3);
@@ -2439,7 +2467,8 @@ int32_t LUMOZEPH_GetMRoutingReplicationIP(const char* instance, uint32_t value, 
  *
  * @param instance      its key
  * @param value         the value
- * @param[out] address  IPv4, written by the module itself: where it writes nothing, and on failure, it stays as it was
+ * @param[out] address  IPv4, written by the module itself, also before it fails; bytes that it does not write stay as
+ *                      they were
  */
 int32_t LUMOZEPH_GetMRoutingMRouterIP(const char* instance, uint32_t value, uint32_t* address) LUMOZEPH_NONNULL(1, 3);
 
@@ -2461,7 +2490,8 @@ int32_t LUMOZEPH_DelMRoutingMRouter(const char* instance) LUMOZEPH_NONNULL(1);
 /* ------------------------------------------------------------------------------------------------------------------ *
  * rss: Software receive-side scaling
  *
- * A target is named by a text of at most 63 bytes. The lengths that the module reports are not looked at.
+ * A target is named by a text of at most 63 bytes. The lengths that the module reports are not looked at: what it does
+ * not write of a reply is undefined.
  * ------------------------------------------------------------------------------------------------------------------ */
 
 /** Entries of each array of LumoRssStats. */
@@ -2508,7 +2538,7 @@ LUMOZEPH_RECORD_SIZE(LumoRssIndTable, 132);
 int32_t LUMOZEPH_SoftRSSGetStats(const char* target, LumoRssStats** out) LUMOZEPH_NONNULL(2);
 
 /**
- * Zeroes a target's statistics.
+ * Resets a target's statistics.
  *
  * @param target  its name, at most 63 bytes; null: EINVAL
  */
@@ -2518,7 +2548,7 @@ int32_t LUMOZEPH_SoftRSSStatsReset(const char* target);
  * Reads a target's tunables.
  *
  * @param target         its name, at most 63 bytes; null: EINVAL
- * @param[out] tunables  undefined if the device call fails
+ * @param[out] tunables  undefined if the device call fails, untouched after every other failure
  */
 int32_t LUMOZEPH_SoftRSSGetTunables(const char* target, LumoRssTunables* tunables) LUMOZEPH_NONNULL(2);
 
@@ -2534,7 +2564,8 @@ int32_t LUMOZEPH_SoftRSSSetTunables(const char* target, const LumoRssTunables* t
  * Reads a target's indirection table.
  *
  * @param target        its name, at most 63 bytes; null: EINVAL
- * @param[out] entries  room for LUMOZEPH_RSS_IND_TABLE_SIZE bytes; untouched on failure
+ * @param[out] entries  room for LUMOZEPH_RSS_IND_TABLE_SIZE bytes, all of which are overwritten, also where the module
+ *                      writes fewer; untouched on failure
  */
 int32_t LUMOZEPH_SoftRSSGetIndTable(const char* target, uint8_t* entries) LUMOZEPH_NONNULL(2);
 
@@ -2544,7 +2575,7 @@ int32_t LUMOZEPH_SoftRSSGetIndTable(const char* target, uint8_t* entries) LUMOZE
  * The size is sent as it stands, also a negative one.
  *
  * @param target  its name, at most 63 bytes; null: EINVAL
- * @param table   the table; a size of more than 128 reads past it
+ * @param table   the table; its size must not exceed 128, or the call reads and sends what lies behind its entries
  */
 int32_t LUMOZEPH_SoftRSSTableSet(const char* target, const LumoRssIndTable* table) LUMOZEPH_NONNULL(2);
 
