@@ -57,7 +57,7 @@ static inline void lumozeph_ipv6_from_words(uint64_t word1, uint64_t word2, uint
 /**
  * The IPv4 mask of a prefix length.
  *
- * @param length  in bits; 32 if it is larger
+ * @param length  in bits; taken as 32 if it is larger
  * @return        the mask, in network order
  */
 static inline uint32_t lumozeph_mask_of_length(uint32_t length)
@@ -131,7 +131,7 @@ static inline char* lumozeph_mac_to_text(const uint8_t mac[6], char text[LUMOZEP
 }
 
 /**
- * The entries of a table that are there: what the module reports, but never more than the table's room.
+ * How many entries of a table are there: what the module reports, but never more than the table's room.
  *
  * @param reported  the count in the record
  * @param room      the table's room, one of the macros LUMOZEPH_..._MAX
@@ -142,31 +142,31 @@ static inline uint32_t lumozeph_clamped(uint32_t reported, uint32_t room)
     return reported < room ? reported : room;
 }
 
-/** The next hops of a route that are there. */
+/** How many next hops of a route are there. */
 static inline uint32_t lumozeph_next_hops(const LumoRouteInfo* route)
 {
     return lumozeph_clamped(route->nextHopCount, LUMOZEPH_NEXT_HOPS_MAX);
 }
 
-/** The IPv6 addresses of a LIF that are there. */
+/** How many IPv6 addresses of a LIF are there. */
 static inline uint32_t lumozeph_ipv6_addrs(const LumoLifInfo* lif)
 {
     return lumozeph_clamped(lif->ipv6Count, LUMOZEPH_LIF_IPV6_ADDRS_MAX);
 }
 
-/** The DHCP servers that a LIF relays to that are there. */
+/** How many of the DHCP servers that a LIF relays to are there. */
 static inline uint32_t lumozeph_relay_servers(const LumoDhcpRelay* relay)
 {
     return lumozeph_clamped(relay->relayCount, LUMOZEPH_DHCP_RELAY_SERVERS_MAX);
 }
 
-/** The references of a LIF to policy tables that are there. */
+/** How many references of a LIF to policy tables are there. */
 static inline uint32_t lumozeph_policy_table_refs(const LumoLifPolicyTableRef* ref)
 {
     return lumozeph_clamped(ref->refCount, LUMOZEPH_POLICY_TABLE_REFS_MAX);
 }
 
-/** The entries of each array of RSS statistics that are there. */
+/** How many entries of each array of RSS statistics are there. */
 static inline uint32_t lumozeph_rss_entries(const LumoRssStats* stats)
 {
     return lumozeph_clamped(stats->rssEntryCount, LUMOZEPH_RSS_ENTRIES_MAX);
@@ -179,7 +179,7 @@ static inline uint32_t lumozeph_rss_entries(const LumoRssStats* stats)
  *         use(lumozeph_route6(block, i));
  *
  * @param block  the block
- * @param index  less than the count that came with it
+ * @param index  less than the count that came with it, and than the block's room (LUMOZEPH_GetRoutesv6)
  * @return       LUMOZEPH_ROUTE6_SIZE bytes, in the module's layout
  */
 static inline const uint8_t* lumozeph_route6(const void* block, uint32_t index)
@@ -188,8 +188,8 @@ static inline const uint8_t* lumozeph_route6(const void* block, uint32_t index)
 }
 
 /**
- * Says why a call failed, in words that tell apart what errno does not: that this host has no module, that the caller may
- * not open its device, and that the module knows no such object.
+ * Says why a call failed, in words that tell apart what errno does not: that this host has no module, that the caller
+ * may not open its device, and that the module knows no such object.
  *
  * Opens the device once more, and closes it, where errno alone is not enough. Keeps errno.
  *
