@@ -1,5 +1,6 @@
 // The model by itself, spoken to in literal offsets.
 #include "emulator/model/module.h"
+#include "emulator/protocol/commands.h"
 #include "emulator/protocol/envelope.h"
 
 #include <cerrno>
@@ -74,7 +75,7 @@ TEST(Device, HasTwoPaths)
 
 TEST_F(Model, DoesNotKnowNumbersBeyondTheLast)
 {
-    for (const std::uint32_t number : {161u, 0xffffffffu}) {
+    for (const std::uint32_t number : {protocol::last_command + 1, 0xffffffffu}) {
         EXPECT_EQ(command(number, Message(), 4), ENOTTY) << number;
         EXPECT_EQ(reply, "");
     }

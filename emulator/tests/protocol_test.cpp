@@ -51,13 +51,13 @@ TEST(Protocol, DescribesEveryNumberThatIsAssigned)
     std::set<std::uint32_t> numbers;
     for (const Command* command : all_commands())
         EXPECT_TRUE(numbers.insert(command->number).second) << command->number << " is there twice";
-    for (std::uint32_t number = 0; number <= 160; ++number) {
+    for (std::uint32_t number = 0; number <= last_command; ++number) {
         EXPECT_NE(numbers.contains(number), gaps.contains(number)) << number;
         EXPECT_NE(commands_by_number[number] == nullptr, numbers.contains(number)) << number;
     }
-    EXPECT_EQ(*numbers.rbegin(), 160u);
-    EXPECT_EQ(last_command, 160u);
-    EXPECT_EQ(numbers.size(), 147u);
+    EXPECT_EQ(*numbers.rbegin(), last_command);
+    // Commands are added, and never removed.
+    EXPECT_GE(last_command, 160u);
 }
 
 TEST(Protocol, FindsACommandByItsNumber)
