@@ -1,6 +1,8 @@
 // The library against the emulator's model: what is set can be read back.
+#include "emulator/protocol/commands.h"
 #include "fake/emulated.h"
 #include "fake/matchers.h"
+#include "operations/operations.h"
 
 #include <lumozeph.h>
 #include <set>
@@ -564,6 +566,21 @@ TEST_F(Emulated, AnUnknownCommandIsReportedByTheModule)
 {
     LumoEnvelope envelope {};
     EXPECT_THAT(call([&] { return LUMOZEPHIoctl(70, &envelope); }), Fails(ENOTTY));
+}
+
+// The library and the module are described apart: a command that is new to one must be known to the other.
+TEST(Module, KnowsTheCommandOfEveryOperation)
+{
+    using emulator::protocol::commands_by_number;
+    operations::for_each_operation([](const operations::Chapter&, const operations::Operation& operation) {
+        // The one function that takes a number.
+        if (std::string_view(operation.function.name) == "LUMOZEPH_BridgeSetConfig")
+            return;
+        const auto number = static_cast<std::size_t>(operation.command);
+        ASSERT_LT(number, commands_by_number.size()) << operation.function.name;
+        ASSERT_NE(commands_by_number[number], nullptr) << operation.function.name;
+        EXPECT_EQ(commands_by_number[number]->input.size, input_length(operation)) << operation.function.name;
+    });
 }
 
 TEST(Threads, CallsFromManyThreadsAreIndependent)
