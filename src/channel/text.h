@@ -98,9 +98,10 @@ template <std::size_t Width, std::size_t Begin = 0>
 #pragma GCC unroll 4
     for (std::size_t i = 0; i < count; ++i)
         blocks[i] = load(from + Begin + i * sizeof(Block));
-    const uint64_t last = part == rest ? uint64_t {1} << (part - 1) : 0;
-    const uint64_t nuls = nuls_of(blocks) | last | uint64_t {ended};
-    const uint32_t length = nuls == 0 ? part : static_cast<uint32_t>(std::countr_zero(nuls));
+    // Where the text ends at the latest. Of 64 bytes without a NUL, it is what counting zeros gives.
+    constexpr std::size_t last = part == rest ? part - 1 : part;
+    const uint64_t nuls = nuls_of(blocks) | (last < 64 ? uint64_t {1} << last : 0) | uint64_t {ended};
+    const auto length = static_cast<uint32_t>(std::countr_zero(nuls));
     const char* mask = masks.data() + longest_part - length;
     asm("" : "+r"(mask)); // One address for all four: the compiler would compute each.
 #pragma GCC unroll 4
