@@ -1,6 +1,8 @@
 // Every operation of the tables, whatever its shape: the number and the lengths of what it sends.
 #include "shapes/rows.h"
 
+#include <lumozeph.h>
+#include <map>
 #include <set>
 
 using namespace operations;
@@ -88,6 +90,62 @@ TEST(Tables, HaveTheFunctionsThatSendNothing)
     EXPECT_GE(silent.size(), 26u);
     for (const std::string& sender : senders())
         EXPECT_EQ(silent.count(sender), 0u) << sender;
+}
+
+// What the header's macros say of the reads, by their names.
+const std::map<std::string_view, std::uint32_t> caps {
+    {"LUMOZEPH_GetInstances", LUMOZEPH_INSTANCES_MAX},
+    {"LUMOZEPH_GetLifs", LUMOZEPH_LIFS_MAX},
+    {"LUMOZEPH_GetBridgeLifs", LUMOZEPH_LIFS_MAX},
+    {"LUMOZEPH_GetRoutes", LUMOZEPH_ROUTES_MAX},
+    {"LUMOZEPH_GetLifPolicies", LUMOZEPH_ROUTES_MAX},
+    {"LUMOZEPH_GetPolicy", LUMOZEPH_POLICIES_MAX},
+    {"LUMOZEPH_GetPolicyTable", LUMOZEPH_POLICY_TABLES_MAX},
+    {"LUMOZEPH_GetBridgeInstances", LUMOZEPH_BRIDGES_MAX},
+    {"LUMOZEPH_GetBridgeNetworks", LUMOZEPH_BRIDGE_NETWORKS_MAX},
+    {"LUMOZEPH_GetBridgePorts", LUMOZEPH_BRIDGE_PORTS_MAX},
+    {"LUMOZEPH_GetBridgeFdbEntries", LUMOZEPH_BRIDGE_FDB_ENTRIES_MAX},
+    {"LUMOZEPH_GetBridgeClusters", LUMOZEPH_BRIDGE_CLUSTERS_MAX},
+    {"LUMOZEPH_GetBridgeClusterNodes", LUMOZEPH_BRIDGE_CLUSTER_NODES_MAX},
+    {"LUMOZEPH_GetBridgeEndpoints", LUMOZEPH_BRIDGE_ENDPOINTS_MAX},
+    {"LUMOZEPH_GetBridgeBFDSessions", LUMOZEPH_BRIDGE_BFD_SESSIONS_MAX},
+    {"LUMOZEPH_GetMRoutingLocalRcvrs", LUMOZEPH_LOCAL_RCVRS_MAX},
+    {"LUMOZEPH_GetMRoutingAllMcastGroups", LUMOZEPH_MCAST_GROUPS_MAX},
+};
+const std::map<std::string_view, std::uint32_t> sizes {
+    {"LUMOZEPH_GetConnections", LUMOZEPH_CONNECTIONS_SIZE},
+    {"LUMOZEPH_GetConnection", LUMOZEPH_CONNECTION_SIZE},
+    {"LUMOZEPH_GetVMAC", LUMOZEPH_MAC_SIZE},
+    {"LUMOZEPH_GetArps", LUMOZEPH_ARP_TABLE_SIZE},
+    {"LUMOZEPH_GetProxyArps", LUMOZEPH_ARP_TABLE_SIZE},
+    {"LUMOZEPH_GetArpsv6", LUMOZEPH_ARP_TABLE_SIZE},
+    {"LUMOZEPH_DumpFLTable", LUMOZEPH_FL_TABLE_SIZE},
+    {"LUMOZEPH_GetPmac", LUMOZEPH_PMAC_TABLE_SIZE},
+    {"LUMOZEPH_GetLocaleId", LUMOZEPH_LOCALE_ID_SIZE},
+    {"LUMOZEPH_BridgeGetLocalTransportNode", LUMOZEPH_LOCAL_TRANSPORT_NODE_SIZE},
+    {"LUMOZEPH_GetBeStats", LUMOZEPH_BE_STATS_SIZE},
+    {"LUMOZEPH_GetBeStatus", LUMOZEPH_BE_STATUS_SIZE},
+    {"LUMOZEPH_GetBFDPortConnections", LUMOZEPH_BFD_PORT_CONNECTIONS_SIZE},
+    {"LUMOZEPH_SoftRSSGetIndTable", LUMOZEPH_RSS_IND_TABLE_SIZE},
+};
+
+TEST(Tables, AgreeWithTheHeadersCapsAndSizes)
+{
+    std::size_t lists = 0;
+    std::size_t buffers = 0;
+    for_each_operation([&](const Chapter&, const Operation& operation) {
+        if (operation.shape == Shape::ListRead) {
+            ASSERT_EQ(caps.count(operation.function.name), 1u) << operation.function.name;
+            EXPECT_EQ(caps.at(operation.function.name), static_cast<std::uint32_t>(operation.cap));
+            ++lists;
+        }
+        if (const auto size = sizes.find(operation.function.name); size != sizes.end()) {
+            EXPECT_EQ(size->second, operation.room) << operation.function.name;
+            ++buffers;
+        }
+    });
+    EXPECT_EQ(lists, caps.size());
+    EXPECT_EQ(buffers, sizes.size());
 }
 
 TEST(Tables, NameEachCaseOnce)
