@@ -208,7 +208,7 @@ int32_t LUMOZEPHIoctl(int32_t command, LumoEnvelope* envelope);
  *
  * Always returns 0. The text may already lie in the key.
  *
- * @param text      a name or a UUID text; used as it stands, whether or not it is a well-formed UUID
+ * @param text      a name or a UUID text, at most 63 bytes; used as it stands, whether or not it is a well-formed UUID
  * @param[out] key  64 bytes, filled with the first 63 bytes of text and zero bytes after them
  */
 int32_t LUMOZEPHGetUuidOrName(const char* text, char key[64]) LUMOZEPH_NONNULL(1, 2);
@@ -677,7 +677,7 @@ struct LumoLifInfo
     char lifSecondName[64];        /**< 64 */
     uint32_t ipAddr;               /**< 128: IPv4 address */
     uint32_t ipMask;               /**< 132: its mask value */
-    uint32_t diIp;                 /**< 136: designated-instance address */
+    uint32_t diIp;                 /**< 136: designated-instance address, IPv4 */
     uint8_t lifMac[6];             /**< 140 */
     uint32_t lifValue1;            /**< 146 */
     uint32_t lifValue2;            /**< 150 */
@@ -936,6 +936,7 @@ int32_t LUMOZEPH_SetMcastRouting(const char* instance, const char* name, uint32_
  * @param lif              the LIF's name, at most 63 bytes; null: EINVAL
  * @param[in,out] servers  addresses separated by commas, in writable memory: EINVAL, and the commas that were passed,
  *                         in practice the first one, are overwritten with NUL; null: no servers
+ * @errno EINVAL  also unless servers is null
  */
 int32_t LUMOZEPH_ConfigureLifDhcpRelay(const char* instance, const char* lif, char* servers);
 
@@ -995,7 +996,7 @@ struct LumoRouteList
 LUMOZEPH_RECORD_SIZE(LumoRouteList, 16);
 
 /**
- * Adds a route.
+ * Adds an IPv4 route.
  *
  * @param dest         IPv4 address of the destination network
  * @param mask         the mask value of dest
@@ -1009,7 +1010,7 @@ int32_t LUMOZEPH_SetRoute(uint32_t dest, uint32_t mask, uint32_t gateway, const 
     uint32_t param, LumoCmdResult* result);
 
 /**
- * Deletes a route.
+ * Deletes an IPv4 route.
  *
  * @param dest         IPv4 address of the destination network
  * @param mask         the mask value of dest
@@ -1101,7 +1102,7 @@ int32_t LUMOZEPH_DelRoutev6(uint64_t dest1, uint64_t dest2, uint32_t prefixLen, 
  * @param instance    its key, unterminated at 64 bytes
  * @param[out] block  the entries; free them with free(). Null if the block could not be allocated, untouched if the
  *                    call failed before that; if the second command failed, a pointer to memory that has been freed
- * @param[out] count  the bytes that the module reports, as an unsigned number, divided by the size of an entry, rounded
+ * @param[out] count  the bytes that the module reports, as an unsigned number, divided by LUMOZEPH_ROUTE6_SIZE, rounded
  *                    down. Stored after the second command also if that failed, when it means nothing; untouched before
  *                    that
  * @errno ENOMEM  also if the first command fails, whatever it failed of (without a device, too), and if there are 30000
@@ -1254,7 +1255,7 @@ int32_t LUMOZEPH_GetArpsv6(const char* instance, const char* lif, void* buffer) 
  * ------------------------------------------------------------------------------------------------------------------ */
 
 /**
- * Adds a policy.
+ * Adds an interface policy.
  *
  * @param kind         the policy's kind
  * @param text         at most 63 bytes, ignored unless kind is 4; null: EINVAL if kind is 4, and otherwise none
@@ -1270,7 +1271,7 @@ int32_t LUMOZEPH_SetLifPolicy(int32_t kind, const char* text, uint32_t dest, uin
     const char* lif, const char* instance, uint32_t param, LumoCmdResult* result);
 
 /**
- * Deletes a policy.
+ * Deletes an interface policy.
  *
  * @param kind         the policy's kind
  * @param text         at most 63 bytes, ignored unless kind is 4; null: EINVAL if kind is 4, and otherwise none
@@ -1286,7 +1287,7 @@ int32_t LUMOZEPH_DelLifPolicy(int32_t kind, const char* text, uint32_t dest, uin
     const char* lif, const char* instance, uint32_t param, LumoCmdResult* result);
 
 /**
- * Reads an instance's policies of one kind, as route records.
+ * Reads an instance's interface policies of one kind, as route records.
  *
  * @param instance  its key
  * @param kind      the policies' kind
@@ -1337,11 +1338,13 @@ int32_t LUMOZEPH_GetPolicy(uint32_t table, LumoPolicyList** out) LUMOZEPH_NONNUL
 /**
  * Counts the policies of one table.
  *
- * Of the request, 768 bytes are sent as the stack held them. If the module's reply is shorter than 4 bytes (EBADMSG),
- * 4 bytes stay allocated.
+ * Of the request, 768 bytes are sent as the stack held them. If the module's reply is too short (EBADMSG), 4 bytes stay
+ * allocated.
  *
  * @param table       the table's number
  * @param[out] count  the number of policies, untouched on failure
+ * @errno ENOMEM   the library could not allocate memory for the module's reply
+ * @errno EBADMSG  the module's reply is shorter than 4 bytes
  */
 int32_t LUMOZEPH_GetPolicyCount(uint32_t table, uint32_t* count) LUMOZEPH_NONNULL(2);
 
@@ -1867,7 +1870,7 @@ int32_t LUMOZEPH_DelPmac(const uint8_t* mac);
 /* ------------------------------------------------------------------------------------------------------------------ *
  * clusters: Bridge clusters, their nodes and the local transport node
  *
- * The pairs of list read and worker are as with bridges.
+ * Clusters are named by an instance key, as bridges are. The pairs of list read and worker are as with bridges.
  * ------------------------------------------------------------------------------------------------------------------ */
 
 /** Clusters in a list at most. */
@@ -2441,6 +2444,7 @@ LUMOZEPH_RECORD_SIZE(LumoMcastGroupList, 16);
  *
  * @param instance  its key
  * @param[out] out  the list; free it with LUMOZEPH_ReleaseMRoutingMcastGroups
+ * @errno EBADMSG  never
  */
 int32_t LUMOZEPH_GetMRoutingAllMcastGroups(const char* instance, LumoMcastGroupList** out) LUMOZEPH_NONNULL(1, 2);
 
@@ -2502,14 +2506,14 @@ int32_t LUMOZEPH_DelMRoutingMRouter(const char* instance) LUMOZEPH_NONNULL(1);
 /** Statistics of a target. What is "not copied", and entries past rssEntryCount, are undefined here. */
 struct LumoRssStats
 {
-    uint8_t uncopied1[4];     /**< 0: not copied: undefined */
+    uint8_t uncopied1[4];     /**< 0: not copied, undefined */
     uint32_t rssEntryCount;   /**< 4: as reported */
-    uint32_t rssWord[16];     /**< 8 */
-    uint8_t uncopied2[4];     /**< 72: not copied: undefined */
-    uint64_t rssCounter1[16]; /**< 76 */
-    uint64_t rssCounter2[16]; /**< 204 */
-    uint64_t rssCounter3[16]; /**< 332 */
-    uint8_t uncopied3[344];   /**< 460: not copied: undefined */
+    uint32_t rssWord[16];     /**< 8: undefined past rssEntryCount */
+    uint8_t uncopied2[4];     /**< 72: not copied, undefined */
+    uint64_t rssCounter1[16]; /**< 76: undefined past rssEntryCount */
+    uint64_t rssCounter2[16]; /**< 204: undefined past rssEntryCount */
+    uint64_t rssCounter3[16]; /**< 332: undefined past rssEntryCount */
+    uint8_t uncopied3[344];   /**< 460: not copied, undefined */
 } LUMOZEPH_PACKED;
 LUMOZEPH_RECORD_SIZE(LumoRssStats, 804);
 
@@ -2534,6 +2538,7 @@ LUMOZEPH_RECORD_SIZE(LumoRssIndTable, 132);
  *
  * @param target    its name, at most 63 bytes; null: EINVAL
  * @param[out] out  the record; free it with free()
+ * @errno EBADMSG  never
  */
 int32_t LUMOZEPH_SoftRSSGetStats(const char* target, LumoRssStats** out) LUMOZEPH_NONNULL(2);
 
@@ -2549,6 +2554,7 @@ int32_t LUMOZEPH_SoftRSSStatsReset(const char* target);
  *
  * @param target         its name, at most 63 bytes; null: EINVAL
  * @param[out] tunables  undefined if the device call fails, untouched after every other failure
+ * @errno ENOMEM  the library could not allocate memory for the module's reply
  */
 int32_t LUMOZEPH_SoftRSSGetTunables(const char* target, LumoRssTunables* tunables) LUMOZEPH_NONNULL(2);
 
@@ -2566,6 +2572,7 @@ int32_t LUMOZEPH_SoftRSSSetTunables(const char* target, const LumoRssTunables* t
  * @param target        its name, at most 63 bytes; null: EINVAL
  * @param[out] entries  room for LUMOZEPH_RSS_IND_TABLE_SIZE bytes, all of which are overwritten, also where the module
  *                      writes fewer; untouched on failure
+ * @errno ENOMEM  the library could not allocate memory for the module's reply
  */
 int32_t LUMOZEPH_SoftRSSGetIndTable(const char* target, uint8_t* entries) LUMOZEPH_NONNULL(2);
 
