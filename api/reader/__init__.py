@@ -1,0 +1,1 @@
+"""Reads the public header and describes what it declares."""
