@@ -1,17 +1,7 @@
-# Compiled with the flags of each build. Debian installs its sources, for the machine that builds also when another runs.
-find_path(LUMOZEPH_GOOGLETEST googlemock/CMakeLists.txt PATHS /usr/src/googletest NO_CMAKE_FIND_ROOT_PATH
-  DOC "The sources of GoogleTest")
-if(NOT LUMOZEPH_GOOGLETEST)
-  message(STATUS "No tests: the sources of GoogleTest are not there (on Debian, the package googletest; elsewhere, set "
-    "LUMOZEPH_GOOGLETEST to their folder)")
-  set(BUILD_TESTING OFF)
-  return()
-endif()
-
-# Its warnings are not ours.
+# GoogleTest's warnings are not ours.
 set(warning_as_error ${CMAKE_COMPILE_WARNING_AS_ERROR})
 set(CMAKE_COMPILE_WARNING_AS_ERROR OFF)
-add_subdirectory(${LUMOZEPH_GOOGLETEST} ${CMAKE_BINARY_DIR}/googletest EXCLUDE_FROM_ALL SYSTEM)
+add_subdirectory(${LUMOZEPH_GOOGLETEST} ${CMAKE_BINARY_DIR}/googletest EXCLUDE_FROM_ALL)
 set(CMAKE_COMPILE_WARNING_AS_ERROR ${warning_as_error})
 
 include(GoogleTest)
