@@ -197,7 +197,12 @@ def loading(results):
 
 def emulator(results):
     rows = []
-    for name, place in (("outside", "outside"), ("all", "in the emulated world"), ("one", "the same, one processor")):
+    for name, place in (
+        ("outside", "outside"),
+        ("all", "in the emulated world"),
+        ("one", "the same, one processor"),
+        ("in_process", "in process"),
+    ):
         for key, one in benchmarks(results, f"round_trip.{name}.json").items():
             if key.endswith("_median"):
                 rows.append((key[: -len("_median")].replace("_", " "), place, time(one["real_time"])))

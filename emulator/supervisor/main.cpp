@@ -1,4 +1,5 @@
 // lumozeph-emulator: runs programs in a world in which the module exists.
+#include "emulator/door/launch.h"
 #include "emulator/model/module.h"
 #include "emulator/protocol/access.h"
 #include "emulator/protocol/commands.h"
@@ -123,8 +124,12 @@ int main(int argc, char** argv)
 
     std::string trace;
     CLI::App* const run_command = app.add_subcommand("run", "Run a program: run [OPTIONS] -- PROGRAM [ARGS...]");
-    run_command->add_option("--trace", trace, "Write a line of JSON for each command answered (-: standard error)")
-        ->type_name("FILE");
+    CLI::Option* const trace_option =
+        run_command->add_option("--trace", trace, "Write a line of JSON for each command answered (-: standard error)")
+            ->type_name("FILE");
+    bool in_process = false;
+    run_command->add_flag("--in-process", in_process, "Preload the module into the program instead of making a world")
+        ->excludes(trace_option);
     CLI::App* const check_command = app.add_subcommand("check", "Say whether this machine can run the emulator");
 
     try {
@@ -133,7 +138,7 @@ int main(int argc, char** argv)
             return check();
         if (*program == nullptr)
             throw CLI::RequiredError("-- PROGRAM");
-        return run(trace, program);
+        return in_process ? emulator::run_in_process(program, execute) : run(trace, program);
     } catch (const CLI::ParseError& error) {
         // --help and --version come this way, too.
         if (error.get_exit_code() == 0)

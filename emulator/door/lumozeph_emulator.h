@@ -1,0 +1,76 @@
+/* SPDX-License-Identifier: Apache-2.0 */
+/**
+ * @file
+ * The emulated module inside the program itself: liblumozeph-emulator, preloaded or linked, answers this process's calls
+ * of the module's device. With these functions a program, a test above all, has a say in the module of its process.
+ *
+ * Every process has a module of its own. A child that is forked goes on with a copy of its parent's, and a program that
+ * is executed begins with a new one.
+ *
+ * The functions may be called from any thread. They return 0 on success and -1 on failure, with the reason in errno:
+ * ENOMEM if memory could not be allocated, EDEADLK if they are called by a watcher.
+ */
+#ifndef LUMOZEPH_EMULATOR_H
+#define LUMOZEPH_EMULATOR_H
+
+#include <stdint.h>
+
+#if defined(__cplusplus)
+extern "C" {
+#endif
+
+#if defined(__GNUC__)
+#pragma GCC visibility push(default)
+#endif
+
+/** A command that the module has answered. What it points at is there during the watcher's call only. */
+struct LumoEmulatorCommand
+{
+    uint32_t number;      /**< the ioctl's request */
+    int32_t error;        /**< 0, or the errno that the module answers */
+    const void* input;    /**< what was sent */
+    uint32_t inputLength; /**< in bytes */
+    uint32_t room;        /**< the room for the reply, in bytes */
+    const void* reply;    /**< what the module replies; there is nothing if it answers an error */
+    uint32_t replyLength; /**< in bytes */
+};
+
+/**
+ * Is shown each command.
+ *
+ * It is called in the thread that has issued the command, before the reply arrives there, for one command at a time in
+ * the order in which the module answers them. It must return, and cannot use the device itself: inside it, every call of
+ * the device fails with EDEADLK.
+ *
+ * @param command  what was asked and answered
+ * @param context  what was passed to lumozeph_emulator_watch()
+ */
+typedef void (*LumoEmulatorWatcher)(const struct LumoEmulatorCommand* command, void* context);
+
+/**
+ * Puts a new module in the place of this process's: what was set is forgotten. Descriptors of the device stay open, and
+ * the watcher stays.
+ *
+ * @return  0, or -1 with the reason in errno
+ */
+int32_t lumozeph_emulator_reset(void);
+
+/**
+ * Has every command shown from now on. When this returns, the watcher that was there before is not running and is not
+ * called again.
+ *
+ * @param watcher  null: none
+ * @param context  passed to the watcher as it is
+ * @return         0, or -1 with the reason in errno
+ */
+int32_t lumozeph_emulator_watch(LumoEmulatorWatcher watcher, void* context);
+
+#if defined(__GNUC__)
+#pragma GCC visibility pop
+#endif
+
+#if defined(__cplusplus)
+}
+#endif
+
+#endif
