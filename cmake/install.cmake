@@ -15,6 +15,7 @@ install(TARGETS lumozeph lumozeph_static EXPORT lumozeph
   ARCHIVE COMPONENT development
   INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 install(FILES ${PROJECT_SOURCE_DIR}/include/lumozeph.h ${PROJECT_SOURCE_DIR}/include/lumozeph_inline.h
+  ${PROJECT_SOURCE_DIR}/bindings/cxx/lumozeph.hpp
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT development)
 lumozeph_install_licence(runtime)
 lumozeph_install_licence(development)

@@ -1,0 +1,327 @@
+// Every operation of the C++ layer against the tables of operations/ and against the same call of C.
+#include "calls.h"
+#include "operations/reply.h"
+#include "shapes/rows.h"
+
+#include <map>
+#include <set>
+
+using namespace operations;
+using shapes::Answer;
+using shapes::Row;
+using shapes::ScriptedDevice;
+
+namespace {
+
+const calls::Call& call_of(const Row& row)
+{
+    static const auto by_name = [] {
+        std::map<std::string, const calls::Call*> all;
+        for (const calls::Call& call : calls::all())
+            all[call.c_name] = &call;
+        return all;
+    }();
+    return *by_name.at(row.operation->function.name);
+}
+
+// The layer has no workers: their lists come from the other form.
+std::vector<Row> rows_of_the_layer()
+{
+    std::vector<Row> rows;
+    for_each_operation([&](const Chapter& chapter, const Operation& operation) {
+        if (operation.shape == Shape::ListWorker)
+            return;
+        for (const Case& one : operation.cases)
+            rows.push_back(
+                {&chapter, &operation, &one, operation.layouts.size() > 0 ? operation.layouts.begin() : nullptr});
+    });
+    return rows;
+}
+
+// Bytes of which none is zero and no two neighbours are the same.
+calls::Bytes pattern(std::size_t size)
+{
+    calls::Bytes bytes(size, '\0');
+    for (std::size_t i = 0; i < size; ++i)
+        bytes[i] = static_cast<char>(1 + i % 127);
+    return bytes;
+}
+
+// What the device answers to a row: first, where there are two commands, and then.
+std::vector<Answer> replies_to(const Operation& operation)
+{
+    calls::Bytes count(4, '\0');
+    put(count, 0, 2, 4);
+    switch (operation.shape) {
+    case Shape::SingleRead:
+        return {fake::replies(reply_record(*operation.layouts.begin(), 1))};
+    case Shape::ListRead: {
+        calls::Bytes records;
+        for (std::size_t i = 0; i < 3; ++i)
+            records += reply_record(*operation.layouts.begin(), i);
+        return {fake::replies(records)};
+    }
+    case Shape::CountedTable:
+        return {fake::replies(count + pattern(2 * 68))};
+    case Shape::CountedArrays: {
+        calls::Bytes block = pattern(operation.room);
+        put(block, 4, 3, 4);
+        return {fake::replies(block)};
+    }
+    case Shape::CountedBlock:
+        return {fake::replies(count), fake::replies(pattern(2 * 776))};
+    case Shape::CountedRead:
+        return {fake::replies(pattern(2 * 235))};
+    case Shape::ResultSend:
+        return {fake::replies(pattern(88))};
+    default:
+        return {fake::replies(pattern(reply_room(operation)))};
+    }
+}
+
+enum class Form
+{
+    InC,
+    Throwing,
+    Trying
+};
+
+struct Outcome
+{
+    fake::Call call;
+    int error = 0; // 0: success
+    calls::Got got;
+    calls::Bytes answer;
+    std::string operation; // that the exception names
+};
+
+// What C hands out, as the layer would.
+calls::Got got_by_c(const Operation& operation, void* target, std::uint32_t count)
+{
+    const auto handed_out = [&] {
+        void* pointer;
+        std::memcpy(&pointer, target, sizeof pointer);
+        return static_cast<const char*>(pointer);
+    };
+    const auto holder = [&](std::size_t size) -> calls::Got {
+        std::int32_t records;
+        const char* first;
+        std::memcpy(&records, handed_out(), 4);
+        std::memcpy(&first, handed_out() + 8, 8);
+        return {calls::bytes_of(first, static_cast<std::size_t>(records) * size), static_cast<std::size_t>(records)};
+    };
+    switch (operation.shape) {
+    case Shape::SingleRead:
+    case Shape::CountedArrays:
+        return {calls::bytes_of(handed_out(), operation.room), 1};
+    case Shape::ListRead:
+        return holder(operation.layouts.begin()->size);
+    case Shape::CountedTable:
+        return holder(68);
+    case Shape::CountedBlock:
+        return {calls::bytes_of(handed_out(), count * 776), count};
+    case Shape::CountedRead:
+        return {calls::bytes_of(static_cast<char*>(target), std::min(count * 235u, 1000u / 235 * 235)), count};
+    default:
+        return {calls::bytes_of(static_cast<char*>(target), target_size(operation)), 1};
+    }
+}
+
+class CxxOperations : public shapes::Rows
+{
+protected:
+    const Operation& operation = *row.operation;
+
+    // Calls the operation, and releases what it hands out.
+    Outcome run(Form form, const std::vector<Answer>& answers, const fake::System& system = {.kept_content = 4096})
+    {
+        ScriptedDevice device;
+        for (const Answer& answer : answers)
+            device.next(answer);
+        Outcome outcome;
+        lumozeph::cmd_result answer {};
+        const bool answered = operation.shape == Shape::ResultSend;
+        const calls::Given given(*row.one, answered ? &answer : nullptr);
+        outcome.call = observe(device, system, [&] {
+            switch (form) {
+            case Form::InC:
+                outcome.error = call_c(outcome.got, answered ? &answer : nullptr);
+                break;
+            case Form::Throwing:
+                try {
+                    outcome.got = call_of(row).throwing(given);
+                } catch (const lumozeph::error& error) {
+                    EXPECT_EQ(error.code().category(), std::system_category());
+                    outcome.error = error.code().value();
+                    outcome.operation = error.operation();
+                    EXPECT_THAT(error.what(), testing::StartsWith(outcome.operation + ": "));
+                }
+                break;
+            case Form::Trying:
+                outcome.error = call_of(row).trying(given, outcome.got).value();
+                break;
+            }
+            return outcome.error == 0 ? 0 : -1;
+        });
+        outcome.answer = calls::bytes_of(&answer);
+        return outcome;
+    }
+
+    // C++ makes the same calls of the system as C, and tells the same.
+    void expect_like_c(const std::vector<Answer>& answers, const fake::System& system = {.kept_content = 4096})
+    {
+        const Outcome in_c = run(Form::InC, answers, system);
+        for (const Form form : {Form::Throwing, Form::Trying}) {
+            const Outcome here = run(form, answers, system);
+            EXPECT_EQ(here.error, in_c.error);
+            EXPECT_EQ(here.answer, in_c.answer);
+            EXPECT_EQ(here.call.descriptors_left, 0);
+            EXPECT_EQ(here.call.sent.size(), in_c.call.sent.size());
+            for (std::size_t i = 0; i < here.call.sent.size(); ++i)
+                expect_same(here.call.sent[i], in_c.call.sent.at(i));
+            if (in_c.error == 0) {
+                EXPECT_EQ(here.got.bytes, in_c.got.bytes);
+                EXPECT_EQ(here.got.count, in_c.got.count);
+            } else if (form == Form::Throwing) {
+                EXPECT_EQ(here.operation, call_of(row).name);
+            }
+            // A large reply lies in memory that C's caller has and the layer allocates.
+            if (operation.shape != Shape::RawRead || operation.room <= 4096) {
+                EXPECT_EQ(without_free_of_null(here.call.events), in_c.call.events);
+                EXPECT_EQ(here.call.blocks_left, in_c.call.blocks_left);
+            } else {
+                EXPECT_THAT(here.call, fake::LeavesNothingAllocated());
+            }
+            free_left(here.call);
+        }
+        free_left(in_c.call);
+    }
+
+    // An owner of nothing gives null to what frees it, which is free itself for one record.
+    std::vector<std::string> without_free_of_null(std::vector<std::string> events) const
+    {
+        if (hands_out(operation) && operation.release.name == nullptr && !events.empty() &&
+            events.back() == "free(of what was not allocated)")
+            events.pop_back();
+        return events;
+    }
+
+    void expect_same(const fake::Sent& here, const fake::Sent& in_c) const
+    {
+        EXPECT_EQ(here.number, in_c.number);
+        EXPECT_EQ(here.in_len, in_c.in_len);
+        EXPECT_EQ(here.out_len, in_c.out_len);
+        for (std::size_t i = 0; i < here.input.size(); ++i)
+            if (operation.remainder == Remainder::Cleared || row.one->request.names(i)) {
+                ASSERT_EQ(here.input[i], in_c.input[i]) << "byte " << i;
+            }
+    }
+
+private:
+    int call_c(calls::Got& got, lumozeph::cmd_result* answer) const
+    {
+        std::vector<char> memory(std::max<std::size_t>(target_size(operation), sizeof(void*)));
+        std::uint32_t count = 0;
+        if (row.call(answer != nullptr ? static_cast<void*>(answer) : memory.data(), &count) != 0)
+            return errno;
+        if (hands_out(operation) || (target_size(operation) > 0 && answer == nullptr))
+            got = got_by_c(operation, memory.data(), count);
+        if (hands_out(operation)) {
+            void* result;
+            std::memcpy(&result, memory.data(), sizeof result);
+            if (operation.release.name != nullptr)
+                row.release(result);
+            else
+                free_here(result);
+        }
+        return 0;
+    }
+
+    static void free_here(void* block) { free(block); }
+};
+
+TEST_P(CxxOperations, SendWhatTheTablesSay)
+{
+    for (const Form form : {Form::Throwing, Form::Trying}) {
+        const Outcome outcome = run(form, replies_to(operation));
+        EXPECT_EQ(outcome.error, 0);
+        ASSERT_FALSE(outcome.call.sent.empty());
+        const fake::Sent& sent = outcome.call.sent.back();
+        EXPECT_EQ(sent.number, static_cast<unsigned long>(row.command()));
+        EXPECT_EQ(sent.in_len, input_length(operation));
+        EXPECT_EQ(sent.out_len, reply_room(operation));
+        if (sent.in_len == request_size) {
+            for (std::size_t i = 0; i < request_size; ++i)
+                if (operation.remainder == Remainder::Cleared || row.one->request.names(i)) {
+                    ASSERT_EQ(sent.input[i], row.one->request.content()[i]) << "byte " << i;
+                }
+        }
+        free_left(outcome.call);
+    }
+}
+
+TEST_P(CxxOperations, GetAndFreeWhatCDoes)
+{
+    expect_like_c(replies_to(operation));
+    // What the module does not write of a number is undefined.
+    if (operation.shape != Shape::GetValue)
+        expect_like_c({});
+}
+
+TEST_P(CxxOperations, DecodeRecords)
+{
+    if (row.layout == nullptr)
+        return;
+    const std::vector<Answer> answers = replies_to(operation);
+    const Outcome outcome = run(Form::Throwing, answers);
+    calls::Bytes expected;
+    for (std::size_t at = 0; at < answers[0].reply.size(); at += row.layout->size) {
+        const calls::Bytes record = answers[0].reply.substr(at, row.layout->size);
+        expected += decoded(layout_of(operation.layouts, record), record);
+    }
+    EXPECT_EQ(outcome.got.bytes, expected);
+}
+
+TEST_P(CxxOperations, TellEveryErrnoOfTheDevice)
+{
+    for (int error = 1; error < 134; ++error)
+        expect_like_c({fake::fails(error)});
+    if (operation.shape == Shape::CountedBlock) {
+        for (int error = 1; error < 134; ++error)
+            expect_like_c({replies_to(operation)[0], fake::fails(error)});
+    }
+}
+
+TEST_P(CxxOperations, TellWhatFailsInTheLibrary)
+{
+    expect_like_c({}, {.open_error = ENOENT, .kept_content = 4096});
+    if (operation.shape != Shape::GetValue) {
+        expect_like_c({fake::replies("x")});
+        expect_like_c({fake::reports("x", -1)});
+    }
+    if (operation.shape == Shape::RawRead)
+        return; // It allocates nothing.
+    for (const int allocation : {1, 2, 3})
+        expect_like_c(replies_to(operation), {.failing_allocation = allocation, .kept_content = 4096});
+}
+
+INSTANTIATE_TEST_SUITE_P(, CxxOperations, testing::ValuesIn(rows_of_the_layer()), shapes::NameOfRow());
+
+// 146 were the first.
+TEST(CxxLayer, HasEveryOperationOfTheTables)
+{
+    std::set<std::string> rows;
+    for (const Row& row : rows_of_the_layer())
+        rows.insert(row.operation->function.name);
+    std::set<std::string> here;
+    std::set<std::string> names;
+    for (const calls::Call& call : calls::all()) {
+        here.insert(call.c_name);
+        names.insert(call.name);
+    }
+    EXPECT_EQ(here, rows);
+    EXPECT_EQ(names.size(), here.size());
+    EXPECT_GE(here.size(), 146u);
+}
+
+} // namespace
