@@ -195,6 +195,12 @@ def loading(results):
     )
 
 
+def layers(results):
+    return table(
+        ("call, with its release", "C++", "C", "ratio"), compared(benchmarks(results, "cxx.json"), "cxx/")
+    )
+
+
 def emulator(results):
     rows = []
     for name, place in (
@@ -209,7 +215,7 @@ def emulator(results):
     return table(("call", "where", "median"), rows)
 
 
-TABLES = (machine, sets, gets, lists, texts, growth, threads, netlink, allocators, loading, emulator)
+TABLES = (machine, sets, gets, lists, texts, growth, threads, netlink, allocators, loading, layers, emulator)
 
 
 def main():
