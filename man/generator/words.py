@@ -144,10 +144,10 @@ def untested(function):
     if not names:
         return ""
     if len(names) == 1:
-        return f"{names[0]} must not be null, which is not tested."
+        return f"{names[0]} must not be null; this is not tested."
     if len(names) == len(pointers):
-        return "None of the pointers may be null, which is not tested."
-    return f"{enumerated(names)} must not be null, which is not tested."
+        return "None of the pointers may be null; this is not tested."
+    return f"{enumerated(names)} must not be null; this is not tested."
 
 
 def enumerated(words, conjunction="and"):
@@ -253,7 +253,22 @@ def with_subjects(text):
 def reason(error, function):
     """When an error is given: @text is null, and @kind is 4."""
     said = error["text"]
+    if error["name"] == "EBADMSG" and error["from"] == "conventions":
+        # What is said of one record, or of a list.
+        one, rest = said.split(", or a list ")
+        return one if function["operation"] == "get_record" else f"the module's reply {rest}"
     if error["from"] == "parameters":
         names = "|".join(parameter["name"] for parameter in function["parameters"])
         said = re.sub(rf"\b({names})(?= (or \w+ )?is )", r"@\1", said)
     return f"also {said}" if said.startswith(("if ", "unless ")) else said
+
+
+def beyond_the_count(table):
+    """What is said of a table's records beside how many there are."""
+    records = next(member for member in table["members"] if member["name"] == "records")
+    return records["text"].split("; ")[1]
+
+
+def unset(error):
+    """When a call fails that leaves errno as it was."""
+    return "The call also fails, without setting errno, if " + error["text"].removeprefix("errno is not set: ")

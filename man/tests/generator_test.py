@@ -87,11 +87,33 @@ class WordsTest(unittest.TestCase):
 
         a, b = parameter("a", "undefined"), parameter("b", "undefined")
         c = parameter("c", "error")
-        both = "None of the pointers may be null, which is not tested."
+        both = "None of the pointers may be null; this is not tested."
         self.assertEqual(words.untested({"parameters": [c]}), "")
-        self.assertEqual(words.untested({"parameters": [a, c]}), "@a must not be null, which is not tested.")
-        self.assertEqual(words.untested({"parameters": [a, b, c]}), "@a and @b must not be null, which is not tested.")
+        self.assertEqual(words.untested({"parameters": [a, c]}), "@a must not be null; this is not tested.")
+        self.assertEqual(words.untested({"parameters": [a, b, c]}), "@a and @b must not be null; this is not tested.")
         self.assertEqual(words.untested({"parameters": [a, b]}), both)
+
+    def test_errors_of_one_record_and_of_a_list(self):
+        said = "the module's reply is shorter than one record, or a list ends in a fragment of a record"
+        error = {"name": "EBADMSG", "text": said, "from": "conventions"}
+        self.assertEqual(
+            words.reason(error, {"operation": "get_record"}), "the module's reply is shorter than one record"
+        )
+        self.assertEqual(
+            words.reason(error, {"operation": "fill_list"}), "the module's reply ends in a fragment of a record"
+        )
+        own = {"name": "EBADMSG", "text": "the reply has no count", "from": "function"}
+        self.assertEqual(words.reason(own, {"operation": "get_table"}), "the reply has no count")
+
+    def test_an_errno_that_is_not_set(self):
+        self.assertEqual(
+            words.unset({"text": "errno is not set: it is late"}),
+            "The call also fails, without setting errno, if it is late",
+        )
+
+    def test_records_of_a_table(self):
+        table = {"members": [{"name": "records", "text": "exactly count of them; the last is zero"}]}
+        self.assertEqual(words.beyond_the_count(table), "the last is zero")
 
     def test_descriptions_in_a_line(self):
         self.assertEqual(words.imperative("Adds a LIF, or removes it."), "add a LIF, or remove it")
