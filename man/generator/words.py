@@ -272,3 +272,9 @@ def beyond_the_count(table):
 def unset(error):
     """When a call fails that leaves errno as it was."""
     return "The call also fails, without setting errno, if " + error["text"].removeprefix("errno is not set: ")
+
+
+def with_references(text):
+    """The paragraphs about a chapter, as a page apart from that of bridges says them."""
+    return [paragraph.replace(" as with bridges", " as with bridges (lumozeph_bridges(7))")
+            if isinstance(paragraph, str) else paragraph for paragraph in text]

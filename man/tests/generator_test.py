@@ -115,6 +115,12 @@ class WordsTest(unittest.TestCase):
         table = {"members": [{"name": "records", "text": "exactly count of them; the last is zero"}]}
         self.assertEqual(words.beyond_the_count(table), "the last is zero")
 
+    def test_a_chapter_refers_to_that_of_bridges(self):
+        self.assertEqual(
+            words.with_references(["The pairs are as with bridges."]),
+            ["The pairs are as with bridges (lumozeph_bridges(7))."],
+        )
+
     def test_descriptions_in_a_line(self):
         self.assertEqual(words.imperative("Adds a LIF, or removes it."), "add a LIF, or remove it")
         self.assertEqual(words.imperative("Switches a bridge on."), "switch a bridge on")
