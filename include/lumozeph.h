@@ -395,7 +395,7 @@ int32_t LUMOZEPH_SetTxDispQueueSize(uint32_t size);
 #define LUMOZEPH_STATS_COUNTERS 100
 
 /**
- * Counters. Which of them arrive depends on statsKind; all others are zero. As indices into counters:
+ * Counters. Which of them arrive depends on statsKind; all others are zero. By statsKind, as indices into counters:
  *   0      0 to 27, but not 8
  *   1      0 to 99, but not 71 and 77; 84 repeats 83
  *   3      1 to 19
@@ -730,7 +730,7 @@ int32_t LUMOZEPH_DelLif(const char* lif, const char* auxName, const char* instan
 /**
  * Adds a bridge LIF, or removes it.
  *
- * Both send the same values.
+ * The same values are sent in both cases.
  *
  * @param lif       its name, at most 63 bytes
  * @param auxName   its second name, at most 63 bytes
@@ -936,7 +936,7 @@ int32_t LUMOZEPH_SetMcastRouting(const char* instance, const char* name, uint32_
  * @param lif              the LIF's name, at most 63 bytes; null: EINVAL
  * @param[in,out] servers  addresses separated by commas, in writable memory: EINVAL, and the commas that were passed,
  *                         in practice the first one, are overwritten with NUL; null: no servers
- * @errno EINVAL  also unless servers is null
+ * @errno EINVAL  also if servers is not null
  */
 int32_t LUMOZEPH_ConfigureLifDhcpRelay(const char* instance, const char* lif, char* servers);
 
@@ -952,9 +952,9 @@ int32_t LUMOZEPH_ConfigureLifDhcpRelay(const char* instance, const char* lif, ch
 #define LUMOZEPH_CMD_RESULT_SIZE 88
 
 /**
- * What the module has to say about a set or delete of IPv4 routes, interface policies, policies, policy tables and
- * references to them, if the caller wants to know. The library zeroes it before the call, unless an argument is
- * rejected, and never reads it.
+ * The module's own answer to setting or deleting an IPv4 route, an interface policy, a policy, a policy table or the
+ * references to one, for a caller that asks for it. What it says, and in which layout, is the module's. The library
+ * zeroes it before the call, unless an argument is rejected, and never reads it.
  */
 struct LumoCmdResult
 {

@@ -1872,7 +1872,7 @@ struct set_bridge_lif_arguments
 /**
  * Adds a bridge LIF, or removes it.
  *
- * Both send the same values.
+ * The same values are sent in both cases.
  */
 inline void set_bridge_lif(const set_bridge_lif_arguments& with)
 {
@@ -2216,7 +2216,7 @@ inline void set_mcast_routing(const set_mcast_routing_arguments& with)
  * @param lif       the LIF's name, at most 63 bytes
  * @param servers   addresses separated by commas, in writable memory: EINVAL, and the commas that were passed, in
  *                  practice the first one, are overwritten with NUL; left out: no servers
- * @throws error    EINVAL: unless servers is null
+ * @throws error    EINVAL: if servers is not null
  */
 inline void configure_lif_dhcp_relay(instance_argument instance, lif_argument lif, char* servers = nullptr)
 {
@@ -2233,8 +2233,8 @@ inline void configure_lif_dhcp_relay(instance_argument instance, lif_argument li
  * ------------------------------------------------------------------------------------------------------------------ */
 
 /**
- * What the module has to say about a set or delete of IPv4 routes, interface policies, policies, policy tables and
- * references to them, if the caller wants to know.
+ * The module's own answer to setting or deleting an IPv4 route, an interface policy, a policy, a policy table or the
+ * references to one, for a caller that asks for it.
  */
 using cmd_result = ::LumoCmdResult;
 /** One next hop of a route. */
