@@ -1,4 +1,4 @@
-/* Makes the settings of a bridge, switches it on, and off again. */
+/* Sets two properties of a bridge, switches it on, and off again. */
 #include <lumozeph.h>
 #include <stdio.h>
 
