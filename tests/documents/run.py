@@ -2,9 +2,10 @@
 
 usage: run.py DOCUMENT INSTALLED-TREE LIBDIR
 
-A block ```c list.c is a file, which is put into a copy of the document's own folder. A block ```console holds commands, "$ " before each and "> " before the lines that continue
-it, and what they print, where "..." stands for anything. A command that fails is an error, unless the document shows its
-status with "echo $?". Commands that need root are left out, and the project's own scripts, which have callers of their own.
+A block ```c list.c is a file, which is put into a copy of the document's own folder. A block ```console holds commands,
+"$ " before each and "> " before the lines that continue it, and what they print, where "..." stands for anything. A
+command that fails is an error, unless the document shows its status with "echo $?". Commands that need root are left out,
+and the project's own scripts, which have callers of their own.
 """
 
 import os
@@ -18,8 +19,8 @@ from pathlib import Path
 
 import markdown
 
-LEFT_OUT = re.compile(r".*\bsudo |scripts/|cmake --preset ")
-ROOT_STEP = re.compile(r"\s+- (?!sudo )(.*)")
+LEFT_OUT = re.compile(r".*\bsudo |apt-get |scripts/|cmake --preset ")
+STEP = re.compile(r"\s+- (.*)")
 END = "== end of command"
 
 
@@ -35,7 +36,7 @@ def commands_of(block):
     commands = []
     for number, line in enumerate(block.lines, block.line + 1):
         if block.language == "yaml":
-            step = ROOT_STEP.match(line)
+            step = STEP.match(line)
             if step:
                 commands.append(Command(step[1], number, ["..."]))
         elif line.startswith("$ "):
