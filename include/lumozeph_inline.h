@@ -1,7 +1,7 @@
 /* SPDX-License-Identifier: Apache-2.0 */
 /**
  * @file
- * What programs that use lumozeph write otherwise themselves: addresses and masks as values and as texts, tables whose
+ * What programs that use lumozeph would write themselves otherwise: addresses and masks as values and as texts, tables whose
  * counts the module reports, the entries of IPv6 routes, and a sentence for a call that failed.
  *
  * Nothing here is part of the library: the functions are inline, have no state and need no linking. IPv4 addresses and
