@@ -130,8 +130,8 @@ class Pages:
         said = {}
         for error in function["errors"]:
             if error["name"] not in ("other", "none"):
-                said.setdefault(error["name"], []).append(markup.sentence(words.reason(error, function)))
-        return [(name, "\n".join(texts)) for name, texts in said.items()]
+                said.setdefault(error["name"], []).append(words.reason(error, function))
+        return [(name, markup.sentence(words.alternatives(reasons))) for name, reasons in said.items()]
 
     def related(self, function):
         """What a reader of this page looks for next: in its chapter, and what takes the other half of a pair."""

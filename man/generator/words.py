@@ -251,7 +251,7 @@ def with_subjects(text):
 
 
 def reason(error, function):
-    """When an error is given: @text is null, and @kind is 4."""
+    """When an error is given: @text is null and @kind is 4."""
     said = error["text"]
     if error["name"] == "EBADMSG" and error["from"] == "conventions":
         # What is said of one record, or of a list.
@@ -259,8 +259,16 @@ def reason(error, function):
         return one if function["operation"] == "get_record" else f"the module's reply {rest}"
     if error["from"] == "parameters":
         names = "|".join(parameter["name"] for parameter in function["parameters"])
-        said = re.sub(rf"\b({names})(?= (or \w+ )?is )", r"@\1", said)
+        said = re.sub(rf"\b({names})(?= (or \w+ )?is )", r"@\1", said).replace(", and ", " and ")
     return f"also {said}" if said.startswith(("if ", "unless ")) else said
+
+
+def alternatives(reasons):
+    """The reasons for one error: in one sentence, unless one of them begins a sentence of its own."""
+    said = reasons[0]
+    for reason in reasons[1:]:
+        said += f". {reason[:1].upper()}{reason[1:]}" if reason.startswith("also ") else f", or {reason}"
+    return said
 
 
 def beyond_the_count(table):

@@ -105,6 +105,13 @@ class WordsTest(unittest.TestCase):
         own = {"name": "EBADMSG", "text": "the reply has no count", "from": "function"}
         self.assertEqual(words.reason(own, {"operation": "get_table"}), "the reply has no count")
 
+    def test_several_reasons_for_one_error(self):
+        function = {"parameters": [{"name": "text"}, {"name": "kind"}]}
+        said = words.reason({"name": "EINVAL", "text": "text is null, and kind is 4", "from": "parameters"}, function)
+        self.assertEqual(said, "@text is null and @kind is 4")
+        self.assertEqual(words.alternatives(["@a is null", said]), "@a is null, or @text is null and @kind is 4")
+        self.assertEqual(words.alternatives(["@a is null", "also if it is late"]), "@a is null. Also if it is late")
+
     def test_an_errno_that_is_not_set(self):
         self.assertEqual(
             words.unset({"text": "errno is not set: it is late"}),
