@@ -90,6 +90,7 @@ class Pages:
         result = function.get("result", {})
         return self.templates.get_template("function.3.j2").render(
             f=function,
+            chapter=self.chapters[function["chapter"]],
             markup=markup,
             arguments=[(parameter["name"], markup.sentence(words.argument(parameter, function)))
                        for parameter in function["parameters"]],
