@@ -97,6 +97,7 @@ class Pages:
             kinds=kinds,
             numbers=[member for member in members if member["type"]["base"] in WIDE],
             holder=self.holders.get(result.get("type")),
+            release=self.functions.get(result.get("release")),
             records_by_name=self.records,
             records=[self.record(record) for record in shown],
             errors=self.errors(function, markup),
