@@ -197,7 +197,7 @@ TEST(Refused, AreProgramsThatChangeTheUser)
     const std::string program = scratch.file("program");
     fs::copy_file(DYNAMIC_CLIENT, program);
     ASSERT_EQ(chown(program.c_str(), 65534, 65534), 0);
-    for (const mode_t mode : {04755, 02755}) {
+    for (const mode_t mode : {04755u, 02755u}) {
         ASSERT_EQ(chmod(program.c_str(), mode), 0);
         EXPECT_EQ(shell(in_process + program + " get"),
             (Ended {
