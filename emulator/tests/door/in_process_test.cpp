@@ -18,8 +18,9 @@ namespace fs = std::filesystem;
 namespace {
 
 // A sanitizer's run-time library wants to be loaded before the door.
-const std::string in_process = "ASAN_OPTIONS=verify_asan_link_order=0 " EMULATOR " run --in-process -- ";
-const std::string in_world = EMULATOR " run -- ";
+const std::string tolerant = "ASAN_OPTIONS=verify_asan_link_order=0 ";
+const std::string in_process = tolerant + EMULATOR " run --in-process -- ";
+const std::string in_world = tolerant + EMULATOR " run -- ";
 
 struct Ended
 {
