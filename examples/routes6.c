@@ -67,7 +67,7 @@ static int list(const char* instance)
             strerror(ENOMEM));
         return 1;
     }
-    for (uint32_t i = 0; i < count; ++i)
+    for (uint32_t i = 0; i < count && i < 8000; ++i) /* for more, the block need not have room */
         print_route((const char*)block + (size_t)i * 776);
     free(block);
     return fflush(stdout) == 0 && !ferror(stdout) ? 0 : failed("write", "to standard output");

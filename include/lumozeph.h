@@ -10,8 +10,8 @@
  *  2. errno.
  *       EINVAL   a required argument is null, or a value is rejected; the module has not been contacted;
  *       ENOMEM   the library could not allocate memory;
- *       EBADMSG  the module's reply is shorter than one record, or a list ends in a fragment of a record. A length of
- *                2 GiB or more counts as a negative one, which is shorter than any record;
+ *       EBADMSG  the module's reply is shorter than the one record that is read, or a list ends in a fragment of a
+ *                record. A length of 2 GiB or more counts as a negative one, which is shorter than any record;
  *       other    as open(2) or ioctl(2) on the module's device left it: ENOENT, EACCES or another from the open,
  *                whatever the module answers from the ioctl.
  *     The module itself may answer EINVAL, ENOMEM and EBADMSG, too: errno alone does not tell who rejected a call. If
@@ -55,8 +55,10 @@
  * 12. Records. Every record is packed: its fields lie where the comment behind them says, in bytes from its beginning,
  *     unaligned where that is so. The holders of lists, and LumoVtepTable, are not packed. Read and write a packed
  *     number, also one in an array, by value or with memcpy(3), never through a pointer or a reference of its type; a
- *     range-based for over an array of numbers is such a reference. (Compilers warn of the pointer: "taking address of
- *     packed member". g++ refuses the reference, unless it is const: "cannot bind packed field"; clang++ says nothing.)
+ *     range-based for over an array of numbers is such a reference. (Of the pointer, gcc and g++ warn: "taking address
+ *     of packed member"; clang and clang++ do so, too, but not where the way to the number leads through the records
+ *     of a list or an array. g++ refuses the reference, unless it is const: "cannot bind packed field"; clang++ says
+ *     nothing.)
  *     Texts, single bytes and records within records have no alignment, and may be pointed to. Fields whose meaning is
  *     the module's alone are called value, text, data, block, bytes or the like, and are numbered in the order in which
  *     they lie. Bytes that are "not copied" are zero, whatever the module sent. A count that is "as reported" is what
@@ -1095,7 +1097,8 @@ int32_t LUMOZEPH_DelRoutev6(uint64_t dest1, uint64_t dest2, uint32_t prefixLen, 
  * Reads an instance's IPv6 routes as the module lays them out, in entries of LUMOZEPH_ROUTE6_SIZE bytes.
  *
  * Sends two commands: the first asks how many routes there are, by which the block gets room for 8000 entries if there
- * are fewer than that, or else for 30000; the second reads them. The caller does not learn which: count is what the
+ * are fewer than that, or else for 30000 (a number of 2^31 or more counts as a negative one, which is fewer than 8000);
+ * the second reads them. The caller does not learn which: count is what the
  * module reports, and may be larger than the room if the module is not well behaved. Only the first 8000 entries are
  * sure to lie in the block. What the module has not written of them is undefined.
  *
@@ -1106,7 +1109,7 @@ int32_t LUMOZEPH_DelRoutev6(uint64_t dest1, uint64_t dest2, uint32_t prefixLen, 
  *                    down. Stored after the second command also if that failed, when it means nothing; untouched before
  *                    that
  * @errno ENOMEM  also if the first command fails, whatever it failed of (without a device, too), and if there are 30000
- *                routes or more; nothing is allocated then
+ *                routes or more, but fewer than 2^31; nothing is allocated then
  */
 int32_t LUMOZEPH_GetRoutesv6(const char* instance, void** block, uint32_t* count) LUMOZEPH_NONNULL(1, 2, 3);
 
@@ -1493,11 +1496,12 @@ int32_t LUMOZEPH_ReleaseLifPolicyTableRef(LumoLifPolicyTableRef* ref);
  *
  * Layer-2 bridges, named by an instance key as router instances are.
  *
- * The list reads of bridges, of what belongs to them and of clusters come in two forms. LUMOZEPH_GetBridge... allocates
- * the list and hands it over. Its worker, LUMOZEPHGetBridge... without the underscore, fills a list of 16 zeroed bytes
- * that the caller has allocated with calloc(3). After a success, that list is freed with the Release function of its
- * pair. If the worker fails, it has freed the list, except when the device call failed: then the list is untouched and
- * still the caller's. After the same failure of the first form, 16 bytes stay allocated.
+ * The list reads of this chapter and of networks, fdb, clusters, endpoints and bfd come in two forms.
+ * LUMOZEPH_GetBridge... allocates the list and hands it over. Its worker, LUMOZEPHGetBridge... without the underscore,
+ * fills a list of 16 zeroed bytes that the caller has allocated with calloc(3). After a success, that list is freed
+ * with the Release function of its pair. If the worker fails, it has freed the list, except when the device call
+ * failed: then the list is untouched and still the caller's. After the same failure of the first form, 16 bytes stay
+ * allocated.
  * ------------------------------------------------------------------------------------------------------------------ */
 
 /** Bridges in a list at most. */
@@ -2372,7 +2376,9 @@ int32_t LUMOZEPH_ReleaseMRoutingLocalRcvrs(LumoLocalRcvrList* list);
  * @param value     the value
  * @param[out] out  the table; free it with LUMOZEPH_ReleaseVTEPTable. Untouched when the reply buffer or the device
  *                  call fails, null after every later failure
- * @errno EBADMSG  the reply has no count, or is shorter than the entries that its count announces
+ * @errno EBADMSG  the reply has no count, or is shorter than its count and the entries that this announces: a length
+ *                 that is computed in 32 bits and compared as signed, so that of 2 GiB or more not every reply that is
+ *                 too short is found
  * @errno none     errno is not set: the entries that the count announces are 2 GiB or more, and neither EBADMSG nor
  *                 ENOMEM has come first
  */
@@ -2440,7 +2446,7 @@ LUMOZEPH_RECORD_SIZE(LumoMcastGroupList, 16);
  * Reads an instance's multicast groups.
  *
  * A fragment at the end of the module's reply is no error: it counts as a group, whose missing bytes are undefined. If
- * the device call fails, 16 bytes stay allocated.
+ * the device call fails, 16 bytes stay allocated. EBADMSG can only be the module's own answer.
  *
  * @param instance  its key
  * @param[out] out  the list; free it with LUMOZEPH_ReleaseMRoutingMcastGroups
@@ -2535,6 +2541,8 @@ LUMOZEPH_RECORD_SIZE(LumoRssIndTable, 132);
 
 /**
  * Reads a target's statistics.
+ *
+ * A reply that is too short is no error. EBADMSG can only be the module's own answer.
  *
  * @param target    its name, at most 63 bytes; null: EINVAL
  * @param[out] out  the record; free it with free()

@@ -1,8 +1,8 @@
 /* SPDX-License-Identifier: Apache-2.0 */
 /**
  * @file
- * What programs that use lumozeph would write themselves otherwise: addresses and masks as values and as texts, tables whose
- * counts the module reports, the entries of IPv6 routes, and a sentence for a call that failed.
+ * What programs that use lumozeph would write themselves otherwise: addresses and masks as values and as texts, tables
+ * whose counts the module reports, the entries of IPv6 routes, and a sentence for a call that failed.
  *
  * Nothing here is part of the library: the functions are inline, have no state and need no linking. IPv4 addresses and
  * masks are 32-bit values in network order, as inet_pton(3) stores them.
@@ -175,7 +175,7 @@ static inline uint32_t lumozeph_rss_entries(const LumoRssStats* stats)
 /**
  * One entry of the block of LUMOZEPH_GetRoutesv6.
  *
- *     for (uint32_t i = 0; i < count; ++i)
+ *     for (uint32_t i = 0; i < count && i < 8000; ++i) // more are there only if the module is well behaved
  *         use(lumozeph_route6(block, i));
  *
  * @param block  the block

@@ -2413,14 +2413,15 @@ using route_v6_block = entry_block<LUMOZEPH_ROUTE6_SIZE, detail::sure_room, deta
  * Reads an instance's IPv6 routes as the module lays them out, in entries of LUMOZEPH_ROUTE6_SIZE bytes.
  *
  * Sends two commands: the first asks how many routes there are, by which the block gets room for 8000 entries if there
- * are fewer than that, or else for 30000; the second reads them. The caller does not learn which: count is what the
- * module reports, and may be larger than the room if the module is not well behaved. Only the first 8000 entries are
- * sure to lie in the block. What the module has not written of them is undefined.
+ * are fewer than that, or else for 30000 (a number of 2^31 or more counts as a negative one, which is fewer than 8000);
+ * the second reads them. The caller does not learn which: count is what the module reports, and may be larger than the
+ * room if the module is not well behaved. Only the first 8000 entries are sure to lie in the block. What the module has
+ * not written of them is undefined.
  *
  * @param instance  its key, unterminated at 64 bytes
  * @return          the entries
  * @throws error    ENOMEM: if the first command fails, whatever it failed of (without a device, too), and if there are
- *                  30000 routes or more; nothing is allocated then
+ *                  30000 routes or more, but fewer than 2^31; nothing is allocated then
  */
 inline route_v6_block get_routes_v6(instance_argument instance)
 {
@@ -3925,7 +3926,9 @@ inline void del_mrouting_local_rcvrs(instance_argument instance, std::uint32_t v
  * @param instance  its key, at most 63 bytes
  * @param value     the value
  * @return          the table
- * @throws error    EBADMSG: the reply has no count, or is shorter than the entries that its count announces
+ * @throws error    EBADMSG: the reply has no count, or is shorter than its count and the entries that this announces: a
+ *                  length that is computed in 32 bits and compared as signed, so that of 2 GiB or more not every reply
+ *                  that is too short is found
  * @throws error    EOVERFLOW: the entries that the count announces are 2 GiB or more, and neither EBADMSG nor ENOMEM
  *                  has come first
  */
@@ -4006,7 +4009,7 @@ using mcast_group_list = list<::LumoMcastGroupList, ::LUMOZEPH_ReleaseMRoutingMc
  * Reads an instance's multicast groups.
  *
  * A fragment at the end of the module's reply is no error: it counts as a group, whose missing bytes are undefined. If
- * the device call fails, 16 bytes stay allocated.
+ * the device call fails, 16 bytes stay allocated. EBADMSG can only be the module's own answer.
  *
  * @param instance  its key, at most 63 bytes
  * @return          the list
@@ -4144,6 +4147,8 @@ inline numbers<std::uint64_t> rss_counter3(const rss_stats&& of) = delete;
 
 /**
  * Reads a target's statistics.
+ *
+ * A reply that is too short is no error. EBADMSG can only be the module's own answer.
  *
  * @param target  its name, at most 63 bytes
  * @return        the record
