@@ -15,3 +15,16 @@ function(lumozeph_add_tests program prefix timeout)
     gtest_discover_tests(${program} TEST_PREFIX "${prefix}" PROPERTIES TIMEOUT ${timeout} DISCOVERY_TIMEOUT 60)
   endif()
 endfunction()
+
+# Mistakes that the compiler must find, the snippets in must_not_compile/ of this folder: each beside the same without the
+# mistake. The arguments are the compiler's.
+function(lumozeph_add_mistakes prefix)
+  file(GLOB snippets CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/must_not_compile/*.cpp)
+  foreach(snippet IN LISTS snippets)
+    get_filename_component(name ${snippet} NAME_WE)
+    add_test(NAME ${prefix}must_not_compile.${name}
+      COMMAND ${PROJECT_SOURCE_DIR}/tests/build/must_not_compile/check ${snippet}
+        ${CMAKE_CXX_COMPILER} ${CMAKE_CXX20_STANDARD_COMPILE_OPTION} ${ARGN}
+      COMMAND_EXPAND_LISTS)
+  endforeach()
+endfunction()
