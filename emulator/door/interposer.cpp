@@ -127,6 +127,24 @@ int open_device(emulator::Node node, int flags)
     return result(Door::of_this_process().open(node, flags));
 }
 
+// The directory is that of the functions that take one.
+template <class Function, class... Directory>
+int open_path(Next<Function>& otherwise, const char* path, int flags, va_list arguments, Directory... directory)
+{
+    if (const auto node = device_at(path))
+        return open_device(*node, flags);
+    // NOLINTNEXTLINE(clang-analyzer-valist.Uninitialized): the analyzer does not see that they are begun
+    const mode_t mode = needs_mode(flags) ? va_arg(arguments, mode_t) : 0;
+    return otherwise(directory..., path, flags, mode);
+}
+
+template <class Function, class... Directory>
+int open_path_without_mode(Next<Function>& otherwise, const char* path, int flags, Directory... directory)
+{
+    const auto node = device_at(path);
+    return node && !needs_mode(flags) ? open_device(*node, flags) : otherwise(directory..., path, flags);
+}
+
 int control(int descriptor, int command, long argument, Next<Control>& otherwise)
 {
     if (!Descriptors::in_range(descriptor))
@@ -217,77 +235,63 @@ struct statx extended(const struct stat& status)
 
 extern "C" {
 
-// NOLINTBEGIN(clang-analyzer-valist.Uninitialized): the analyzer does not see that they are begun
 int open(const char* path, int flags, ...)
 {
-    if (const auto node = device_at(path))
-        return open_device(*node, flags);
     va_list arguments;
     va_start(arguments, flags);
-    const mode_t mode = needs_mode(flags) ? va_arg(arguments, mode_t) : 0;
+    const int descriptor = open_path(next::open, path, flags, arguments);
     va_end(arguments);
-    return next::open(path, flags, mode);
+    return descriptor;
 }
 
 int open64(const char* path, int flags, ...)
 {
-    if (const auto node = device_at(path))
-        return open_device(*node, flags);
     va_list arguments;
     va_start(arguments, flags);
-    const mode_t mode = needs_mode(flags) ? va_arg(arguments, mode_t) : 0;
+    const int descriptor = open_path(next::open64, path, flags, arguments);
     va_end(arguments);
-    return next::open64(path, flags, mode);
+    return descriptor;
 }
 
 int openat(int directory, const char* path, int flags, ...)
 {
-    if (const auto node = device_at(path))
-        return open_device(*node, flags);
     va_list arguments;
     va_start(arguments, flags);
-    const mode_t mode = needs_mode(flags) ? va_arg(arguments, mode_t) : 0;
+    const int descriptor = open_path(next::openat, path, flags, arguments, directory);
     va_end(arguments);
-    return next::openat(directory, path, flags, mode);
+    return descriptor;
 }
 
 int openat64(int directory, const char* path, int flags, ...)
 {
-    if (const auto node = device_at(path))
-        return open_device(*node, flags);
     va_list arguments;
     va_start(arguments, flags);
-    const mode_t mode = needs_mode(flags) ? va_arg(arguments, mode_t) : 0;
+    const int descriptor = open_path(next::openat64, path, flags, arguments, directory);
     va_end(arguments);
-    return next::openat64(directory, path, flags, mode);
+    return descriptor;
 }
-// NOLINTEND(clang-analyzer-valist.Uninitialized)
 
 // What the opens become in programs that are compiled with _FORTIFY_SOURCE.
 // NOLINTBEGIN(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp): libc has reserved them
 
 int __open_2(const char* path, int flags)
 {
-    const auto node = device_at(path);
-    return node && !needs_mode(flags) ? open_device(*node, flags) : next::open_2(path, flags);
+    return open_path_without_mode(next::open_2, path, flags);
 }
 
 int __open64_2(const char* path, int flags)
 {
-    const auto node = device_at(path);
-    return node && !needs_mode(flags) ? open_device(*node, flags) : next::open64_2(path, flags);
+    return open_path_without_mode(next::open64_2, path, flags);
 }
 
 int __openat_2(int directory, const char* path, int flags)
 {
-    const auto node = device_at(path);
-    return node && !needs_mode(flags) ? open_device(*node, flags) : next::openat_2(directory, path, flags);
+    return open_path_without_mode(next::openat_2, path, flags, directory);
 }
 
 int __openat64_2(int directory, const char* path, int flags)
 {
-    const auto node = device_at(path);
-    return node && !needs_mode(flags) ? open_device(*node, flags) : next::openat64_2(directory, path, flags);
+    return open_path_without_mode(next::openat64_2, path, flags, directory);
 }
 // NOLINTEND(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp)
 
