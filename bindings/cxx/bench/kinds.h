@@ -37,6 +37,20 @@ inline std::uint64_t sum_of(const LumoDhcpRelayServer& server)
     return sum_of(server.address, 16) + server.family;
 }
 
+// Of all of them with what their tables hold, as the layer sees both.
+inline std::uint64_t sum_of_all(const lumozeph::lif_list& list)
+{
+    std::uint64_t sum = 0;
+    for (const auto& record : list) {
+        sum += sum_of(record);
+        for (const auto& address : lumozeph::ipv6_addrs(record))
+            sum += sum_of(address);
+        for (const auto& server : lumozeph::servers(record.dhcpRelay))
+            sum += sum_of(server);
+    }
+    return sum;
+}
+
 inline constexpr char instance[] = "0000002a-51b3-4f0e-9c1d-00005e00532a";
 inline constexpr char lif[] = "lif-0000-17";
 inline constexpr std::uint32_t network = 0x000200c0;
@@ -142,30 +156,12 @@ inline constexpr Kind kinds[] {
             sink = sum;
             LUMOZEPH_ReleaseLifs(list);
         },
-        [] {
-            std::uint64_t sum = 0;
-            for (const auto& record : lumozeph::get_lifs(instance)) {
-                sum += sum_of(record);
-                for (const auto& address : lumozeph::ipv6_addrs(record))
-                    sum += sum_of(address);
-                for (const auto& server : lumozeph::servers(record.dhcpRelay))
-                    sum += sum_of(server);
-            }
-            sink = sum;
-        },
+        [] { sink = sum_of_all(lumozeph::get_lifs(instance)); },
         [] {
             lumozeph::lif_list list;
             if (lumozeph::try_get_lifs(instance, list))
                 failed();
-            std::uint64_t sum = 0;
-            for (const auto& record : list) {
-                sum += sum_of(record);
-                for (const auto& address : lumozeph::ipv6_addrs(record))
-                    sum += sum_of(address);
-                for (const auto& server : lumozeph::servers(record.dhcpRelay))
-                    sum += sum_of(server);
-            }
-            sink = sum;
+            sink = sum_of_all(list);
         }},
     {"get-raw", 16, 1,
         [] {
