@@ -592,7 +592,7 @@ TEST(Threads, CallsFromManyThreadsAreIndependent)
     for (int t = 0; t < 8; ++t)
         threads.emplace_back([t, &failures] {
             const std::string name = "thread-" + std::to_string(t);
-            for (int i = 0; i < 50; ++i) {
+            for (int i = 0; i < 200; ++i) {
                 LumoInstanceInfo* info = nullptr;
                 LumoInstanceList* list = nullptr;
                 const auto value = static_cast<std::uint32_t>(1000 * t + i);

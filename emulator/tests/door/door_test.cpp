@@ -530,29 +530,6 @@ TEST_F(Commands, OfBothDevicesMeet)
     EXPECT_EQ(value, 7u);
 }
 
-TEST_F(Threads, AreIndependent)
-{
-    std::vector<std::thread> threads;
-    std::atomic<int> failures {0};
-    for (int t = 0; t < 8; ++t)
-        threads.emplace_back([t, &failures] {
-            const std::string name = "thread-" + std::to_string(t);
-            for (std::uint32_t i = 0; i < 200; ++i) {
-                LumoInstanceInfo* info = nullptr;
-                LumoInstanceList* list = nullptr;
-                if (LUMOZEPH_SetLumoInstance(name.c_str(), i, nullptr, 0) != 0 ||
-                    LUMOZEPH_GetInstance(name.c_str(), &info) != 0 || info->value1 != i ||
-                    LUMOZEPH_GetInstances(&list) != 0 || list->count < 1 || list->count > 8)
-                    ++failures;
-                LUMOZEPH_ReleaseInstance(info);
-                LUMOZEPH_ReleaseInstances(list);
-            }
-        });
-    for (std::thread& thread : threads)
-        thread.join();
-    EXPECT_EQ(failures, 0);
-}
-
 TEST_F(Threads, MayOpenCopyAndCloseAtOnce)
 {
     std::vector<std::thread> threads;
