@@ -124,24 +124,27 @@ def growth(results):
 def draw_growth(results, path):
     """The costs of records as a picture, by gnuplot."""
     lists = costs_of_records(benchmarks(results, "kept.growth-*.json"))
+    lists = dict(sorted(lists.items(), key=lambda named: named[1][1], reverse=True))
     data = "\n\n\n".join(
         f'"{name[3:]}"\n' + "\n".join(f"{count} {cost}" for count, cost in costs.items())
         for name, costs in lists.items()
     )
     script = f"""
+set encoding utf8
 set terminal svg size 900,560 font "sans-serif,13" background "white"
 set output "{path}"
 set logscale xy
 set xlabel "records in the list"
-set ylabel "nanoseconds a record"
-set format x "10^{{%T}}"
-set format y "10^{{%T}}"
+set ylabel "time a record"
+set xtics ("1" 1, "10" 10, "100" 100, "1000" 1e3, "10 000" 1e4, "100 000" 1e5, "1 000 000" 1e6)
+set ytics ("1 ns" 1, "10 ns" 10, "100 ns" 100, "1 µs" 1e3, "10 µs" 1e4, "100 µs" 1e5, "1 ms" 1e6, "10 ms" 1e7)
 set grid lc rgb "#dddddd"
 set key outside right top spacing 1.1
 $lists << END
 {data}
 END
-plot for [i=0:{len(lists) - 1}] $lists index i using 1:2 with linespoints lw 1.5 pt i+1 ps 0.6 title columnheader(1)
+plot for [i=0:{len(lists) - 1}] $lists index i using 1:2 with linespoints lw 1.5 dt i/8+1 pt i+1 ps 0.6 \\
+  title columnheader(1)
 """
     subprocess.run(["gnuplot"], input=script, text=True, check=True)
 
