@@ -112,6 +112,7 @@ def main():
         "LC_ALL": "C.UTF-8",
         "HOME": os.environ.get("HOME", "/"),
         "PYTHONDONTWRITEBYTECODE": "1",
+        "PYTHONPATH": f"{installed}/python",
     }
     sys.exit(first_mistake(markdown.read(Path(path)), environment))
 
