@@ -204,6 +204,14 @@ def layers(results):
     )
 
 
+def python(results):
+    rows = [
+        (name[len("python/") :], time(one["library_ns"]), time(one["limit_ns"]), time(one["library_ns"] - one["limit_ns"]))
+        for name, one in benchmarks(results, "python.json").items()
+    ]
+    return table(("call, with its release", "Python", "C", "more"), rows)
+
+
 def emulator(results):
     rows = []
     for name, place in (
@@ -218,7 +226,7 @@ def emulator(results):
     return table(("call", "where", "median"), rows)
 
 
-TABLES = (machine, sets, gets, lists, texts, growth, threads, netlink, allocators, loading, layers, emulator)
+TABLES = (machine, sets, gets, lists, texts, growth, threads, netlink, allocators, loading, layers, python, emulator)
 
 
 def main():
