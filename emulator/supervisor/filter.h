@@ -1,11 +1,18 @@
-// The seccomp filter that hands opens and the module's ioctls to the supervisor.
+// The seccomp filter that hands system calls to the supervisor.
 #pragma once
+
+#include "emulator/supervisor/descriptor.h"
 
 namespace emulator {
 
+enum class Handed
+{
+    Commands,         // the ioctls whose request is the number of a command
+    CommandsAndOpens, // also the opens with which a device can be used: those for writing
+};
+
 // Puts the calling process, and whatever it becomes and starts, under the filter. Returns the descriptor on which the
-// supervisor hears of it, or -1 with errno: EBUSY if the process is under such a filter already, EINVAL or ENOSYS if
-// the kernel has none.
-int enter_filter();
+// supervisor hears of it. Throws if that cannot be.
+Descriptor enter_filter(Handed handed);
 
 } // namespace emulator

@@ -7,12 +7,15 @@
 #include "emulator/supervisor/world.h"
 
 #include <CLI/CLI.hpp>
+#include <array>
 #include <cerrno>
 #include <csignal>
 #include <cstring>
 #include <fcntl.h>
 #include <fmt/core.h>
+#include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <sys/ioctl.h>
 #include <sys/prctl.h>
@@ -26,6 +29,10 @@ namespace {
 constexpr int emulator_failed = 125;
 constexpr int cannot_be_invoked = 126;
 constexpr int not_found = 127;
+
+// The better one first.
+constexpr std::array<std::pair<const char*, emulator::Mode>, 2> modes {
+    {{"namespaces", emulator::Mode::Namespaces}, {"injection", emulator::Mode::Injection}}};
 
 int execute(char** program)
 {
@@ -63,7 +70,7 @@ struct CloseFile
 };
 using File = std::unique_ptr<std::FILE, CloseFile>;
 
-int run(const std::string& trace_path, char** program)
+int run(const std::string& trace_path, const std::optional<emulator::Mode>& mode, char** program)
 {
     File trace;
     if (trace_path == "-") {
@@ -76,7 +83,7 @@ int run(const std::string& trace_path, char** program)
         }
     }
     emulator::Module module;
-    return end_like(emulator::run_in_world(module, trace.get(), [program] { return execute(program); }));
+    return end_like(emulator::run_in_world(module, {mode, trace.get()}, [program] { return execute(program); }));
 }
 
 // Asks for a setting, from inside a world. Returns an exit status.
@@ -92,17 +99,35 @@ int ask_once()
     return device >= 0 && ioctl(device, number_of("GetLogLevel"), bytes.data()) >= 0 ? 0 : 1;
 }
 
+// Why no world of this kind can be made here; empty if one can.
+std::string refusal(emulator::Mode mode)
+{
+    try {
+        emulator::Module module;
+        const emulator::Ending ending = emulator::run_in_world(module, {mode, nullptr}, ask_once);
+        if (ending.signal == 0 && ending.status == 0)
+            return {};
+        return "the supervisor may not read the memory of its children";
+    } catch (const std::exception& error) {
+        return error.what();
+    }
+}
+
 int check()
 {
-    emulator::Module module;
-    const emulator::Ending ending = emulator::run_in_world(module, nullptr, ask_once);
-    if (ending.signal == 0 && ending.status == 0) {
-        fmt::print("this machine can run the emulator\n");
-        return 0;
+    const char* best = nullptr;
+    for (const auto& [name, mode] : modes) {
+        const std::string why = refusal(mode);
+        fmt::print("{}: {}\n", name, why.empty() ? "works" : why);
+        if (why.empty() && best == nullptr)
+            best = name;
     }
-    if (ending.status != emulator_failed)
-        fmt::print(stderr, "lumozeph-emulator: the supervisor may not read the memory of its children\n");
-    return emulator_failed;
+    if (best == nullptr) {
+        fmt::print(stderr, "lumozeph-emulator: this machine cannot run the emulator\n");
+        return emulator_failed;
+    }
+    fmt::print("this machine can run the emulator; it uses {}\n", best);
+    return 0;
 }
 
 } // namespace
@@ -127,9 +152,15 @@ int main(int argc, char** argv)
     CLI::Option* const trace_option =
         run_command->add_option("--trace", trace, "Write a line of JSON for each command answered (-: standard error)")
             ->type_name("FILE");
+    std::optional<emulator::Mode> mode;
+    CLI::Option* const mode_option =
+        run_command->add_option("--mode", mode, "How the device comes into the world: namespaces or injection")
+            ->type_name("MODE")
+            ->transform(CLI::Transformer(std::map<std::string, emulator::Mode>(modes.begin(), modes.end())));
     bool in_process = false;
     run_command->add_flag("--in-process", in_process, "Preload the module into the program instead of making a world")
-        ->excludes(trace_option);
+        ->excludes(trace_option)
+        ->excludes(mode_option);
     CLI::App* const check_command = app.add_subcommand("check", "Say whether this machine can run the emulator");
 
     try {
@@ -138,7 +169,7 @@ int main(int argc, char** argv)
             return check();
         if (*program == nullptr)
             throw CLI::RequiredError("-- PROGRAM");
-        return in_process ? emulator::run_in_process(program, execute) : run(trace, program);
+        return in_process ? emulator::run_in_process(program, execute) : run(trace, mode, program);
     } catch (const CLI::ParseError& error) {
         // --help and --version come this way, too.
         if (error.get_exit_code() == 0)

@@ -1,269 +1,194 @@
 #include "emulator/supervisor/world.h"
 
-#include "emulator/supervisor/filter.h"
-#include "emulator/supervisor/server.h"
+#include "emulator/supervisor/failure.h"
+#include "emulator/supervisor/mounts.h"
+#include "emulator/supervisor/namespaces.h"
+#include "emulator/supervisor/signals.h"
+#include "emulator/supervisor/supervisor.h"
 
 #include <array>
 #include <cerrno>
 #include <csignal>
-#include <cstring>
+#include <cstdlib>
+#include <fcntl.h>
 #include <fmt/core.h>
-#include <fstream>
+#include <memory>
 #include <optional>
 #include <poll.h>
 #include <stdexcept>
 #include <string>
-#include <sys/prctl.h>
-#include <sys/signalfd.h>
-#include <sys/socket.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
-#include <system_error>
-#include <unistd.h>
 
 namespace emulator {
 
 namespace {
 
-constexpr int passed_on[] = {SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGUSR1, SIGUSR2};
+constexpr int emulator_failed = 125;
 
-[[noreturn]] void fail(const char* what)
-{
-    throw std::system_error(errno, std::generic_category(), what);
-}
-
-// The signals that the supervisor hears of by a descriptor while it lives, and how they were set before.
-class Signals
+// Keeps where the process is, which is elsewhere when the files around it are mounted anew.
+class Place
 {
 public:
-    Signals()
+    Place() : directory_(getcwd(nullptr, 0), std::free), mask_(umask(022)) {}
+    ~Place()
     {
-        sigset_t heard;
-        sigemptyset(&heard);
-        sigaddset(&heard, SIGCHLD);
-        for (const int signal : passed_on)
-            sigaddset(&heard, signal);
-        sigprocmask(SIG_BLOCK, &heard, &mask_before_);
-        // A parent that ignores SIGCHLD would never learn how its children end.
-        struct sigaction child
-        {};
-        child.sa_handler = SIG_DFL;
-        sigaction(SIGCHLD, &child, &child_before_);
-        descriptor_ = signalfd(-1, &heard, SFD_CLOEXEC | SFD_NONBLOCK);
-        if (descriptor_ < 0)
-            fail("signalfd");
+        umask(mask_);
+        // A directory that has been removed or cannot be reached stays where it is.
+        if (directory_ && chdir(directory_.get()) != 0)
+            return;
     }
-    ~Signals()
-    {
-        close(descriptor_);
-        restore();
-    }
-    Signals(const Signals&) = delete;
-    Signals& operator=(const Signals&) = delete;
-
-    void restore() const
-    {
-        sigaction(SIGCHLD, &child_before_, nullptr);
-        sigprocmask(SIG_SETMASK, &mask_before_, nullptr);
-    }
-
-    int descriptor() const { return descriptor_; }
-
-    std::optional<signalfd_siginfo> next() const
-    {
-        signalfd_siginfo signal {};
-        if (read(descriptor_, &signal, sizeof signal) != sizeof signal)
-            return std::nullopt;
-        return signal;
-    }
+    Place(const Place&) = delete;
+    Place& operator=(const Place&) = delete;
 
 private:
-    sigset_t mask_before_ {};
-    struct sigaction child_before_
-    {};
-    int descriptor_ = -1;
+    std::unique_ptr<char, decltype(&std::free)> directory_;
+    mode_t mask_;
 };
 
-// One descriptor, from the child to the supervisor.
-void send_descriptor(int socket, int descriptor)
+MountIds make_device_files_around()
 {
-    char nothing = 0;
-    iovec data {&nothing, 1};
-    alignas(cmsghdr) std::array<char, CMSG_SPACE(sizeof(int))> control {};
-    msghdr message {};
-    message.msg_iov = &data;
-    message.msg_iovlen = 1;
-    message.msg_control = control.data();
-    message.msg_controllen = control.size();
-    cmsghdr* header = CMSG_FIRSTHDR(&message);
-    header->cmsg_level = SOL_SOCKET;
-    header->cmsg_type = SCM_RIGHTS;
-    header->cmsg_len = CMSG_LEN(sizeof(int));
-    std::memcpy(CMSG_DATA(header), &descriptor, sizeof descriptor);
-    if (sendmsg(socket, &message, 0) != 1)
-        fail("sendmsg");
+    const Place place;
+    return make_device_files();
 }
 
-// -1 when the child ended instead.
-int receive_descriptor(int socket)
-{
-    char nothing = 0;
-    iovec data {&nothing, 1};
-    alignas(cmsghdr) std::array<char, CMSG_SPACE(sizeof(int))> control {};
-    msghdr message {};
-    message.msg_iov = &data;
-    message.msg_iovlen = 1;
-    message.msg_control = control.data();
-    message.msg_controllen = control.size();
-    ssize_t length = 0;
-    do
-        length = recvmsg(socket, &message, MSG_CMSG_CLOEXEC);
-    while (length < 0 && errno == EINTR);
-    const cmsghdr* header = CMSG_FIRSTHDR(&message);
-    if (length != 1 || header == nullptr || header->cmsg_type != SCM_RIGHTS)
-        return -1;
-    int descriptor = -1;
-    std::memcpy(&descriptor, CMSG_DATA(header), sizeof descriptor);
-    return descriptor;
-}
-
-constexpr int could_not_start = 125;
-
-// The child: dies with the supervisor, enters the filter, hands the listener over and becomes the program.
-[[noreturn]] void become(pid_t supervisor, int socket, const Signals& signals, const std::function<int()>& program)
-{
-    prctl(PR_SET_PDEATHSIG, SIGKILL);
-    if (getppid() != supervisor)
-        _exit(could_not_start);
-    const int listener = enter_filter();
-    if (listener < 0) {
-        const int error = errno;
-        fmt::print(stderr, "lumozeph-emulator: {}\n",
-            error == EBUSY ? "cannot run inside another emulated world"
-                           : fmt::format("the kernel lacks seccomp user notification: {}", std::strerror(error)));
-        _exit(could_not_start);
-    }
-    send_descriptor(socket, listener);
-    close(listener);
-    close(socket);
-    signals.restore();
-    _exit(program());
-}
-
-void kill_children()
-{
-    std::ifstream children(fmt::format("/proc/self/task/{}/children", getpid()));
-    for (pid_t child = 0; children >> child;)
-        kill(child, SIGKILL);
-}
-
-// Kills whatever is left, generation by generation: the children of whoever dies become the supervisor's.
-void kill_everybody()
-{
-    for (;;) {
-        kill_children();
-        const pid_t reaped = waitpid(-1, nullptr, WNOHANG);
-        if (reaped < 0 && errno == ECHILD)
-            return;
-        if (reaped == 0)
-            poll(nullptr, 0, 1);
-    }
-}
-
+// A world, as the process sees it that was asked for it.
 class World
 {
 public:
-    World(Server& server, const Signals& signals, pid_t program) : server_(server), signals_(signals), program_(program)
-    {}
-
-    Ending serve()
+    // Throws if the machine refuses.
+    World(Mode mode, SharedModule& module, const std::function<int()>& program)
     {
-        while (!(ending_ && deserted_)) {
-            std::array<pollfd, 2> events {
-                {{deserted_ ? -1 : server_.listener(), POLLIN, 0}, {signals_.descriptor(), POLLIN, 0}}};
-            if (poll(events.data(), events.size(), -1) < 0 && errno != EINTR)
-                fail("poll");
-            if ((events[0].revents & POLLIN) != 0)
-                server_.serve_one();
-            else if ((events[0].revents & (POLLHUP | POLLERR)) != 0)
-                deserted_ = true;
-            if ((events[1].revents & POLLIN) != 0)
-                while (const auto signal = signals_.next())
-                    hear(*signal);
+        if (mode == Mode::Namespaces && what_forbids_device_files() != nullptr)
+            throw std::runtime_error(what_forbids_device_files());
+        auto [here, there] = Link::pair();
+        supervisor_ = mode == Mode::Namespaces ? fork_apart() : fork();
+        if (supervisor_ < 0)
+            fail("cannot start a process");
+        if (supervisor_ == 0) {
+            here.close();
+            supervise(mode, module, there, program);
         }
-        return *ending_;
+        link_.emplace(std::move(here));
+        there.close();
+        const auto answer = link_->receive();
+        if (answer && answer->word == Word::Ready)
+            return;
+        const std::string why = answer ? answer->text : "the supervisor was killed";
+        end();
+        throw std::runtime_error(why);
+    }
+
+    // Passes signals on until the world has ended.
+    Ending wait(const Signals& signals)
+    {
+        std::optional<Ending> ending;
+        for (bool there = true; there;) {
+            std::array<pollfd, 2> events {{{link_->descriptor(), POLLIN, 0}, {signals.descriptor(), POLLIN, 0}}};
+            if (poll(events.data(), events.size(), -1) < 0)
+                continue;
+            if (events[0].revents != 0)
+                there = hear(ending);
+            if (events[1].revents != 0)
+                while (const auto signal = signals.next())
+                    // The terminal has sent its signals to the program, too.
+                    if (signal->ssi_code != SI_KERNEL)
+                        link_->send(Word::Signal, static_cast<int>(signal->ssi_signo));
+        }
+        end();
+        if (!ending)
+            throw std::runtime_error("the supervisor was killed");
+        return *ending;
     }
 
 private:
-    void hear(const signalfd_siginfo& signal)
+    [[noreturn]] static void supervise(
+        Mode mode, SharedModule& module, const Link& link, const std::function<int()>& program)
     {
-        const int number = static_cast<int>(signal.ssi_signo);
-        if (number == SIGCHLD)
-            reap();
-        else if (ending_)
-            end();
-        // The terminal has sent its signals to the program, too.
-        else if (signal.ssi_code != SI_KERNEL)
-            kill(program_, number);
-    }
-
-    void reap()
-    {
-        int status = 0;
-        for (pid_t child = 0; (child = waitpid(-1, &status, WNOHANG)) > 0;) {
-            if (child != program_)
-                continue;
-            if (WIFSIGNALED(status)) {
-                ending_ = Ending {0, WTERMSIG(status)};
-                end();
+        try {
+            if (mode == Mode::Namespaces) {
+                const MountedDevice device(make_device_files_around());
+                link.send(Word::Ready);
+                const OfNamespace inhabitants;
+                Supervisor(module, {device, Handed::Commands, inhabitants}, link).run(program);
             } else {
-                ending_ = Ending {WEXITSTATUS(status), 0};
+                if (!MarkedDevice::open(O_RDWR))
+                    fail("cannot open /dev/null");
+                const MarkedDevice device;
+                const Descendants descendants;
+                link.send(Word::Ready);
+                Supervisor(module, {device, Handed::CommandsAndOpens, descendants}, link).run(program);
             }
+        } catch (const std::exception& error) {
+            link.send(Word::Failed, 0, error.what());
+            _exit(emulator_failed);
         }
+        // Threads may still be waiting for memory that never comes.
+        _exit(0);
     }
 
+    // False when there is nothing more to hear.
+    bool hear(std::optional<Ending>& ending)
+    {
+        const auto message = link_->receive();
+        if (!message)
+            return false;
+        switch (message->word) {
+        case Word::Stopped:
+            // Whoever started the emulator waits for it, not for the program.
+            raise(SIGSTOP);
+            link_->send(Word::Signal, SIGCONT);
+            break;
+        case Word::Exited:
+            ending = Ending {message->number, 0};
+            break;
+        case Word::Killed:
+            ending = Ending {0, message->number};
+            break;
+        default:
+            end();
+            throw std::runtime_error(message->text);
+        }
+        return true;
+    }
+
+    // Whoever is left when the supervisor was killed has become a child of the caller, or the kernel has ended them.
     void end()
     {
-        kill_everybody();
-        deserted_ = true;
+        link_.reset();
+        while (waitpid(supervisor_, nullptr, 0) < 0 && errno == EINTR)
+            continue;
+        descendants_.kill();
     }
 
-    Server& server_;
-    const Signals& signals_;
-    pid_t program_;
-    std::optional<Ending> ending_;
-    bool deserted_ = false; // nobody is left under the filter
+    Descendants descendants_;
+    pid_t supervisor_ = 0;
+    std::optional<Link> link_;
 };
+
+std::unique_ptr<World> best_world(SharedModule& module, const std::function<int()>& program)
+{
+    try {
+        return std::make_unique<World>(Mode::Namespaces, module, program);
+    } catch (const std::runtime_error& refusal) {
+        return std::make_unique<World>(Mode::Injection, module, program);
+    }
+}
 
 } // namespace
 
-Ending run_in_world(Module& module, std::FILE* trace, const std::function<int()>& program)
+Ending run_in_world(Module& module, const Wishes& wishes, const std::function<int()>& program)
 {
-    Server server(module, trace);
-    // Orphans become the supervisor's children, so that none is lost.
-    if (prctl(PR_SET_CHILD_SUBREAPER, 1, 0, 0, 0) != 0)
-        fail("prctl");
-    const Signals signals;
-    std::array<int, 2> sockets {};
-    if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, sockets.data()) != 0)
-        fail("socketpair");
-
-    const pid_t supervisor = getpid();
-    const pid_t child = fork();
-    if (child < 0)
-        fail("fork");
-    if (child == 0)
-        become(supervisor, sockets[1], signals, program);
-    close(sockets[1]);
-    const int listener = receive_descriptor(sockets[0]);
-    close(sockets[0]);
-    if (listener < 0) {
-        int status = 0;
-        while (waitpid(child, &status, 0) < 0 && errno == EINTR)
-            continue;
-        return WIFSIGNALED(status) ? Ending {0, WTERMSIG(status)} : Ending {WEXITSTATUS(status), 0};
-    }
-    server.listen(listener);
-    return World(server, signals, child).serve();
+    const Trace trace(wishes.trace);
+    SharedModule shared(module, trace);
+    const Signals signals {SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGUSR1, SIGUSR2};
+    const auto restored = [&signals, &program] {
+        signals.restore();
+        return program();
+    };
+    const auto world =
+        wishes.mode ? std::make_unique<World>(*wishes.mode, shared, restored) : best_world(shared, restored);
+    return world->wait(signals);
 }
 
 } // namespace emulator

@@ -5,6 +5,7 @@
 
 #include <cstdio>
 #include <functional>
+#include <optional>
 
 namespace emulator {
 
@@ -15,10 +16,24 @@ struct Ending
     int signal = 0; // the signal that ended it, or 0
 };
 
+// How the device comes into the world.
+enum class Mode
+{
+    Namespaces, // as a file, in namespaces of the world's own
+    Injection,  // opens of its paths are answered with a descriptor
+};
+
+// What a world is to be like.
+struct Wishes
+{
+    std::optional<Mode> mode;   // the best one that the machine allows, if none is given
+    std::FILE* trace = nullptr; // where to write a line of JSON for each command answered, if anywhere
+};
+
 // Runs program, in a child process, in a world of its own and serves it and all its descendants until the last has
 // left. What program returns becomes its exit status; usually it calls exec and does not return. Signals that ask for
-// an end are passed on to it. When a signal has ended it, whatever it left behind is killed. trace: one line of JSON
-// for each command answered, or null.
-Ending run_in_world(Module& module, std::FILE* trace, const std::function<int()>& program);
+// an end are passed on to it. When a signal has ended it, whatever it left behind is killed. Throws if no world can be
+// made.
+Ending run_in_world(Module& module, const Wishes& wishes, const std::function<int()>& program);
 
 } // namespace emulator

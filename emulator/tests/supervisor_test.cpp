@@ -1,160 +1,85 @@
 // The emulator's program, run as a user runs it.
-#include <algorithm>
-#include <array>
-#include <cerrno>
-#include <chrono>
-#include <csignal>
-#include <fcntl.h>
-#include <fstream>
-#include <gmock/gmock.h>
-#include <grp.h>
-#include <poll.h>
-#include <string>
-#include <sys/mman.h>
-#include <sys/prctl.h>
-#include <sys/wait.h>
-#include <thread>
-#include <unistd.h>
-#include <vector>
+#include "emulator/tests/processes.h"
+
+#include <sys/stat.h>
 
 using testing::HasSubstr;
+using testing::MatchesRegex;
 using testing::StartsWith;
 
 namespace {
 
-using Words = std::vector<std::string>;
+const auto modes = testing::Values("namespaces", "injection");
 
-enum class User
+// In each mode that the machine offers.
+class InMode : public testing::TestWithParam<std::string>
 {
-    Self,
-    Ordinary
+protected:
+    void SetUp() override
+    {
+        if (const std::string why = refusal_of(GetParam()); !why.empty())
+            GTEST_SKIP() << why;
+    }
+
+    static Words in_world(const Words& program) { return ::in_world({"--mode", GetParam()}, program); }
+    static Ended run(const Words& program) { return Process(in_world(program)).wait(); }
+    static Ended shell(const std::string& script) { return run({"/bin/sh", "-c", script}); }
 };
 
-struct Ended
-{
-    int status = -1; // exit status, if it exited
-    int signal = 0;  // the signal that ended it, if one did
-    std::string out;
-    std::string err;
-};
-
-std::string content_of(int file)
-{
-    std::string content;
-    std::array<char, 4096> piece {};
-    lseek(file, 0, SEEK_SET);
-    for (ssize_t length = 0; (length = read(file, piece.data(), piece.size())) > 0;)
-        content.append(piece.data(), static_cast<std::size_t>(length));
-    return content;
-}
-
-// A process that has been started, with its output in memory.
-class Process
+// A folder that goes with the test.
+class Folder
 {
 public:
-    explicit Process(const Words& words, User user = User::Self)
-        : out_(memfd_create("out", MFD_CLOEXEC)), err_(memfd_create("err", MFD_CLOEXEC))
+    explicit Folder(mode_t mode)
     {
-        std::vector<char*> arguments;
-        for (const std::string& word : words)
-            arguments.push_back(const_cast<char*>(word.c_str()));
-        arguments.push_back(nullptr);
-        pid_ = fork();
-        if (pid_ != 0)
-            return;
-        prctl(PR_SET_PDEATHSIG, SIGKILL);
-        dup2(open("/dev/null", O_RDONLY | O_CLOEXEC), 0);
-        dup2(out_, 1);
-        dup2(err_, 2);
-        if (user == User::Ordinary && (setgroups(0, nullptr) != 0 || setgid(65534) != 0 || setuid(65534) != 0))
-            _exit(99);
-        execv(arguments[0], arguments.data());
-        _exit(98);
+        std::string name = std::filesystem::temp_directory_path() / "lumozeph-test-XXXXXX";
+        path_ = mkdtemp(name.data());
+        std::filesystem::permissions(path_, std::filesystem::perms(mode));
     }
-    ~Process()
-    {
-        if (pid_ > 0) {
-            kill(pid_, SIGKILL);
-            waitpid(pid_, nullptr, 0);
-        }
-        close(out_);
-        close(err_);
-    }
-    Process(const Process&) = delete;
-    Process& operator=(const Process&) = delete;
+    ~Folder() { std::filesystem::remove_all(path_); }
+    Folder(const Folder&) = delete;
+    Folder& operator=(const Folder&) = delete;
 
-    pid_t pid() const { return pid_; }
-    std::string out() const { return content_of(out_); }
+    const std::filesystem::path& path() const { return path_; }
 
-    // Waits until the output holds this many lines.
-    void wait_for_lines(std::ptrdiff_t lines) const
-    {
-        for (int i = 0; i < 1000; ++i) {
-            const std::string text = out();
-            if (std::count(text.begin(), text.end(), '\n') >= lines)
-                return;
-            std::this_thread::sleep_for(std::chrono::milliseconds(10));
-        }
-        FAIL() << "no " << lines << " lines in: " << out();
-    }
+private:
+    std::filesystem::path path_;
+};
 
-    Ended wait()
+// A program in a world that can be told from all others, on the outside as well.
+class MarkedWorld
+{
+public:
+    explicit MarkedWorld(const Words& world) : process_(marked(world)) {}
+
+    Process& process() { return process_; }
+    void expect_gone() const { expect_none_with(mark()); }
+    // The only child of the process that was started.
+    pid_t supervisor() const
     {
-        int status = 0;
-        while (waitpid(pid_, &status, 0) < 0 && errno == EINTR)
-            continue;
-        pid_ = 0;
-        Ended ended {.out = content_of(out_), .err = content_of(err_)};
-        if (WIFEXITED(status))
-            ended.status = WEXITSTATUS(status);
-        else
-            ended.signal = WTERMSIG(status);
-        return ended;
+        const std::string process = std::to_string(process_.pid());
+        std::ifstream children("/proc/" + process + "/task/" + process + "/children");
+        pid_t child = 0;
+        children >> child;
+        return child;
     }
 
 private:
-    int out_;
-    int err_;
-    pid_t pid_ = 0;
+    static std::string mark() { return "LUMOZEPH_TEST=" + std::to_string(getpid()); }
+    static Words marked(const Words& world)
+    {
+        Words words {"/usr/bin/env", mark()};
+        words.insert(words.end(), world.begin(), world.end());
+        return words;
+    }
+
+    Process process_;
 };
-
-Words in_world(const Words& program)
-{
-    Words words {EMULATOR, "run", "--"};
-    words.insert(words.end(), program.begin(), program.end());
-    return words;
-}
-
-Ended run(const Words& program, User user = User::Self)
-{
-    return Process(in_world(program), user).wait();
-}
-
-Ended shell(const std::string& script)
-{
-    return run({"/bin/sh", "-c", script});
-}
-
-bool alive(pid_t pid)
-{
-    // A zombie has ended, whoever is to reap it.
-    std::ifstream stat("/proc/" + std::to_string(pid) + "/stat");
-    std::string number;
-    std::string name;
-    std::string state;
-    return stat >> number >> name >> state && state != "Z";
-}
-
-void expect_gone(pid_t pid)
-{
-    for (int i = 0; i < 500 && alive(pid); ++i)
-        std::this_thread::sleep_for(std::chrono::milliseconds(10));
-    EXPECT_FALSE(alive(pid)) << pid;
-}
 
 // Without and with the run-time linker, as the user who runs the tests and as an ordinary one.
 struct Client
 {
+    std::string mode;
     std::string name;
     std::string path;
     User user;
@@ -162,7 +87,7 @@ struct Client
 
 void PrintTo(const Client& client, std::ostream* out)
 {
-    *out << client.name;
+    *out << client.mode << client.name;
 }
 
 class Clients : public testing::TestWithParam<Client>
@@ -170,19 +95,20 @@ class Clients : public testing::TestWithParam<Client>
 protected:
     void SetUp() override
     {
-        if (GetParam().user == User::Self)
-            return;
-        if (geteuid() != 0)
+        if (GetParam().user == User::Ordinary && geteuid() != 0)
             GTEST_SKIP() << "only root can become another user";
-        if (Process({"/bin/sh", "-c", "test -x '" EMULATOR "'"}, User::Ordinary).wait().status != 0)
+        if (GetParam().user == User::Ordinary &&
+            Process({"/bin/sh", "-c", "test -x '" EMULATOR "'"}, User::Ordinary).wait().status != 0)
             GTEST_SKIP() << "the build tree is out of other users' reach";
+        if (const std::string why = refusal_of(GetParam().mode, GetParam().user); !why.empty())
+            GTEST_SKIP() << why;
     }
 
     Ended client(const Words& verb) const
     {
         Words words {GetParam().path};
         words.insert(words.end(), verb.begin(), verb.end());
-        return run(words, GetParam().user);
+        return Process(in_world({"--mode", GetParam().mode}, words), GetParam().user).wait();
     }
 };
 
@@ -244,13 +170,25 @@ TEST_P(Clients, HaveTheirOtherFilesUntouched)
     EXPECT_EQ(client({"other-files"}).out, "untouched\n");
 }
 
-INSTANTIATE_TEST_SUITE_P(Kinds, Clients,
-    testing::Values(Client {"Dynamic", DYNAMIC_CLIENT, User::Self}, Client {"Static", STATIC_CLIENT, User::Self},
-        Client {"DynamicAsOrdinaryUser", DYNAMIC_CLIENT, User::Ordinary},
-        Client {"StaticAsOrdinaryUser", STATIC_CLIENT, User::Ordinary}),
-    [](const auto& client) { return client.param.name; });
+std::vector<Client> clients()
+{
+    std::vector<Client> all;
+    for (const char* mode : {"namespaces", "injection"})
+        for (const auto& [user, suffix] : {std::pair(User::Self, ""), std::pair(User::Ordinary, "AsOrdinaryUser")}) {
+            all.push_back({mode, std::string("Dynamic") + suffix, DYNAMIC_CLIENT, user});
+            all.push_back({mode, std::string("Static") + suffix, STATIC_CLIENT, user});
+        }
+    return all;
+}
 
-TEST(World, IsSharedByAllProcessesInIt)
+INSTANTIATE_TEST_SUITE_P(Kinds, Clients, testing::ValuesIn(clients()),
+    [](const auto& client) { return client.param.mode + client.param.name; });
+
+class World : public InMode
+{};
+INSTANTIATE_TEST_SUITE_P(Modes, World, modes, [](const auto& mode) { return mode.param; });
+
+TEST_P(World, IsSharedByAllProcessesInIt)
 {
     const Ended ended = shell(
         DYNAMIC_CLIENT " set 9; (" STATIC_CLIENT " get | cat) ; " STATIC_CLIENT " set 10; exec " DYNAMIC_CLIENT " get");
@@ -258,13 +196,13 @@ TEST(World, IsSharedByAllProcessesInIt)
     EXPECT_EQ(ended.out, "set ok\n9\nset ok\n10\n");
 }
 
-TEST(World, IsNewInEveryRun)
+TEST_P(World, IsNewInEveryRun)
 {
     EXPECT_EQ(run({DYNAMIC_CLIENT, "set", "9"}).status, 0);
     EXPECT_EQ(run({DYNAMIC_CLIENT, "get"}).out, "4\n");
 }
 
-TEST(World, ServesWhatTheProgramLeavesRunning)
+TEST_P(World, ServesWhatTheProgramLeavesRunning)
 {
     // The child outlives its parent, waits until the emulator has noticed, and uses the device.
     const Ended ended = shell("(sleep 0.3; " DYNAMIC_CLIENT " get) & exit 5");
@@ -272,7 +210,7 @@ TEST(World, ServesWhatTheProgramLeavesRunning)
     EXPECT_EQ(ended.out, "4\n");
 }
 
-TEST(World, GivesTheProgramItsStandardStreamsAndNoOtherDescriptors)
+TEST_P(World, GivesTheProgramItsStandardStreamsAndNoOtherDescriptors)
 {
     const Words program {"/bin/sh", "-c", "echo /proc/self/fd/*; echo to-err >&2"};
     const Ended ended = run(program);
@@ -280,19 +218,192 @@ TEST(World, GivesTheProgramItsStandardStreamsAndNoOtherDescriptors)
     EXPECT_EQ(ended.err, "to-err\n");
 }
 
-TEST(World, LeavesSignalsAsTheyWere)
+TEST_P(World, LeavesSignalsAsTheyWere)
 {
     const Ended ended = run({"/bin/grep", "-E", "^Sig(Blk|Ign)", "/proc/self/status"});
     EXPECT_EQ(ended.out, Process({"/bin/grep", "-E", "^Sig(Blk|Ign)", "/proc/self/status"}).wait().out);
 }
 
-TEST(ExitStatus, IsTheProgramsOwn)
+class NamespacesWorld : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        if (const std::string why = refusal_of("namespaces"); !why.empty())
+            GTEST_SKIP() << why;
+    }
+
+    static Ended shell(const std::string& script)
+    {
+        return Process(in_world({"--mode", "namespaces"}, {"/bin/sh", "-c", script})).wait();
+    }
+};
+
+constexpr const char* folder = "/pelt/devices/char/zephdriver";
+
+TEST_F(NamespacesWorld, ShowsTheDeviceToWhoeverLooks)
+{
+    const Ended ended =
+        shell(std::string("cd ") + folder +
+              " && ls && test -c kola_lumo && test -r kola_lumo && test -w kola_lumo && test ! -L kola_lumo &&"
+              " stat -c %F kola_lumo_ugrade && readlink -f ../zephdriver/kola_lumo");
+    EXPECT_EQ(ended.status, 0) << ended.err;
+    EXPECT_EQ(
+        ended.out, "kola_lumo\nkola_lumo_ugrade\ncharacter special file\n/pelt/devices/char/zephdriver/kola_lumo\n");
+}
+
+TEST_F(NamespacesWorld, OpensTheDeviceByAnySpelling)
+{
+    for (const char* path :
+        {"//pelt/devices/char/zephdriver/kola_lumo", "/pelt/./devices/char/zephdriver/../zephdriver/kola_lumo",
+            "kola_lumo", "/proc/self/root/pelt/devices/char/zephdriver/kola_lumo", "/proc/self/cwd/kola_lumo",
+            "/dev/fd/3", "/proc/self/fd/3", "/tmp/../pelt/devices/char/zephdriver/kola_lumo_ugrade"}) {
+        const Ended ended =
+            shell(std::string("cd ") + folder + " && exec 3<>kola_lumo && exec " DYNAMIC_CLIENT " get-at " + path);
+        EXPECT_EQ(ended.out, "4\n") << path;
+    }
+    EXPECT_EQ(shell("link=$(mktemp -u) && ln -s /pelt/devices/char/zephdriver/kola_lumo $link && " DYNAMIC_CLIENT
+                    " get-at $link; rm $link")
+                  .out,
+        "4\n");
+}
+
+TEST_F(NamespacesWorld, LeavesTheNullDeviceAlone)
+{
+    const Ended ended =
+        shell("chmod 600 /pelt/devices/char/zephdriver/kola_lumo; rm -f /pelt/devices/char/zephdriver/kola_lumo;"
+              " echo text > /pelt/file");
+    EXPECT_NE(ended.status, 0);
+    struct stat null
+    {};
+    ASSERT_EQ(stat("/dev/null", &null), 0);
+    EXPECT_EQ(null.st_mode & 07777, 0666U);
+}
+
+TEST_F(NamespacesWorld, ShowsAllOtherFilesAsTheyAre)
+{
+    // The root's own entries are mounts and copies of links: types, targets and what is in them are compared.
+    const Words look {"/bin/sh", "-c",
+        "umask 027; pwd; umask; for entry in /* /.[!.]*; do [ $entry = /pelt ] || [ $entry = /proc ] || stat -c '%N "
+        "%F' $entry; done; "
+        "ls -A /usr/bin /etc | cksum; cksum /etc/passwd"};
+    const Ended inside = Process(in_world({"--mode", "namespaces"}, look)).wait();
+    EXPECT_EQ(inside.status, 0);
+    EXPECT_EQ(inside.out, Process(look).wait().out);
+}
+
+TEST_F(NamespacesWorld, OpensOtherFilesWithoutTheSupervisor)
+{
+    MarkedWorld world(in_world({"--mode", "namespaces"},
+        {"/bin/sh", "-c", "echo ready; sleep 0.3; echo text >/dev/null && cat /dev/null && echo opened; sleep 1000"}));
+    world.process().wait_for_lines(1);
+    kill(world.supervisor(), SIGSTOP);
+    world.process().wait_for_lines(2);
+    EXPECT_EQ(world.process().out(), "ready\nopened\n");
+}
+
+TEST_P(World, GivesOutADeviceAndNotAFile)
+{
+    const Ended ended = run({DYNAMIC_CLIENT, "is-device"});
+    EXPECT_EQ(ended.out,
+        "write-only ok\ndirectory ENOTDIR\nexclusive EEXIST\nnon-blocking ok\ncharacter device\nempty\n"
+        "epoll EPERM\n");
+}
+
+TEST_P(World, ServesProgramsThatMayNotBeRead)
+{
+    const bool capable = geteuid() == 0 || GetParam() == "namespaces";
+    EXPECT_EQ(run({DYNAMIC_CLIENT, "undumpable"}).out, capable ? "create ok\n" : "open EIO\n");
+    if (geteuid() == 0) {
+        EXPECT_EQ(run({DYNAMIC_CLIENT, "drop-user"}).out, "create ok\n");
+    }
+}
+
+TEST_P(World, ServesOrdinaryUsersProgramsThatMayNotBeReadOrSaysThatItCannot)
+{
+    if (geteuid() != 0)
+        GTEST_SKIP() << "only root can become another user";
+    if (const std::string why = refusal_of(GetParam(), User::Ordinary); !why.empty())
+        GTEST_SKIP() << why;
+    const std::string undumpable = Process(in_world({DYNAMIC_CLIENT, "undumpable"}), User::Ordinary).wait().out;
+    EXPECT_EQ(undumpable, GetParam() == "namespaces" ? "create ok\n" : "open EIO\n");
+
+    const Folder folder_of_all(0755);
+    const std::string unreadable = folder_of_all.path() / "client";
+    std::filesystem::copy(STATIC_CLIENT, unreadable);
+    std::filesystem::permissions(unreadable, std::filesystem::perms(0711));
+    const std::string refused = Process(in_world({unreadable, "create"}), User::Ordinary).wait().out;
+    EXPECT_EQ(refused, GetParam() == "namespaces" ? "create EIO\n" : "open EIO\n");
+}
+
+TEST_P(World, ServesWhoHasGivenUpTracingAndTheUser)
+{
+    if (geteuid() != 0)
+        GTEST_SKIP() << "only root can become another user";
+    Words words {"/usr/bin/setpriv", "--bounding-set", "-sys_ptrace", "--inh-caps", "-sys_ptrace"};
+    const Words program = in_world({DYNAMIC_CLIENT, "drop-user"});
+    words.insert(words.end(), program.begin(), program.end());
+    EXPECT_EQ(Process(words).wait().out, GetParam() == "namespaces" ? "create ok\n" : "open EIO\n");
+}
+
+TEST_P(World, HasNoAnswerForProgramsOf32Bits)
+{
+    const Ended ended = run({DYNAMIC_CLIENT, "32-bits"});
+    if (ended.signal == SIGSEGV || ended.out == "untouched ENOSYS\n" || ended.status == 2)
+        GTEST_SKIP() << "the machine does not run them";
+    EXPECT_EQ(ended.out, "untouched EIO\n");
+}
+
+TEST_P(World, IsNotHeldUpByAClientWhoseMemoryNeverComes)
+{
+    Process process(in_world({"/bin/sh", "-c",
+        DYNAMIC_CLIENT " hang & sleep 0.2; for i in 1 2 3; do " DYNAMIC_CLIENT " get; done; kill $!; wait; exit 0"}));
+    process.wait_for_lines(1);
+    if (process.out().starts_with("userfaultfd"))
+        GTEST_SKIP() << process.out();
+    process.wait_for_lines(4);
+    EXPECT_EQ(process.out(), "hanging\n4\n4\n4\n");
+    EXPECT_EQ(process.wait().status, 0);
+}
+
+TEST_P(World, ServesTheHandlersOfItsClientsFaults)
+{
+    const Ended ended = run({DYNAMIC_CLIENT, "handled-fault"});
+    if (ended.out.starts_with("userfaultfd"))
+        GTEST_SKIP() << ended.out;
+    EXPECT_EQ(ended.out, "handler ok\nioctl ok\n");
+}
+
+TEST_P(World, RunsWithFewDescriptorsOrSaysThatItNeedsMore)
+{
+    Words words {"/bin/sh", "-c", "ulimit -n $0; exec \"$@\"", ""};
+    const Words program = in_world({DYNAMIC_CLIENT, "get"});
+    words.insert(words.end(), program.begin(), program.end());
+    bool served = false;
+    for (int limit = 4; limit < 40; ++limit) {
+        words[3] = std::to_string(limit);
+        const Ended ended = Process(words).wait();
+        if (ended.status == 0) {
+            EXPECT_EQ(ended.out, "4\n") << limit;
+        } else if (ended.err.starts_with("lumozeph-emulator: ")) {
+            EXPECT_THAT(ended.err, HasSubstr("more descriptors are needed: see ulimit -n")) << limit;
+        }
+        served = ended.status == 0;
+    }
+    EXPECT_TRUE(served);
+}
+
+class ExitStatus : public InMode
+{};
+INSTANTIATE_TEST_SUITE_P(Modes, ExitStatus, modes, [](const auto& mode) { return mode.param; });
+
+TEST_P(ExitStatus, IsTheProgramsOwn)
 {
     for (const int status : {0, 1, 42, 125, 255})
         EXPECT_EQ(shell("exit " + std::to_string(status)).status, status);
 }
 
-TEST(ExitStatus, IsTheSignalThatEndedTheProgram)
+TEST_P(ExitStatus, IsTheSignalThatEndedTheProgram)
 {
     for (const int signal : {SIGTERM, SIGKILL, SIGSEGV, SIGABRT, SIGUSR1}) {
         const Ended ended = shell("kill -" + std::to_string(signal) + " $$");
@@ -300,39 +411,46 @@ TEST(ExitStatus, IsTheSignalThatEndedTheProgram)
     }
 }
 
-TEST(ExitStatus, Is127WhenTheProgramIsNotFound)
+TEST_P(ExitStatus, Is127WhenTheProgramIsNotFound)
 {
     const Ended ended = run({"/no/such/program"});
     EXPECT_EQ(ended.status, 127);
     EXPECT_EQ(ended.err, "lumozeph-emulator: cannot run '/no/such/program': No such file or directory\n");
 }
 
-TEST(ExitStatus, Is126WhenTheProgramCannotBeInvoked)
+TEST_P(ExitStatus, Is126WhenTheProgramCannotBeInvoked)
 {
     const Ended ended = run({"/dev"});
     EXPECT_EQ(ended.status, 126);
     EXPECT_EQ(ended.err, "lumozeph-emulator: cannot run '/dev': Permission denied\n");
 }
 
-TEST(ExitStatus, Is125WhenTheEmulatorFails)
+TEST_P(ExitStatus, Is125WhenTheEmulatorFails)
 {
-    for (const Words& wrong : std::vector<Words> {{EMULATOR}, {EMULATOR, "fly"}, {EMULATOR, "run"},
-             {EMULATOR, "run", "--"}, {EMULATOR, "run", "--wings", "--", "/bin/true"},
-             {EMULATOR, "run", "--trace", "/no/such/folder/file", "--", "/bin/true"}}) {
+    for (const Words& wrong :
+        std::vector<Words> {{EMULATOR}, {EMULATOR, "fly"}, {EMULATOR, "run"}, {EMULATOR, "run", "--"},
+            {EMULATOR, "run", "--wings", "--", "/bin/true"}, {EMULATOR, "run", "--mode", "magic", "--", "/bin/true"},
+            {EMULATOR, "run", "--trace", "/no/such/folder/file", "--", "/bin/true"}}) {
         const Ended ended = Process(wrong).wait();
         EXPECT_EQ(ended.status, 125) << testing::PrintToString(wrong);
         EXPECT_THAT(ended.err, StartsWith("lumozeph-emulator: "));
     }
 }
 
-TEST(ExitStatus, Is125InsideAnotherWorld)
+TEST_P(ExitStatus, Is125InsideAnotherWorld)
 {
     const Ended ended = run({EMULATOR, "run", "--", "/bin/true"});
     EXPECT_EQ(ended.status, 125);
-    EXPECT_EQ(ended.err, "lumozeph-emulator: cannot run inside another emulated world\n");
+    EXPECT_EQ(ended.err,
+        "lumozeph-emulator: cannot run inside another emulated world, or under another program with a seccomp "
+        "listener\n");
 }
 
-TEST(Signals, ArePassedOnToTheProgram)
+class Signals : public InMode
+{};
+INSTANTIATE_TEST_SUITE_P(Modes, Signals, modes, [](const auto& mode) { return mode.param; });
+
+TEST_P(Signals, ArePassedOnToTheProgram)
 {
     Process process(
         in_world({"/bin/sh", "-c", "trap 'echo heard; exit 7' TERM; echo ready; while :; do sleep 0.05; done"}));
@@ -343,51 +461,73 @@ TEST(Signals, ArePassedOnToTheProgram)
     EXPECT_EQ(ended.out, "ready\nheard\n");
 }
 
-TEST(Signals, ThatEndTheProgramEndWhatItHasStarted)
+TEST_P(Signals, ThatEndTheProgramEndWhatItHasStarted)
 {
-    Process process(in_world({"/bin/sh", "-c", "sleep 1000 & echo $!; setsid sleep 1000 & echo $!; wait"}));
-    process.wait_for_lines(2);
-    kill(process.pid(), SIGTERM);
-    const Ended ended = process.wait();
-    EXPECT_EQ(ended.signal, SIGTERM);
-    std::istringstream pids(ended.out);
-    for (pid_t pid = 0; pids >> pid;)
-        expect_gone(pid);
+    MarkedWorld world(in_world({"/bin/sh", "-c", "sleep 1000 & setsid sleep 1000 & echo ready; wait"}));
+    world.process().wait_for_lines(1);
+    kill(world.process().pid(), SIGTERM);
+    EXPECT_EQ(world.process().wait().signal, SIGTERM);
+    world.expect_gone();
 }
 
-TEST(Signals, AfterTheProgramHasEndedEndWhatItLeft)
+TEST_P(Signals, AfterTheProgramHasEndedEndWhatItLeft)
 {
-    Process process(in_world({"/bin/sh", "-c", "sleep 1000 & echo $!; exit 3"}));
-    process.wait_for_lines(1);
+    MarkedWorld world(in_world({"/bin/sh", "-c", "sleep 1000 & echo ready; exit 3"}));
+    world.process().wait_for_lines(1);
     std::this_thread::sleep_for(std::chrono::milliseconds(200));
-    kill(process.pid(), SIGTERM);
+    kill(world.process().pid(), SIGTERM);
+    EXPECT_EQ(world.process().wait().status, 3);
+    world.expect_gone();
+}
+
+TEST_P(Signals, ThatKillAProcessOfTheEmulatorEndTheWorld)
+{
+    const Words program {"/bin/sh", "-c", "sleep 1000 & setsid sleep 1000 & echo ready; wait"};
+    MarkedWorld first(in_world(program));
+    first.process().wait_for_lines(1);
+    kill(first.process().pid(), SIGKILL);
+    EXPECT_EQ(first.process().wait().signal, SIGKILL);
+    first.expect_gone();
+
+    MarkedWorld second(in_world(program));
+    second.process().wait_for_lines(1);
+    kill(second.supervisor(), SIGKILL);
+    const Ended ended = second.process().wait();
+    EXPECT_EQ(ended.status, 125);
+    EXPECT_EQ(ended.err, "lumozeph-emulator: the supervisor was killed\n");
+    second.expect_gone();
+}
+
+TEST_P(Signals, ThatStopTheProgramStopTheEmulatorUntilItGoesOn)
+{
+    Process process(in_world({"/bin/sh", "-c", "echo ready; kill -STOP $$; echo again; exit 6"}));
+    int status = 0;
+    ASSERT_EQ(waitpid(process.pid(), &status, WUNTRACED), process.pid());
+    EXPECT_TRUE(WIFSTOPPED(status));
+    EXPECT_EQ(process.out(), "ready\n");
+    kill(process.pid(), SIGCONT);
     const Ended ended = process.wait();
-    EXPECT_EQ(ended.status, 3);
-    expect_gone(std::stoi(ended.out));
+    EXPECT_EQ(ended.status, 6);
+    EXPECT_EQ(ended.out, "ready\nagain\n");
 }
 
-TEST(Signals, ThatKillTheEmulatorKillTheProgram)
-{
-    Process process(in_world({"/bin/sh", "-c", "echo $$; exec sleep 1000"}));
-    process.wait_for_lines(1);
-    const pid_t program = std::stoi(process.out());
-    kill(process.pid(), SIGKILL);
-    EXPECT_EQ(process.wait().signal, SIGKILL);
-    expect_gone(program);
-}
+class Trace : public InMode
+{};
+INSTANTIATE_TEST_SUITE_P(Modes, Trace, modes, [](const auto& mode) { return mode.param; });
 
-TEST(Trace, IsALineOfJsonForEachCommand)
+TEST_P(Trace, IsALineOfJsonForEachCommand)
 {
-    const Ended ended = Process({EMULATOR, "run", "--trace", "-", "--", DYNAMIC_CLIENT, "set", "9"}).wait();
+    const Ended ended =
+        Process(::in_world({"--mode", GetParam(), "--trace", "-"}, {DYNAMIC_CLIENT, "set", "9"})).wait();
     EXPECT_EQ(ended.status, 0);
-    EXPECT_THAT(
-        ended.err, testing::MatchesRegex(
-                       "\\{\"pid\":[0-9]+,\"command\":10,\"inLen\":4,\"room\":0,\"errno\":0,\"replyLen\":0\\}\n"));
+    EXPECT_THAT(ended.err,
+        MatchesRegex("\\{\"pid\":[0-9]+,\"command\":10,\"inLen\":4,\"room\":0,\"errno\":0,\"replyLen\":0\\}\n"));
 }
 
-TEST(Trace, TellsOfCommandsThatFail)
+TEST_P(Trace, TellsOfCommandsThatFail)
 {
-    const Ended ended = Process({EMULATOR, "run", "--trace", "-", "--", DYNAMIC_CLIENT, "ioctl", "70"}).wait();
+    const Ended ended =
+        Process(::in_world({"--mode", GetParam(), "--trace", "-"}, {DYNAMIC_CLIENT, "ioctl", "70"})).wait();
     EXPECT_THAT(ended.err, HasSubstr("\"command\":70,\"inLen\":0,\"room\":4,\"errno\":25,\"replyLen\":0}"));
 }
 
@@ -406,7 +546,8 @@ TEST(Options, CheckSaysWhetherTheMachineWillDo)
 {
     const Ended ended = Process({EMULATOR, "check"}).wait();
     EXPECT_EQ(ended.status, 0);
-    EXPECT_EQ(ended.out, "this machine can run the emulator\n");
+    EXPECT_THAT(ended.out,
+        MatchesRegex("namespaces: [^\n]+\ninjection: works\nthis machine can run the emulator; it uses [a-z]+\n"));
 }
 
 } // namespace
