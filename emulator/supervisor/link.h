@@ -19,7 +19,8 @@ enum class Word : char
     Ready,    // the device is there
     Listener, // passes the descriptor on which the filter speaks
     Signal,   // number: a signal for the program
-    Stopped,  // the program has been stopped
+    Terminal, // the program's process group is to have the terminal
+    Stopped,  // number: the signal that has stopped the program
     Exited,   // number: the program's exit status
     Killed,   // number: the signal that ended the program
 };

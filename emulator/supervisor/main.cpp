@@ -4,17 +4,20 @@
 #include "emulator/protocol/access.h"
 #include "emulator/protocol/commands.h"
 #include "emulator/protocol/envelope.h"
+#include "emulator/supervisor/descriptor.h"
+#include "emulator/supervisor/failure.h"
 #include "emulator/supervisor/world.h"
 
 #include <CLI/CLI.hpp>
 #include <array>
 #include <cerrno>
+#include <chrono>
 #include <csignal>
+#include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
 #include <fmt/core.h>
 #include <map>
-#include <memory>
 #include <optional>
 #include <string>
 #include <sys/ioctl.h>
@@ -60,30 +63,44 @@ int end_like(const emulator::Ending& ending)
     return 128 + ending.signal;
 }
 
-struct CloseFile
+emulator::Descriptor open_trace(const std::string& path)
 {
-    void operator()(std::FILE* file) const
-    {
-        if (file != stderr)
-            std::fclose(file);
-    }
-};
-using File = std::unique_ptr<std::FILE, CloseFile>;
+    if (path.empty())
+        return {};
+    emulator::Descriptor file(path == "-"
+                                  ? fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, 3)
+                                  : open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_APPEND | O_CLOEXEC, 0666));
+    if (!file)
+        emulator::fail(fmt::format("cannot write '{}'", path));
+    return file;
+}
 
-int run(const std::string& trace_path, const std::optional<emulator::Mode>& mode, char** program)
+// What 'run' is asked for.
+struct Asked
 {
-    File trace;
-    if (trace_path == "-") {
-        trace.reset(stderr);
-    } else if (!trace_path.empty()) {
-        trace.reset(std::fopen(trace_path.c_str(), "we"));
-        if (!trace) {
-            fmt::print(stderr, "lumozeph-emulator: cannot write '{}': {}\n", trace_path, std::strerror(errno));
-            return emulator_failed;
-        }
-    }
+    std::optional<emulator::Mode> mode;
+    std::string trace;
+    bool linger = false;
+    double grace = 2;
+    std::optional<double> timeout;
+};
+
+std::chrono::milliseconds milliseconds(double seconds)
+{
+    return std::chrono::ceil<std::chrono::milliseconds>(std::chrono::duration<double>(seconds));
+}
+
+int run(const Asked& asked, char** program)
+{
+    const emulator::Descriptor trace = open_trace(asked.trace);
+    emulator::Wishes wishes {asked.mode, trace.number(), {}};
+    wishes.lifetime.leftovers = asked.linger ? emulator::Leftovers::WaitFor : emulator::Leftovers::End;
+    wishes.lifetime.grace = milliseconds(asked.grace);
+    if (asked.timeout)
+        wishes.lifetime.timeout = milliseconds(*asked.timeout);
+    setenv("LUMOZEPH_WORLD", fmt::format("run-{}", getpid()).c_str(), 1);
     emulator::Module module;
-    return end_like(emulator::run_in_world(module, {mode, trace.get()}, [program] { return execute(program); }));
+    return end_like(emulator::run_in_world(module, wishes, [program] { return execute(program); }));
 }
 
 // Asks for a setting, from inside a world. Returns an exit status.
@@ -104,7 +121,7 @@ std::string refusal(emulator::Mode mode)
 {
     try {
         emulator::Module module;
-        const emulator::Ending ending = emulator::run_in_world(module, {mode, nullptr}, ask_once);
+        const emulator::Ending ending = emulator::run_in_world(module, {mode, -1, {}}, ask_once);
         if (ending.signal == 0 && ending.status == 0)
             return {};
         return "the supervisor may not read the memory of its children";
@@ -147,20 +164,29 @@ int main(int argc, char** argv)
     app.footer("The exit status of 'run' is that of PROGRAM; 125 if the emulator failed, 126 if PROGRAM cannot be\n"
                "invoked, 127 if it is not found. If a signal ends PROGRAM, the same signal ends the emulator.");
 
-    std::string trace;
+    const CLI::Range in_seconds(0.0, 1e6);
+    Asked asked;
     CLI::App* const run_command = app.add_subcommand("run", "Run a program: run [OPTIONS] -- PROGRAM [ARGS...]");
-    CLI::Option* const trace_option =
-        run_command->add_option("--trace", trace, "Write a line of JSON for each command answered (-: standard error)")
-            ->type_name("FILE");
-    std::optional<emulator::Mode> mode;
-    CLI::Option* const mode_option =
-        run_command->add_option("--mode", mode, "How the device comes into the world: namespaces or injection")
-            ->type_name("MODE")
-            ->transform(CLI::Transformer(std::map<std::string, emulator::Mode>(modes.begin(), modes.end())));
+    run_command->add_option("--mode", asked.mode, "How the device comes into the world: namespaces or injection")
+        ->type_name("MODE")
+        ->transform(CLI::Transformer(std::map<std::string, emulator::Mode>(modes.begin(), modes.end())));
+    run_command
+        ->add_option("--trace", asked.trace, "Write a line of JSON for each command answered (-: standard error)")
+        ->type_name("FILE");
+    run_command->add_flag("--linger", asked.linger, "Wait for what PROGRAM leaves running, instead of ending it");
+    run_command->add_option("--grace", asked.grace, "Seconds between SIGTERM and SIGKILL for what must end (2)")
+        ->type_name("SECONDS")
+        ->check(in_seconds);
+    run_command
+        ->add_option("--timeout", asked.timeout, "End PROGRAM and all others after so many seconds; exit with 124")
+        ->type_name("SECONDS")
+        ->check(in_seconds);
     bool in_process = false;
-    run_command->add_flag("--in-process", in_process, "Preload the module into the program instead of making a world")
-        ->excludes(trace_option)
-        ->excludes(mode_option);
+    CLI::Option* const in_process_flag = run_command->add_flag(
+        "--in-process", in_process, "Preload the module into the program instead of making a world");
+    for (CLI::Option* const option : run_command->get_options())
+        if (option != in_process_flag)
+            in_process_flag->excludes(option);
     CLI::App* const check_command = app.add_subcommand("check", "Say whether this machine can run the emulator");
 
     try {
@@ -169,7 +195,7 @@ int main(int argc, char** argv)
             return check();
         if (*program == nullptr)
             throw CLI::RequiredError("-- PROGRAM");
-        return in_process ? emulator::run_in_process(program, execute) : run(trace, mode, program);
+        return in_process ? emulator::run_in_process(program, execute) : run(asked, program);
     } catch (const CLI::ParseError& error) {
         // --help and --version come this way, too.
         if (error.get_exit_code() == 0)

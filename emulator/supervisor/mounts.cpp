@@ -225,8 +225,7 @@ MountIds make_device_files()
     if (!complete && mount(nullptr, existing.c_str(), nullptr, MS_REMOUNT | MS_BIND | MS_RDONLY | MS_NOSUID | MS_NODEV,
                          nullptr) != 0)
         fail("cannot protect the folder of the device");
-    if (holds_processes("/proc") &&
-        mount("proc", "/proc", "proc", MS_NOSUID | MS_NODEV | MS_NOEXEC, nullptr) != 0)
+    if (holds_processes("/proc") && mount("proc", "/proc", "proc", MS_NOSUID | MS_NODEV | MS_NOEXEC, nullptr) != 0)
         fail("cannot mount a new /proc");
     return ids;
 }

@@ -88,8 +88,8 @@ void take_namespaces(const Link& link)
 {
     if (unshare(needed_namespaces()) != 0) {
         const int error = errno;
-        link.send(Word::Failed, 0,
-            fmt::format("cannot make namespaces: {}{}", std::strerror(error), remedy_for(error)));
+        link.send(
+            Word::Failed, 0, fmt::format("cannot make namespaces: {}{}", std::strerror(error), remedy_for(error)));
         _exit(1);
     }
     link.send(Word::Apart);

@@ -45,19 +45,13 @@ bool kernel_knows(int error)
 
 } // namespace
 
-Answer SharedModule::answer(const Asked& asked, std::span<const std::byte> input)
+SharedModule::Applied SharedModule::apply(const Asked& asked, std::span<const std::byte> input)
 {
     const std::lock_guard one(one_at_a_time_);
-    Answer answer {EINVAL, {}};
+    Applied applied {++applied_, {EINVAL, {}}};
     if (asked.in_len == input.size())
-        answer = module_.answer(asked.number, input, asked.room);
-    return answer;
-}
-
-void SharedModule::trace(const Asked& asked, const Answer& answer)
-{
-    const std::lock_guard one(one_at_a_time_);
-    trace_.write(asked, answer);
+        applied.answer = module_.answer(asked.number, input, asked.room);
+    return applied;
 }
 
 void prepare(int listener)
@@ -178,14 +172,15 @@ int Server::command()
     if (!still_waiting())
         return EINTR;
 
-    Answer answer = module_.answer(asked, input);
+    SharedModule::Applied applied = module_.apply(asked, input);
+    Answer& answer = applied.answer;
     if (answer.error == 0) {
         const auto length = static_cast<std::uint32_t>(answer.reply.size());
         if (!memory.write({{{sent[envelope::out_ptr], answer.reply},
                 {envelope_at + envelope::out_len.offset, std::as_bytes(std::span(&length, 1))}}}))
             answer.error = EFAULT;
     }
-    module_.trace(asked, answer);
+    module_.trace(asked, applied);
     return answer.error;
 }
 

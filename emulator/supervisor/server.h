@@ -17,15 +17,22 @@ namespace emulator {
 class SharedModule
 {
 public:
-    SharedModule(Module& module, const Trace& trace) : module_(module), trace_(trace) {}
+    SharedModule(Module& module, Trace& trace) : module_(module), trace_(trace) {}
 
-    Answer answer(const Asked& asked, std::span<const std::byte> input);
-    void trace(const Asked& asked, const Answer& answer);
+    struct Applied
+    {
+        std::uint64_t order; // counts the commands
+        Answer answer;
+    };
+
+    Applied apply(const Asked& asked, std::span<const std::byte> input);
+    void trace(const Asked& asked, const Applied& applied) { trace_.write(applied.order, asked, applied.answer); }
 
 private:
     Module& module_;
-    const Trace& trace_;
+    Trace& trace_;
     std::mutex one_at_a_time_;
+    std::uint64_t applied_ = 0;
 };
 
 // Answers the calls of one listener, one after the other. Other servers may do the same beside it.

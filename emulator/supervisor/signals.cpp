@@ -4,12 +4,25 @@
 
 namespace emulator {
 
+namespace {
+
+bool is_ignored(int signal)
+{
+    struct sigaction action
+    {};
+    sigaction(signal, nullptr, &action);
+    return action.sa_handler == SIG_IGN;
+}
+
+} // namespace
+
 Signals::Signals(std::initializer_list<int> heard)
 {
     sigset_t set;
     sigemptyset(&set);
     for (const int signal : heard)
-        sigaddset(&set, signal);
+        if (signal == SIGCHLD || !is_ignored(signal))
+            sigaddset(&set, signal);
     descriptor_ = Descriptor(signalfd(-1, &set, SFD_CLOEXEC | SFD_NONBLOCK));
     if (!descriptor_)
         fail("cannot hear signals");

@@ -14,6 +14,7 @@ namespace emulator {
 class Signals
 {
 public:
+    // Those that were ignored before stay so.
     explicit Signals(std::initializer_list<int> heard);
     ~Signals() { restore(); }
     Signals(const Signals&) = delete;

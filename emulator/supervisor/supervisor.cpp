@@ -4,9 +4,12 @@
 #include "emulator/supervisor/failure.h"
 #include "emulator/supervisor/signals.h"
 
+#include <algorithm>
 #include <array>
 #include <csignal>
+#include <cstdint>
 #include <fmt/core.h>
+#include <limits>
 #include <poll.h>
 #include <sys/prctl.h>
 #include <sys/wait.h>
@@ -22,13 +25,15 @@ constexpr int emulator_failed = 125;
 void Supervisor::run(const std::function<int()>& program)
 {
     // Before there are threads, which would hear them instead.
-    const Signals signals {SIGCHLD};
+    const Signals signals {SIGCHLD, SIGPIPE};
     start(program);
     // What the terminal sends is not for the supervisor, whose process group the program was started in.
     setpgid(0, 0);
+    if (premises_.lifetime.timeout)
+        timeout_ = Clock::now() + *premises_.lifetime.timeout;
     while (!(end_ && deserted_)) {
         std::array<pollfd, 2> events {{{link_.descriptor(), POLLIN, 0}, {signals.descriptor(), POLLIN, 0}}};
-        if (poll(events.data(), events.size(), -1) < 0)
+        if (poll(events.data(), events.size(), until_next_deadline()) < 0)
             continue;
         if (events[0].revents != 0)
             hear_link();
@@ -37,6 +42,7 @@ void Supervisor::run(const std::function<int()>& program)
                 continue;
             reap();
         }
+        look_at_clock();
     }
     link_.send(end_->word, end_->number);
 }
@@ -57,6 +63,8 @@ void Supervisor::start(const std::function<int()>& program)
 void Supervisor::become(const std::function<int()>& program, const Link& to_supervisor) const
 {
     prctl(PR_SET_PDEATHSIG, SIGKILL);
+    if (premises_.group == Group::Own && setpgid(0, 0) == 0)
+        give_terminal_to(getpid());
     try {
         const Descriptor listener = enter_filter(premises_.handed);
         to_supervisor.pass(Word::Listener, listener.number());
@@ -70,15 +78,25 @@ void Supervisor::become(const std::function<int()>& program, const Link& to_supe
 void Supervisor::hear_link()
 {
     const auto message = link_.receive();
-    if (message && !end_) {
-        kill(program_, message->number);
-        return;
+    if (!message) {
+        // Whoever started the world has gone.
+        end_by(Word::Killed, SIGKILL);
+        kill();
+    } else if (!end_) {
+        heed(*message);
+    } else if (!killing_) {
+        ask_to_end();
+    } else {
+        kill();
     }
-    // Whoever started the world has gone, or asks again.
-    premises_.inhabitants.kill();
-    deserted_ = true;
-    if (!end_)
-        end_ = Message {Word::Killed, SIGKILL, {}, {}};
+}
+
+void Supervisor::heed(const Message& message)
+{
+    if (message.word == Word::Terminal)
+        give_terminal_to(program_);
+    else
+        ::kill(message.number == SIGCONT && premises_.group == Group::Own ? -program_ : program_, message.number);
 }
 
 void Supervisor::reap()
@@ -89,19 +107,59 @@ void Supervisor::reap()
         if (child != program_)
             continue;
         if (WIFSTOPPED(status)) {
-            // The terminal stops the whole process group.
-            if (WSTOPSIG(status) == SIGSTOP)
-                link_.send(Word::Stopped);
+            link_.send(Word::Stopped, WSTOPSIG(status));
         } else if (WIFSIGNALED(status)) {
-            end_ = Message {Word::Killed, WTERMSIG(status), {}, {}};
-            premises_.inhabitants.kill();
-            deserted_ = true;
+            end_by(Word::Killed, WTERMSIG(status));
         } else {
-            end_ = Message {Word::Exited, WEXITSTATUS(status), {}, {}};
+            end_by(Word::Exited, WEXITSTATUS(status));
         }
     }
     if (child < 0 && errno == ECHILD)
         deserted_ = true;
+    else if (end_ && !killing_ && premises_.lifetime.leftovers == Leftovers::End)
+        ask_to_end();
+}
+
+void Supervisor::end_by(Word word, int number)
+{
+    if (!end_)
+        end_ = Message {word, number, {}, {}};
+}
+
+void Supervisor::ask_to_end()
+{
+    premises_.inhabitants.signal(SIGTERM);
+    premises_.inhabitants.signal(SIGCONT);
+    killing_ = Clock::now() + premises_.lifetime.grace;
+}
+
+void Supervisor::kill()
+{
+    premises_.inhabitants.kill();
+    deserted_ = true;
+}
+
+void Supervisor::look_at_clock()
+{
+    const auto now = Clock::now();
+    if (timeout_ && now >= *timeout_) {
+        timeout_.reset();
+        end_by(Word::Exited, timed_out);
+        if (!killing_)
+            ask_to_end();
+    }
+    if (killing_ && now >= *killing_)
+        kill();
+}
+
+int Supervisor::until_next_deadline() const
+{
+    if (!timeout_ && !killing_)
+        return -1;
+    const auto next =
+        std::min(timeout_.value_or(Clock::time_point::max()), killing_.value_or(Clock::time_point::max()));
+    const auto left = std::chrono::ceil<std::chrono::milliseconds>(next - Clock::now()).count();
+    return static_cast<int>(std::clamp<std::int64_t>(left, 0, std::numeric_limits<int>::max()));
 }
 
 } // namespace emulator

@@ -5,6 +5,7 @@
 #include "emulator/supervisor/namespaces.h"
 #include "emulator/supervisor/signals.h"
 #include "emulator/supervisor/supervisor.h"
+#include "emulator/supervisor/terminal.h"
 
 #include <array>
 #include <cerrno>
@@ -52,12 +53,22 @@ MountIds make_device_files_around()
     return make_device_files();
 }
 
+// What the supervisor of a world is given.
+struct House
+{
+    SharedModule& module;
+    Trace& trace;
+    const Foreground& foreground;
+    Lifetime lifetime;
+};
+
 // A world, as the process sees it that was asked for it.
 class World
 {
 public:
     // Throws if the machine refuses.
-    World(Mode mode, SharedModule& module, const std::function<int()>& program)
+    World(Mode mode, const House& house, const std::function<int()>& program)
+        : foreground_(house.foreground), group_(group_in(mode, house.foreground))
     {
         if (mode == Mode::Namespaces && what_forbids_device_files() != nullptr)
             throw std::runtime_error(what_forbids_device_files());
@@ -67,7 +78,7 @@ public:
             fail("cannot start a process");
         if (supervisor_ == 0) {
             here.close();
-            supervise(mode, module, there, program);
+            supervise(mode, house, there, program);
         }
         link_.emplace(std::move(here));
         there.close();
@@ -91,33 +102,36 @@ public:
                 there = hear(ending);
             if (events[1].revents != 0)
                 while (const auto signal = signals.next())
-                    // The terminal has sent its signals to the program, too.
-                    if (signal->ssi_code != SI_KERNEL)
-                        link_->send(Word::Signal, static_cast<int>(signal->ssi_signo));
+                    pass_on(*signal);
         }
         end();
         if (!ending)
             throw std::runtime_error("the supervisor was killed");
+        foreground_.take();
+        // Whoever waits in the process group that had the terminal would have been interrupted, too.
+        if (group_ == Group::Own && (ending->signal == SIGINT || ending->signal == SIGQUIT))
+            kill(0, ending->signal);
         return *ending;
     }
 
 private:
     [[noreturn]] static void supervise(
-        Mode mode, SharedModule& module, const Link& link, const std::function<int()>& program)
+        Mode mode, const House& house, const Link& link, const std::function<int()>& program)
     {
         try {
             if (mode == Mode::Namespaces) {
                 const MountedDevice device(make_device_files_around());
-                link.send(Word::Ready);
                 const OfNamespace inhabitants;
-                Supervisor(module, {device, Handed::Commands, inhabitants}, link).run(program);
+                supervise({device, Handed::Commands, inhabitants, house.lifetime, group_in(mode, house.foreground)},
+                    house, link, program);
             } else {
                 if (!MarkedDevice::open(O_RDWR))
                     fail("cannot open /dev/null");
                 const MarkedDevice device;
-                const Descendants descendants;
-                link.send(Word::Ready);
-                Supervisor(module, {device, Handed::CommandsAndOpens, descendants}, link).run(program);
+                const Descendants inhabitants;
+                supervise(
+                    {device, Handed::CommandsAndOpens, inhabitants, house.lifetime, group_in(mode, house.foreground)},
+                    house, link, program);
             }
         } catch (const std::exception& error) {
             link.send(Word::Failed, 0, error.what());
@@ -125,6 +139,44 @@ private:
         }
         // Threads may still be waiting for memory that never comes.
         _exit(0);
+    }
+
+    static void supervise(
+        const Premises& premises, const House& house, const Link& link, const std::function<int()>& program)
+    {
+        link.send(Word::Ready);
+        Supervisor(house.module, premises, link).run(program);
+        house.trace.finish(house.lifetime.grace);
+    }
+
+    static Group group_in(Mode mode, const Foreground& foreground)
+    {
+        return mode == Mode::Namespaces && foreground.is_alone() ? Group::Own : Group::Shared;
+    }
+
+    void pass_on(const signalfd_siginfo& signal)
+    {
+        const int number = static_cast<int>(signal.ssi_signo);
+        if (number == SIGCONT && group_ == Group::Own && has_terminal())
+            link_->send(Word::Terminal);
+        // What is sent to the whole process group by the terminal, or by a shell that continues it, has been heard by all
+        // who are in it.
+        if (number == SIGCONT ? group_ == Group::Own || stopped_ : signal.ssi_code != SI_KERNEL)
+            link_->send(Word::Signal, number);
+        if (number == SIGCONT)
+            stopped_ = false;
+    }
+
+    // Whoever started the emulator waits for it, not for the program.
+    void stop_by(int signal)
+    {
+        if (group_ == Group::Own) {
+            foreground_.take();
+            kill(signal == SIGSTOP ? getpid() : 0, signal);
+        } else if (signal == SIGSTOP) {
+            stopped_ = true;
+            raise(SIGSTOP);
+        }
     }
 
     // False when there is nothing more to hear.
@@ -135,9 +187,7 @@ private:
             return false;
         switch (message->word) {
         case Word::Stopped:
-            // Whoever started the emulator waits for it, not for the program.
-            raise(SIGSTOP);
-            link_->send(Word::Signal, SIGCONT);
+            stop_by(message->number);
             break;
         case Word::Exited:
             ending = Ending {message->number, 0};
@@ -162,16 +212,19 @@ private:
     }
 
     Descendants descendants_;
+    const Foreground& foreground_;
+    Group group_;
     pid_t supervisor_ = 0;
+    bool stopped_ = false; // because the program was, alone
     std::optional<Link> link_;
 };
 
-std::unique_ptr<World> best_world(SharedModule& module, const std::function<int()>& program)
+std::unique_ptr<World> best_world(const House& house, const std::function<int()>& program)
 {
     try {
-        return std::make_unique<World>(Mode::Namespaces, module, program);
+        return std::make_unique<World>(Mode::Namespaces, house, program);
     } catch (const std::runtime_error& refusal) {
-        return std::make_unique<World>(Mode::Injection, module, program);
+        return std::make_unique<World>(Mode::Injection, house, program);
     }
 }
 
@@ -179,15 +232,17 @@ std::unique_ptr<World> best_world(SharedModule& module, const std::function<int(
 
 Ending run_in_world(Module& module, const Wishes& wishes, const std::function<int()>& program)
 {
-    const Trace trace(wishes.trace);
+    Trace trace(wishes.trace);
     SharedModule shared(module, trace);
-    const Signals signals {SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGUSR1, SIGUSR2};
+    const Signals signals {SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGUSR1, SIGUSR2, SIGCONT};
+    const Foreground foreground;
+    const House house {shared, trace, foreground, wishes.lifetime};
     const auto restored = [&signals, &program] {
         signals.restore();
         return program();
     };
     const auto world =
-        wishes.mode ? std::make_unique<World>(*wishes.mode, shared, restored) : best_world(shared, restored);
+        wishes.mode ? std::make_unique<World>(*wishes.mode, house, restored) : best_world(house, restored);
     return world->wait(signals);
 }
 

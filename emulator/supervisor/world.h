@@ -2,8 +2,8 @@
 #pragma once
 
 #include "emulator/model/module.h"
+#include "emulator/supervisor/lifetime.h"
 
-#include <cstdio>
 #include <functional>
 #include <optional>
 
@@ -26,14 +26,14 @@ enum class Mode
 // What a world is to be like.
 struct Wishes
 {
-    std::optional<Mode> mode;   // the best one that the machine allows, if none is given
-    std::FILE* trace = nullptr; // where to write a line of JSON for each command answered, if anywhere
+    std::optional<Mode> mode; // the best one that the machine allows, if none is given
+    int trace = -1;           // where to write a line of JSON for each command answered, if anywhere
+    Lifetime lifetime;
 };
 
-// Runs program, in a child process, in a world of its own and serves it and all its descendants until the last has
-// left. What program returns becomes its exit status; usually it calls exec and does not return. Signals that ask for
-// an end are passed on to it. When a signal has ended it, whatever it left behind is killed. Throws if no world can be
-// made.
+// Runs program, in a child process, in a world of its own and serves it and all its descendants. What program returns
+// becomes its exit status; usually it calls exec and does not return. The signals that ask for an end are passed on to
+// it. Throws if no world can be made.
 Ending run_in_world(Module& module, const Wishes& wishes, const std::function<int()>& program);
 
 } // namespace emulator

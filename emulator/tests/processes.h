@@ -22,7 +22,6 @@
 #include <unistd.h>
 #include <vector>
 
-
 using Words = std::vector<std::string>;
 
 enum class User

@@ -1,6 +1,9 @@
 // The emulator's program, run as a user runs it.
 #include "emulator/tests/processes.h"
 
+#include <poll.h>
+#include <pty.h>
+#include <set>
 #include <sys/stat.h>
 
 using testing::HasSubstr;
@@ -21,7 +24,12 @@ protected:
             GTEST_SKIP() << why;
     }
 
-    static Words in_world(const Words& program) { return ::in_world({"--mode", GetParam()}, program); }
+    static Words in_world(const Words& program, const Words& options = {})
+    {
+        Words all {"--mode", GetParam()};
+        all.insert(all.end(), options.begin(), options.end());
+        return ::in_world(all, program);
+    }
     static Ended run(const Words& program) { return Process(in_world(program)).wait(); }
     static Ended shell(const std::string& script) { return run({"/bin/sh", "-c", script}); }
 };
@@ -202,12 +210,49 @@ TEST_P(World, IsNewInEveryRun)
     EXPECT_EQ(run({DYNAMIC_CLIENT, "get"}).out, "4\n");
 }
 
-TEST_P(World, ServesWhatTheProgramLeavesRunning)
+TEST_P(World, EndsWithItsProgram)
+{
+    MarkedWorld world(in_world({"/bin/sh", "-c",
+        "sh -c 'trap \"echo asked; exit\" TERM; echo ready; while :; do sleep 0.01; done' & setsid sleep 1000 & "
+        "while ! kill -0 $!; do :; done; sleep 0.3; exit 5"}));
+    const Ended ended = world.process().wait();
+    EXPECT_EQ(ended.status, 5);
+    EXPECT_EQ(ended.out, "ready\nasked\n");
+    world.expect_gone();
+}
+
+TEST_P(World, KillsWhoDoesNotEndWhenAsked)
+{
+    const auto before = std::chrono::steady_clock::now();
+    MarkedWorld world(in_world(
+        {"/bin/sh", "-c", "(trap '' TERM; echo ready; exec sleep 1000) & sleep 0.3; exit 5"}, {"--grace", "0.5"}));
+    EXPECT_EQ(world.process().wait().status, 5);
+    EXPECT_GE(std::chrono::steady_clock::now() - before, std::chrono::milliseconds(500));
+    world.expect_gone();
+}
+
+TEST_P(World, WaitsForWhatTheProgramLeavesRunningIfAsked)
 {
     // The child outlives its parent, waits until the emulator has noticed, and uses the device.
-    const Ended ended = shell("(sleep 0.3; " DYNAMIC_CLIENT " get) & exit 5");
+    const Ended ended =
+        Process(in_world({"/bin/sh", "-c", "(sleep 0.3; " DYNAMIC_CLIENT " get) & exit 5"}, {"--linger"})).wait();
     EXPECT_EQ(ended.status, 5);
     EXPECT_EQ(ended.out, "4\n");
+}
+
+TEST_P(World, EndsWhenItsTimeIsOver)
+{
+    MarkedWorld world(in_world({"/bin/sh", "-c", "setsid sleep 1000 & sleep 1000"}, {"--timeout", "0.3"}));
+    EXPECT_EQ(world.process().wait().status, 124);
+    world.expect_gone();
+
+    const Words leaving {"/bin/sh", "-c", "sleep 1000 & exit 5"};
+    EXPECT_EQ(Process(in_world(leaving, {"--linger", "--timeout", "0.3"})).wait().status, 5);
+}
+
+TEST_P(World, TellsPrograms)
+{
+    EXPECT_THAT(shell("echo $LUMOZEPH_WORLD").out, MatchesRegex("run-[0-9]+\n"));
 }
 
 TEST_P(World, GivesTheProgramItsStandardStreamsAndNoOtherDescriptors)
@@ -472,12 +517,127 @@ TEST_P(Signals, ThatEndTheProgramEndWhatItHasStarted)
 
 TEST_P(Signals, AfterTheProgramHasEndedEndWhatItLeft)
 {
-    MarkedWorld world(in_world({"/bin/sh", "-c", "sleep 1000 & echo ready; exit 3"}));
+    MarkedWorld world(in_world({"/bin/sh", "-c", "sleep 1000 & echo ready; exit 3"}, {"--linger"}));
     world.process().wait_for_lines(1);
     std::this_thread::sleep_for(std::chrono::milliseconds(200));
     kill(world.process().pid(), SIGTERM);
     EXPECT_EQ(world.process().wait().status, 3);
     world.expect_gone();
+}
+
+TEST_P(Signals, ThatAreIgnoredStayIgnored)
+{
+    MarkedWorld world({"/bin/sh", "-c", "trap '' HUP; exec \"$@\"", "", EMULATOR, "run", "--mode", GetParam(),
+        "--linger", "--", "/bin/sh", "-c", "(sleep 0.4; echo left) & echo ready; exit 4"});
+    world.process().wait_for_lines(1);
+    kill(world.process().pid(), SIGHUP);
+    std::this_thread::sleep_for(std::chrono::milliseconds(150));
+    kill(world.process().pid(), SIGHUP);
+    const Ended ended = world.process().wait();
+    EXPECT_EQ(ended.status, 4);
+    EXPECT_EQ(ended.out, "ready\nleft\n");
+}
+
+// A shell with job control on a terminal of its own, to which keys are sent.
+class Terminal
+{
+public:
+    Terminal()
+    {
+        pid_ = forkpty(&keyboard_, nullptr, nullptr, nullptr);
+        if (pid_ != 0)
+            return;
+        prctl(PR_SET_PDEATHSIG, SIGKILL);
+        setenv("PS1", "", 1);
+        execl("/bin/sh", "sh", "-i", "+E", nullptr);
+        _exit(98);
+    }
+    ~Terminal()
+    {
+        kill(pid_, SIGKILL);
+        waitpid(pid_, nullptr, 0);
+        close(keyboard_);
+    }
+    Terminal(const Terminal&) = delete;
+    Terminal& operator=(const Terminal&) = delete;
+
+    void type(const std::string& keys) const { EXPECT_EQ(write(keyboard_, keys.data(), keys.size()), keys.size()); }
+
+    // Waits until the screen shows this, after all that was waited for before.
+    void expect(const std::string& text)
+    {
+        std::size_t found = std::string::npos;
+        for (int i = 0; i < 500 && (found = screen_.find(text, seen_)) == std::string::npos; ++i) {
+            pollfd readable {keyboard_, POLLIN, 0};
+            std::array<char, 4096> piece {};
+            if (poll(&readable, 1, 10) > 0)
+                if (const ssize_t length = read(keyboard_, piece.data(), piece.size()); length > 0)
+                    screen_.append(piece.data(), static_cast<std::size_t>(length));
+        }
+        ASSERT_NE(found, std::string::npos) << "no '" << text << "' in: " << screen_;
+        seen_ = found + text.size();
+    }
+
+private:
+    int keyboard_ = -1;
+    pid_t pid_ = -1;
+    std::string screen_;
+    std::size_t seen_ = 0;
+};
+
+std::string command(const Words& words)
+{
+    std::string line;
+    for (const std::string& word : words)
+        line += "'" + word + "' ";
+    return line;
+}
+
+TEST_P(Signals, OfTheTerminalArriveOnce)
+{
+    Terminal terminal;
+    terminal.type("stty -echo; " + command(in_world({"/bin/sh", "-c"})) + "\"" +
+                  "n=0; trap 'n=\\$((n+1))' INT; echo ready; read line; sleep 0.3; echo heard-\\$n" +
+                  "\"; echo status-$?\n");
+    terminal.expect("ready\r\n");
+    terminal.type("\x03");
+    std::this_thread::sleep_for(std::chrono::milliseconds(200));
+    terminal.type("\n");
+    terminal.expect("heard-1");
+    terminal.expect("status-0");
+}
+
+TEST_P(Signals, OfTheTerminalStopAndContinueTheWorld)
+{
+    Terminal terminal;
+    terminal.type("stty -echo; " + command(in_world({"/bin/sh", "-c", "echo ready; sleep 1; echo lived; exit 7"})) +
+                  "; echo status-$?\n");
+    terminal.expect("ready\r\n");
+    // A shell that has just forked stops for nobody until its child has become a program.
+    std::this_thread::sleep_for(std::chrono::milliseconds(200));
+    terminal.type("\x1a");
+    terminal.expect("Stopped");
+    terminal.type("fg; echo again-$?\n");
+    terminal.expect("lived\r\n");
+    terminal.expect("again-7");
+}
+
+TEST_P(Signals, OfTheTerminalReachTheJobsOfAShellInTheWorld)
+{
+    Terminal terminal;
+    terminal.type("stty -echo; " + command(in_world({"/bin/sh", "-i"})) + "; echo status-$?\n");
+    terminal.type("echo inside; sleep 1000; echo slept-$?\n");
+    terminal.expect("inside\r\n");
+    std::this_thread::sleep_for(std::chrono::milliseconds(100));
+    terminal.type("\x03");
+    terminal.type("echo still-$?; exit 5\n");
+    terminal.expect("still-130");
+    terminal.expect("status-5");
+    // The outer shell has its terminal again.
+    terminal.type("cat; echo read-$?\n");
+    terminal.type("line\n\x04");
+    terminal.expect("line");
+    terminal.expect("read-0");
 }
 
 TEST_P(Signals, ThatKillAProcessOfTheEmulatorEndTheWorld)
@@ -521,7 +681,8 @@ TEST_P(Trace, IsALineOfJsonForEachCommand)
         Process(::in_world({"--mode", GetParam(), "--trace", "-"}, {DYNAMIC_CLIENT, "set", "9"})).wait();
     EXPECT_EQ(ended.status, 0);
     EXPECT_THAT(ended.err,
-        MatchesRegex("\\{\"pid\":[0-9]+,\"command\":10,\"inLen\":4,\"room\":0,\"errno\":0,\"replyLen\":0\\}\n"));
+        MatchesRegex(
+            "\\{\"order\":1,\"pid\":[0-9]+,\"command\":10,\"inLen\":4,\"room\":0,\"errno\":0,\"replyLen\":0\\}\n"));
 }
 
 TEST_P(Trace, TellsOfCommandsThatFail)
@@ -529,6 +690,52 @@ TEST_P(Trace, TellsOfCommandsThatFail)
     const Ended ended =
         Process(::in_world({"--mode", GetParam(), "--trace", "-"}, {DYNAMIC_CLIENT, "ioctl", "70"})).wait();
     EXPECT_THAT(ended.err, HasSubstr("\"command\":70,\"inLen\":0,\"room\":4,\"errno\":25,\"replyLen\":0}"));
+}
+
+// Commands enough to fill any pipe.
+const Words many_commands {"/bin/sh", "-c", "for i in 1 2 3; do " DYNAMIC_CLIENT " threads; done"};
+const std::string none_failed = "0 failures\n0 failures\n0 failures\n";
+
+TEST_P(Trace, MayEndBeforeTheWorld)
+{
+    const Ended ended = Process({"/bin/bash", "-c", "exec \"$@\" --trace >(exit) -- " DYNAMIC_CLIENT " threads", "",
+                                    EMULATOR, "run", "--mode", GetParam()})
+                            .wait();
+    EXPECT_EQ(ended.status, 0);
+    EXPECT_EQ(ended.out, "0 failures\n");
+}
+
+TEST_P(Trace, MayStandStill)
+{
+    std::array<int, 2> ends {};
+    ASSERT_EQ(pipe(ends.data()), 0);
+    const auto before = std::chrono::steady_clock::now();
+    const Ended ended =
+        Process(in_world(many_commands, {"--grace", "0.5", "--trace", "/proc/self/fd/" + std::to_string(ends[1])}))
+            .wait();
+    EXPECT_LT(std::chrono::steady_clock::now() - before, std::chrono::seconds(10));
+    EXPECT_EQ(ended.out, none_failed);
+    EXPECT_THAT(ended.err, HasSubstr("lines lost from the trace: "));
+    close(ends[0]);
+    close(ends[1]);
+}
+
+TEST_P(Trace, SaysWhatItLost)
+{
+    const Ended ended = Process(in_world(many_commands, {"--trace", "/dev/full"})).wait();
+    EXPECT_EQ(ended.out, none_failed);
+    EXPECT_EQ(ended.err, "lumozeph-emulator: lines lost from the trace: 2400 (No space left on device)\n");
+}
+
+TEST_P(Trace, NumbersCommandsInTheOrderOfTheirApplication)
+{
+    const Ended ended = Process(in_world({DYNAMIC_CLIENT, "threads"}, {"--trace", "-"})).wait();
+    std::istringstream lines(ended.err);
+    std::set<std::string> orders;
+    for (std::string line; std::getline(lines, line);)
+        orders.insert(line.substr(0, line.find(',')));
+    EXPECT_EQ(orders.size(), 800U);
+    EXPECT_EQ(orders.count("{\"order\":800"), 1U);
 }
 
 TEST(Options, HelpAndVersionExitWith0)
