@@ -48,9 +48,9 @@ void Link::send(Word word, int number, std::string_view text) const
         continue;
 }
 
-void Link::pass(Word word, int passed) const
+void Link::pass(Word word, int passed, int number) const
 {
-    Head head {word, 0};
+    Head head {word, number};
     iovec part {&head, sizeof head};
     Control control;
     msghdr message {};

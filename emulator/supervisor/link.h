@@ -23,6 +23,9 @@ enum class Word : char
     Stopped,  // number: the signal that has stopped the program
     Exited,   // number: the program's exit status
     Killed,   // number: the signal that ended the program
+    Join,     // asks for what a program needs to enter the world
+    Describe, // asks for a text about the world
+    Stop,     // asks the world to end
 };
 
 struct Message
@@ -47,7 +50,7 @@ public:
 
     // Says nothing if nobody is left to hear it.
     void send(Word word, int number = 0, std::string_view text = {}) const;
-    void pass(Word word, int descriptor) const;
+    void pass(Word word, int descriptor, int number = 0) const;
 
     // Waits for the next message. Nothing when the other end has gone.
     std::optional<Message> receive() const;

@@ -4,8 +4,10 @@
 #include "emulator/protocol/access.h"
 #include "emulator/protocol/commands.h"
 #include "emulator/protocol/envelope.h"
+#include "emulator/supervisor/control.h"
 #include "emulator/supervisor/descriptor.h"
 #include "emulator/supervisor/failure.h"
+#include "emulator/supervisor/readiness.h"
 #include "emulator/supervisor/world.h"
 
 #include <CLI/CLI.hpp>
@@ -75,9 +77,10 @@ emulator::Descriptor open_trace(const std::string& path)
     return file;
 }
 
-// What 'run' is asked for.
+// What 'run' and 'serve' are asked for.
 struct Asked
 {
+    std::optional<std::string> world;
     std::optional<emulator::Mode> mode;
     std::string trace;
     bool linger = false;
@@ -90,17 +93,52 @@ std::chrono::milliseconds milliseconds(double seconds)
     return std::chrono::ceil<std::chrono::milliseconds>(std::chrono::duration<double>(seconds));
 }
 
-int run(const Asked& asked, char** program)
+emulator::Wishes wishes_for(const Asked& asked, const emulator::Descriptor& trace)
 {
-    const emulator::Descriptor trace = open_trace(asked.trace);
-    emulator::Wishes wishes {asked.mode, trace.number(), {}};
+    emulator::Wishes wishes {asked.world, asked.mode, trace.number(), {}};
     wishes.lifetime.leftovers = asked.linger ? emulator::Leftovers::WaitFor : emulator::Leftovers::End;
     wishes.lifetime.grace = milliseconds(asked.grace);
     if (asked.timeout)
         wishes.lifetime.timeout = milliseconds(*asked.timeout);
-    setenv("LUMOZEPH_WORLD", fmt::format("run-{}", getpid()).c_str(), 1);
+    return wishes;
+}
+
+int run(const Asked& asked, char** program)
+{
+    const emulator::Descriptor trace = open_trace(asked.trace);
+    const std::string name = asked.world.value_or(fmt::format("run-{}", getpid()));
+    setenv("LUMOZEPH_WORLD", name.c_str(), 1);
     emulator::Module module;
-    return end_like(emulator::run_in_world(module, wishes, [program] { return execute(program); }));
+    return end_like(emulator::run_in_world(module, wishes_for(asked, trace), [program] { return execute(program); }));
+}
+
+int serve(const Asked& asked)
+{
+    const emulator::Descriptor trace = open_trace(asked.trace);
+    emulator::Module module;
+    return end_like(emulator::serve_world(module, wishes_for(asked, trace), emulator::notify_readiness));
+}
+
+int join(const std::string& world, char** program)
+{
+    setenv("LUMOZEPH_WORLD", world.c_str(), 1);
+    return end_like(emulator::join_world(world, [program] { return execute(program); }));
+}
+
+int list()
+{
+    for (const std::string& name : emulator::names_of_worlds())
+        if (const auto description = emulator::describe_world(name))
+            fmt::print("{} {}\n", name, *description);
+    return 0;
+}
+
+int stop(const std::string& world)
+{
+    if (emulator::stop_world(world))
+        return 0;
+    fmt::print(stderr, "lumozeph-emulator: there is no world '{}'\n", world);
+    return emulator_failed;
 }
 
 // Asks for a setting, from inside a world. Returns an exit status.
@@ -121,7 +159,7 @@ std::string refusal(emulator::Mode mode)
 {
     try {
         emulator::Module module;
-        const emulator::Ending ending = emulator::run_in_world(module, {mode, -1, {}}, ask_once);
+        const emulator::Ending ending = emulator::run_in_world(module, {std::nullopt, mode, -1, {}}, ask_once);
         if (ending.signal == 0 && ending.status == 0)
             return {};
         return "the supervisor may not read the memory of its children";
@@ -147,6 +185,22 @@ int check()
     return 0;
 }
 
+void add_options(CLI::App& command, Asked& asked)
+{
+    const CLI::Range in_seconds(0.0, 1e6);
+    command.add_option("--mode", asked.mode, "How the device comes into the world: namespaces or injection")
+        ->type_name("MODE")
+        ->transform(CLI::Transformer(std::map<std::string, emulator::Mode>(modes.begin(), modes.end())));
+    command.add_option("--trace", asked.trace, "Write a line of JSON for each command answered (-: standard error)")
+        ->type_name("FILE");
+    command.add_option("--grace", asked.grace, "Seconds between SIGTERM and SIGKILL for what must end (2)")
+        ->type_name("SECONDS")
+        ->check(in_seconds);
+    command.add_option("--timeout", asked.timeout, "End all after so many seconds; exit with 124")
+        ->type_name("SECONDS")
+        ->check(in_seconds);
+}
+
 } // namespace
 
 // NOLINTNEXTLINE(bugprone-exception-escape): what is thrown up to here ends the program, as it should
@@ -164,37 +218,44 @@ int main(int argc, char** argv)
     app.footer("The exit status of 'run' is that of PROGRAM; 125 if the emulator failed, 126 if PROGRAM cannot be\n"
                "invoked, 127 if it is not found. If a signal ends PROGRAM, the same signal ends the emulator.");
 
-    const CLI::Range in_seconds(0.0, 1e6);
     Asked asked;
     CLI::App* const run_command = app.add_subcommand("run", "Run a program: run [OPTIONS] -- PROGRAM [ARGS...]");
-    run_command->add_option("--mode", asked.mode, "How the device comes into the world: namespaces or injection")
-        ->type_name("MODE")
-        ->transform(CLI::Transformer(std::map<std::string, emulator::Mode>(modes.begin(), modes.end())));
-    run_command
-        ->add_option("--trace", asked.trace, "Write a line of JSON for each command answered (-: standard error)")
-        ->type_name("FILE");
+    CLI::App* const serve_command = app.add_subcommand("serve", "Hold a world without a program: serve --world NAME");
+    CLI::App* const join_command =
+        app.add_subcommand("join", "Run a program in a world: join NAME -- PROGRAM [ARGS...]");
+    CLI::App* const list_command = app.add_subcommand("list", "List the worlds that have names");
+    CLI::App* const stop_command = app.add_subcommand("stop", "End a world");
+    CLI::App* const check_command = app.add_subcommand("check", "Say whether this machine can run the emulator");
+
+    add_options(*run_command, asked);
+    run_command->add_option("--world", asked.world, "Give the world a name, by which others can join it")
+        ->type_name("NAME");
     run_command->add_flag("--linger", asked.linger, "Wait for what PROGRAM leaves running, instead of ending it");
-    run_command->add_option("--grace", asked.grace, "Seconds between SIGTERM and SIGKILL for what must end (2)")
-        ->type_name("SECONDS")
-        ->check(in_seconds);
-    run_command
-        ->add_option("--timeout", asked.timeout, "End PROGRAM and all others after so many seconds; exit with 124")
-        ->type_name("SECONDS")
-        ->check(in_seconds);
     bool in_process = false;
     CLI::Option* const in_process_flag = run_command->add_flag(
         "--in-process", in_process, "Preload the module into the program instead of making a world");
     for (CLI::Option* const option : run_command->get_options())
         if (option != in_process_flag)
             in_process_flag->excludes(option);
-    CLI::App* const check_command = app.add_subcommand("check", "Say whether this machine can run the emulator");
+    add_options(*serve_command, asked);
+    serve_command->add_option("--world", asked.world, "The world's name")->type_name("NAME")->required();
+    join_command->add_option("NAME", asked.world, "The world's name")->required();
+    stop_command->add_option("NAME", asked.world, "The world's name")->required();
 
     try {
         app.parse(own, argv);
         if (check_command->parsed())
             return check();
+        if (list_command->parsed())
+            return list();
+        if (stop_command->parsed())
+            return stop(*asked.world);
+        if (serve_command->parsed())
+            return serve(asked);
         if (*program == nullptr)
             throw CLI::RequiredError("-- PROGRAM");
+        if (join_command->parsed())
+            return join(*asked.world, program);
         return in_process ? emulator::run_in_process(program, execute) : run(asked, program);
     } catch (const CLI::ParseError& error) {
         // --help and --version come this way, too.

@@ -58,13 +58,6 @@ void map_users(pid_t process)
     write_file(folder + "gid_map", fmt::format("{0} {0} 1", getegid()));
 }
 
-// Without a user namespace, where the caller may do in its own all that is needed.
-int needed_namespaces()
-{
-    const int always = CLONE_NEWNS | CLONE_NEWPID;
-    return may({CAP_SYS_ADMIN, CAP_SYS_PTRACE, CAP_SYS_CHROOT, CAP_KILL}) ? always : always | CLONE_NEWUSER;
-}
-
 // What would have to be allowed.
 std::string_view remedy_for(int error)
 {
@@ -143,6 +136,12 @@ pid_t first_process(const Link& link, pid_t taker)
 
 } // namespace
 
+int needed_namespaces()
+{
+    const int always = CLONE_NEWNS | CLONE_NEWPID;
+    return may({CAP_SYS_ADMIN, CAP_SYS_PTRACE, CAP_SYS_CHROOT, CAP_KILL}) ? always : always | CLONE_NEWUSER;
+}
+
 pid_t fork_apart()
 {
     auto [here, there] = Link::pair();
@@ -155,11 +154,9 @@ pid_t fork_apart()
     if (taker == 0) {
         here.close();
         take_namespaces(there);
-        // The kernel ends the world with whoever started it, from the time on when that is the parent.
+        // From when the taker has ended, the caller is the parent.
         if (!there.receive())
             _exit(1);
-        prctl(PR_SET_PDEATHSIG, SIGKILL);
-        there.send(Word::Ready);
         return 0;
     }
     there.close();
@@ -174,7 +171,6 @@ pid_t fork_apart()
         }
     }
     here.send(Word::Go);
-    expect(here);
     return first;
 }
 

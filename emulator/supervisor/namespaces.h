@@ -7,6 +7,10 @@
 
 namespace emulator {
 
+// Those that a caller's world has, as unshare(2) and setns(2) name them: with one of users, unless the caller may
+// do without what it would give.
+int needed_namespaces();
+
 // Starts a process that is the first in namespaces of its own, with all privileges in them, and has the caller for its
 // parent. Returns its number, or 0 in the new process. Throws, in the caller, if the machine refuses.
 pid_t fork_apart();

@@ -1,78 +1,67 @@
 #include "emulator/supervisor/supervisor.h"
 
 #include "emulator/supervisor/crew.h"
-#include "emulator/supervisor/failure.h"
 #include "emulator/supervisor/signals.h"
 
 #include <algorithm>
-#include <array>
+#include <cerrno>
 #include <csignal>
 #include <cstdint>
-#include <fmt/core.h>
 #include <limits>
 #include <poll.h>
-#include <sys/prctl.h>
+#include <sys/socket.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
+#include <unistd.h>
+#include <vector>
 
 namespace emulator {
 
-namespace {
-
-constexpr int emulator_failed = 125;
-
-} // namespace
-
-void Supervisor::run(const std::function<int()>& program)
+void Supervisor::run(Group group, const std::function<int()>& program)
 {
     // Before there are threads, which would hear them instead.
     const Signals signals {SIGCHLD, SIGPIPE};
-    start(program);
+    program_.emplace(group, premises_.handed, program);
     // What the terminal sends is not for the supervisor, whose process group the program was started in.
     setpgid(0, 0);
-    if (premises_.lifetime.timeout)
-        timeout_ = Clock::now() + *premises_.lifetime.timeout;
-    while (!(end_ && deserted_)) {
-        std::array<pollfd, 2> events {{{link_.descriptor(), POLLIN, 0}, {signals.descriptor(), POLLIN, 0}}};
+    if (Descriptor listener = program_->take_listener())
+        Crew::serve(module_, premises_.device, std::move(listener));
+    loop(signals);
+}
+
+void Supervisor::serve()
+{
+    const Signals signals {SIGCHLD, SIGPIPE};
+    setpgid(0, 0);
+    loop(signals);
+}
+
+void Supervisor::loop(const Signals& signals)
+{
+    if (lifetime_.timeout)
+        timeout_ = Clock::now() + *lifetime_.timeout;
+    while (!end_ || !(deserted_ || killed_)) {
+        std::vector<pollfd> events {{link_.descriptor(), POLLIN, 0}, {signals.descriptor(), POLLIN, 0},
+            {control_ == nullptr ? -1 : control_->listener(), POLLIN, 0}};
+        for (const Visitor& visitor : visitors_)
+            events.push_back({visitor.link.descriptor(), POLLIN, 0});
         if (poll(events.data(), events.size(), until_next_deadline()) < 0)
             continue;
         if (events[0].revents != 0)
             hear_link();
-        if (events[1].revents != 0) {
-            while (signals.next())
-                continue;
-            reap();
-        }
+        while (signals.next())
+            continue;
+        auto event = events.begin() + 3;
+        for (Visitor& visitor : visitors_)
+            if ((event++)->revents != 0)
+                hear(visitor);
+        visitors_.remove_if([](const Visitor& visitor) { return visitor.has_left; });
+        if (events[2].revents != 0)
+            admit();
+        look_around();
         look_at_clock();
     }
     link_.send(end_->word, end_->number);
-}
-
-void Supervisor::start(const std::function<int()>& program)
-{
-    auto [here, there] = Link::pair();
-    program_ = fork();
-    if (program_ < 0)
-        fail("cannot start a process");
-    if (program_ == 0)
-        become(program, there);
-    there.close();
-    if (auto message = here.receive())
-        Crew::serve(module_, premises_.device, std::move(message->passed));
-}
-
-void Supervisor::become(const std::function<int()>& program, const Link& to_supervisor) const
-{
-    prctl(PR_SET_PDEATHSIG, SIGKILL);
-    if (premises_.group == Group::Own && setpgid(0, 0) == 0)
-        give_terminal_to(getpid());
-    try {
-        const Descriptor listener = enter_filter(premises_.handed);
-        to_supervisor.pass(Word::Listener, listener.number());
-    } catch (const std::exception& error) {
-        fmt::print(stderr, "lumozeph-emulator: {}\n", error.what());
-        _exit(emulator_failed);
-    }
-    _exit(program());
 }
 
 void Supervisor::hear_link()
@@ -80,63 +69,103 @@ void Supervisor::hear_link()
     const auto message = link_.receive();
     if (!message) {
         // Whoever started the world has gone.
-        end_by(Word::Killed, SIGKILL);
+        end_by({Word::Killed, SIGKILL, {}, {}});
         kill();
-    } else if (!end_) {
-        heed(*message);
-    } else if (!killing_) {
-        ask_to_end();
-    } else {
-        kill();
+    } else if (program_ && !end_) {
+        program_->heed(*message);
+    } else if (message->number != SIGCONT) {
+        end_by({Word::Exited, 0, {}, {}});
+        killing_ ? kill() : ask_to_end();
     }
 }
 
-void Supervisor::heed(const Message& message)
+void Supervisor::admit()
 {
-    if (message.word == Word::Terminal)
-        give_terminal_to(program_);
-    else
-        ::kill(message.number == SIGCONT && premises_.group == Group::Own ? -program_ : program_, message.number);
+    Descriptor socket(accept4(control_->listener(), nullptr, nullptr, SOCK_CLOEXEC));
+    if (!socket)
+        return;
+    Link link(std::move(socket));
+    if (is_same_user(link))
+        visitors_.push_back({std::move(link)});
 }
 
-void Supervisor::reap()
+void Supervisor::hear(Visitor& visitor)
+{
+    auto message = visitor.link.receive();
+    visitor.has_left = !message;
+    if (!message)
+        return;
+    switch (message->word) {
+    case Word::Join:
+        let_join(visitor.link);
+        break;
+    case Word::Listener:
+        visitor.has_joined = true;
+        Crew::serve(module_, premises_.device, std::move(message->passed));
+        break;
+    case Word::Describe:
+        visitor.link.send(Word::Ready, 0, premises_.description);
+        break;
+    case Word::Stop:
+        if (!program_)
+            end_by({Word::Exited, 0, {}, {}});
+        if (!killing_)
+            ask_to_end();
+        break;
+    default:
+        visitor.has_left = true;
+    }
+}
+
+void Supervisor::let_join(const Link& link) const
+{
+    if (killing_) {
+        link.send(Word::Failed, 0, "the world is about to end");
+        return;
+    }
+    const Descriptor self(static_cast<int>(syscall(SYS_pidfd_open, getpid(), 0)));
+    if (self)
+        link.pass(Word::Ready, self.number(), premises_.namespaces);
+    else
+        link.send(Word::Failed, 0, "the world has no descriptor left");
+}
+
+void Supervisor::look_around()
 {
     int status = 0;
     pid_t child = 0;
     while ((child = waitpid(-1, &status, WNOHANG | WUNTRACED)) > 0) {
-        if (child != program_)
+        if (!program_ || child != program_->number())
             continue;
-        if (WIFSTOPPED(status)) {
-            link_.send(Word::Stopped, WSTOPSIG(status));
-        } else if (WIFSIGNALED(status)) {
-            end_by(Word::Killed, WTERMSIG(status));
-        } else {
-            end_by(Word::Exited, WEXITSTATUS(status));
-        }
+        if (Message news = tell(status); news.word == Word::Stopped)
+            link_.send(news.word, news.number);
+        else
+            end_by(std::move(news));
     }
-    if (child < 0 && errno == ECHILD)
-        deserted_ = true;
-    else if (end_ && !killing_ && premises_.lifetime.leftovers == Leftovers::End)
+    const auto has_joined = [](const Visitor& visitor) { return visitor.has_joined; };
+    deserted_ = child < 0 && errno == ECHILD && std::none_of(visitors_.begin(), visitors_.end(), has_joined);
+    if (!deserted_ && end_ && !killing_ && lifetime_.leftovers == Leftovers::End)
         ask_to_end();
 }
 
-void Supervisor::end_by(Word word, int number)
+void Supervisor::end_by(Message end)
 {
     if (!end_)
-        end_ = Message {word, number, {}, {}};
+        end_ = std::move(end);
 }
 
 void Supervisor::ask_to_end()
 {
     premises_.inhabitants.signal(SIGTERM);
     premises_.inhabitants.signal(SIGCONT);
-    killing_ = Clock::now() + premises_.lifetime.grace;
+    killing_ = Clock::now() + lifetime_.grace;
 }
 
 void Supervisor::kill()
 {
     premises_.inhabitants.kill();
-    deserted_ = true;
+    end_by({Word::Killed, SIGKILL, {}, {}});
+    killed_ = true;
 }
 
 void Supervisor::look_at_clock()
@@ -144,7 +173,7 @@ void Supervisor::look_at_clock()
     const auto now = Clock::now();
     if (timeout_ && now >= *timeout_) {
         timeout_.reset();
-        end_by(Word::Exited, timed_out);
+        end_by({Word::Exited, timed_out, {}, {}});
         if (!killing_)
             ask_to_end();
     }

@@ -1,31 +1,25 @@
 #include "emulator/supervisor/world.h"
 
+#include "emulator/supervisor/control.h"
 #include "emulator/supervisor/failure.h"
+#include "emulator/supervisor/guest.h"
 #include "emulator/supervisor/mounts.h"
 #include "emulator/supervisor/namespaces.h"
-#include "emulator/supervisor/signals.h"
 #include "emulator/supervisor/supervisor.h"
-#include "emulator/supervisor/terminal.h"
 
-#include <array>
-#include <cerrno>
 #include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
-#include <fmt/core.h>
+#include <fmt/format.h>
 #include <memory>
-#include <optional>
-#include <poll.h>
 #include <stdexcept>
-#include <string>
+#include <sys/prctl.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
+#include <unistd.h>
 
 namespace emulator {
 
 namespace {
-
-constexpr int emulator_failed = 125;
 
 // Keeps where the process is, which is elsewhere when the files around it are mounted anew.
 class Place
@@ -53,197 +47,194 @@ MountIds make_device_files_around()
     return make_device_files();
 }
 
-// What the supervisor of a world is given.
-struct House
-{
-    SharedModule& module;
-    Trace& trace;
-    const Foreground& foreground;
-    Lifetime lifetime;
-};
+// What a supervisor does once the device is there.
+using Work = std::function<void(Mode, const Premises&, const Link&)>;
 
-// A world, as the process sees it that was asked for it.
-class World
+void supervise(Mode mode, int namespaces, const Link& link, const Work& work)
+{
+    if (mode == Mode::Namespaces) {
+        const MountedDevice device(make_device_files_around());
+        const OfNamespace inhabitants;
+        work(mode, {device, Handed::Commands, inhabitants, namespaces, "namespaces"}, link);
+        return;
+    }
+    if (!MarkedDevice::open(O_RDWR))
+        fail("cannot open /dev/null");
+    const MarkedDevice device;
+    const Descendants inhabitants;
+    work(mode, {device, Handed::CommandsAndOpens, inhabitants, 0, "injection"}, link);
+}
+
+Group group_in(Mode mode, const Foreground& foreground)
+{
+    return mode == Mode::Namespaces && foreground.is_alone() ? Group::Own : Group::Shared;
+}
+
+// Starts a supervisor. Throws if the machine refuses.
+Front make_world(Mode mode, const Foreground& foreground, const Work& work)
+{
+    if (mode == Mode::Namespaces && what_forbids_device_files() != nullptr)
+        throw std::runtime_error(what_forbids_device_files());
+    const int namespaces = needed_namespaces();
+    // If the supervisor is killed, its children are the caller's at once.
+    const Descendants adopted;
+    auto [here, there] = Link::pair();
+    const pid_t supervisor = mode == Mode::Namespaces ? fork_apart() : fork();
+    if (supervisor < 0)
+        fail("cannot start a process");
+    if (supervisor > 0) {
+        there.close();
+        return {supervisor, std::move(here), group_in(mode, foreground), foreground};
+    }
+    here.close();
+    // Who is stopped must notice, too, that whoever started the world has gone.
+    prctl(PR_SET_PDEATHSIG, SIGCONT);
+    work_until_end(there, [&](const Link& link) { supervise(mode, namespaces, link, work); });
+}
+
+Front make_best_world(const Wishes& wishes, const Foreground& foreground, const Work& work)
+{
+    if (wishes.mode)
+        return make_world(*wishes.mode, foreground, work);
+    try {
+        return make_world(Mode::Namespaces, foreground, work);
+    } catch (const std::runtime_error& refusal) {
+        return make_world(Mode::Injection, foreground, work);
+    }
+}
+
+// A name's socket, as long as the world needs it.
+class Door
 {
 public:
-    // Throws if the machine refuses.
-    World(Mode mode, const House& house, const std::function<int()>& program)
-        : foreground_(house.foreground), group_(group_in(mode, house.foreground))
+    explicit Door(const std::optional<std::string>& name)
     {
-        if (mode == Mode::Namespaces && what_forbids_device_files() != nullptr)
-            throw std::runtime_error(what_forbids_device_files());
-        auto [here, there] = Link::pair();
-        supervisor_ = mode == Mode::Namespaces ? fork_apart() : fork();
-        if (supervisor_ < 0)
-            fail("cannot start a process");
-        if (supervisor_ == 0) {
-            here.close();
-            supervise(mode, house, there, program);
-        }
-        link_.emplace(std::move(here));
-        there.close();
-        const auto answer = link_->receive();
-        if (answer && answer->word == Word::Ready)
+        if (name)
+            socket_.emplace(*name);
+    }
+    ~Door() { shut(); }
+    Door(const Door&) = delete;
+    Door& operator=(const Door&) = delete;
+
+    ControlSocket* socket() { return socket_ ? &*socket_ : nullptr; }
+
+    // Both the front and the supervisor do this in the end, as one may have been killed.
+    void shut()
+    {
+        if (!socket_)
             return;
-        const std::string why = answer ? answer->text : "the supervisor was killed";
-        end();
-        throw std::runtime_error(why);
+        socket_->close();
+        socket_->remove();
     }
 
-    // Passes signals on until the world has ended.
-    Ending wait(const Signals& signals)
+    void leave_to_supervisor()
     {
-        std::optional<Ending> ending;
-        for (bool there = true; there;) {
-            std::array<pollfd, 2> events {{{link_->descriptor(), POLLIN, 0}, {signals.descriptor(), POLLIN, 0}}};
-            if (poll(events.data(), events.size(), -1) < 0)
-                continue;
-            if (events[0].revents != 0)
-                there = hear(ending);
-            if (events[1].revents != 0)
-                while (const auto signal = signals.next())
-                    pass_on(*signal);
-        }
-        end();
-        if (!ending)
-            throw std::runtime_error("the supervisor was killed");
-        foreground_.take();
-        // Whoever waits in the process group that had the terminal would have been interrupted, too.
-        if (group_ == Group::Own && (ending->signal == SIGINT || ending->signal == SIGQUIT))
-            kill(0, ending->signal);
-        return *ending;
+        if (socket_)
+            socket_->close();
     }
 
 private:
-    [[noreturn]] static void supervise(
-        Mode mode, const House& house, const Link& link, const std::function<int()>& program)
-    {
-        try {
-            if (mode == Mode::Namespaces) {
-                const MountedDevice device(make_device_files_around());
-                const OfNamespace inhabitants;
-                supervise({device, Handed::Commands, inhabitants, house.lifetime, group_in(mode, house.foreground)},
-                    house, link, program);
-            } else {
-                if (!MarkedDevice::open(O_RDWR))
-                    fail("cannot open /dev/null");
-                const MarkedDevice device;
-                const Descendants inhabitants;
-                supervise(
-                    {device, Handed::CommandsAndOpens, inhabitants, house.lifetime, group_in(mode, house.foreground)},
-                    house, link, program);
-            }
-        } catch (const std::exception& error) {
-            link.send(Word::Failed, 0, error.what());
-            _exit(emulator_failed);
-        }
-        // Threads may still be waiting for memory that never comes.
-        _exit(0);
-    }
-
-    static void supervise(
-        const Premises& premises, const House& house, const Link& link, const std::function<int()>& program)
-    {
-        link.send(Word::Ready);
-        Supervisor(house.module, premises, link).run(program);
-        house.trace.finish(house.lifetime.grace);
-    }
-
-    static Group group_in(Mode mode, const Foreground& foreground)
-    {
-        return mode == Mode::Namespaces && foreground.is_alone() ? Group::Own : Group::Shared;
-    }
-
-    void pass_on(const signalfd_siginfo& signal)
-    {
-        const int number = static_cast<int>(signal.ssi_signo);
-        if (number == SIGCONT && group_ == Group::Own && has_terminal())
-            link_->send(Word::Terminal);
-        // What is sent to the whole process group by the terminal, or by a shell that continues it, has been heard by all
-        // who are in it.
-        if (number == SIGCONT ? group_ == Group::Own || stopped_ : signal.ssi_code != SI_KERNEL)
-            link_->send(Word::Signal, number);
-        if (number == SIGCONT)
-            stopped_ = false;
-    }
-
-    // Whoever started the emulator waits for it, not for the program.
-    void stop_by(int signal)
-    {
-        if (group_ == Group::Own) {
-            foreground_.take();
-            kill(signal == SIGSTOP ? getpid() : 0, signal);
-        } else if (signal == SIGSTOP) {
-            stopped_ = true;
-            raise(SIGSTOP);
-        }
-    }
-
-    // False when there is nothing more to hear.
-    bool hear(std::optional<Ending>& ending)
-    {
-        const auto message = link_->receive();
-        if (!message)
-            return false;
-        switch (message->word) {
-        case Word::Stopped:
-            stop_by(message->number);
-            break;
-        case Word::Exited:
-            ending = Ending {message->number, 0};
-            break;
-        case Word::Killed:
-            ending = Ending {0, message->number};
-            break;
-        default:
-            end();
-            throw std::runtime_error(message->text);
-        }
-        return true;
-    }
-
-    // Whoever is left when the supervisor was killed has become a child of the caller, or the kernel has ended them.
-    void end()
-    {
-        link_.reset();
-        while (waitpid(supervisor_, nullptr, 0) < 0 && errno == EINTR)
-            continue;
-        descendants_.kill();
-    }
-
-    Descendants descendants_;
-    const Foreground& foreground_;
-    Group group_;
-    pid_t supervisor_ = 0;
-    bool stopped_ = false; // because the program was, alone
-    std::optional<Link> link_;
+    std::optional<ControlSocket> socket_;
 };
-
-std::unique_ptr<World> best_world(const House& house, const std::function<int()>& program)
-{
-    try {
-        return std::make_unique<World>(Mode::Namespaces, house, program);
-    } catch (const std::runtime_error& refusal) {
-        return std::make_unique<World>(Mode::Injection, house, program);
-    }
-}
 
 } // namespace
 
 Ending run_in_world(Module& module, const Wishes& wishes, const std::function<int()>& program)
 {
+    Door door(wishes.name);
     Trace trace(wishes.trace);
     SharedModule shared(module, trace);
-    const Signals signals {SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGUSR1, SIGUSR2, SIGCONT};
+    const Signals signals = heard_by_front();
     const Foreground foreground;
-    const House house {shared, trace, foreground, wishes.lifetime};
-    const auto restored = [&signals, &program] {
-        signals.restore();
-        return program();
-    };
-    const auto world =
-        wishes.mode ? std::make_unique<World>(*wishes.mode, house, restored) : best_world(house, restored);
-    return world->wait(signals);
+    Front front = make_best_world(wishes, foreground, [&](Mode mode, const Premises& premises, const Link& link) {
+        Supervisor supervisor(shared, premises, wishes.lifetime, link, door.socket());
+        link.send(Word::Ready);
+        supervisor.run(group_in(mode, foreground), [&] {
+            signals.restore();
+            return program();
+        });
+        door.shut();
+        trace.finish(wishes.lifetime.grace);
+    });
+    door.leave_to_supervisor();
+    return front.wait(signals);
+}
+
+Ending serve_world(Module& module, const Wishes& wishes, const std::function<void()>& ready)
+{
+    Door door(wishes.name);
+    Trace trace(wishes.trace);
+    SharedModule shared(module, trace);
+    const Signals signals = heard_by_front();
+    const Foreground foreground;
+    Front front = make_best_world(wishes, foreground, [&](Mode, const Premises& premises, const Link& link) {
+        Supervisor supervisor(shared, premises, wishes.lifetime, link, door.socket());
+        link.send(Word::Ready);
+        supervisor.serve();
+        door.shut();
+        trace.finish(wishes.lifetime.grace);
+    });
+    door.leave_to_supervisor();
+    ready();
+    return front.wait(signals);
+}
+
+Ending join_world(const std::string& name, const std::function<int()>& program)
+{
+    require_filter();
+    std::optional<Link> world = connect_to(name);
+    if (!world)
+        throw std::runtime_error(fmt::format("there is no world '{}'", name));
+    world->send(Word::Join);
+    const auto answer = world->receive();
+    if (!answer || answer->word != Word::Ready)
+        throw std::runtime_error(answer ? answer->text : "the world has ended");
+    const int namespaces = answer->number;
+
+    const Signals signals = heard_by_front();
+    const Foreground foreground;
+    const Mode mode = namespaces != 0 ? Mode::Namespaces : Mode::Injection;
+    auto [here, there] = Link::pair();
+    const pid_t worker = fork();
+    if (worker < 0)
+        fail("cannot start a process");
+    if (worker == 0) {
+        here.close();
+        work_until_end(there, [&](const Link& link) {
+            if (namespaces != 0)
+                enter_namespaces(answer->passed, namespaces);
+            link.send(Word::Ready);
+            const Handed handed = namespaces != 0 ? Handed::Commands : Handed::CommandsAndOpens;
+            Guest(*world, link).run(group_in(mode, foreground), handed, [&] {
+                signals.restore();
+                return program();
+            });
+        });
+    }
+    there.close();
+    world.reset();
+    return Front(worker, std::move(here), group_in(mode, foreground), foreground).wait(signals);
+}
+
+bool stop_world(const std::string& name)
+{
+    const std::optional<Link> world = connect_to(name);
+    if (!world)
+        return false;
+    world->send(Word::Stop);
+    while (world->receive())
+        continue;
+    return true;
+}
+
+std::optional<std::string> describe_world(const std::string& name)
+{
+    const std::optional<Link> world = connect_to(name);
+    if (!world)
+        return std::nullopt;
+    world->send(Word::Describe);
+    const auto answer = world->receive();
+    return answer ? std::optional(answer->text) : std::nullopt;
 }
 
 } // namespace emulator

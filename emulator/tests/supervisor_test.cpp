@@ -1,5 +1,5 @@
 // The emulator's program, run as a user runs it.
-#include "emulator/tests/processes.h"
+#include "emulator/tests/in_mode.h"
 
 #include <poll.h>
 #include <pty.h>
@@ -11,78 +11,6 @@ using testing::MatchesRegex;
 using testing::StartsWith;
 
 namespace {
-
-const auto modes = testing::Values("namespaces", "injection");
-
-// In each mode that the machine offers.
-class InMode : public testing::TestWithParam<std::string>
-{
-protected:
-    void SetUp() override
-    {
-        if (const std::string why = refusal_of(GetParam()); !why.empty())
-            GTEST_SKIP() << why;
-    }
-
-    static Words in_world(const Words& program, const Words& options = {})
-    {
-        Words all {"--mode", GetParam()};
-        all.insert(all.end(), options.begin(), options.end());
-        return ::in_world(all, program);
-    }
-    static Ended run(const Words& program) { return Process(in_world(program)).wait(); }
-    static Ended shell(const std::string& script) { return run({"/bin/sh", "-c", script}); }
-};
-
-// A folder that goes with the test.
-class Folder
-{
-public:
-    explicit Folder(mode_t mode)
-    {
-        std::string name = std::filesystem::temp_directory_path() / "lumozeph-test-XXXXXX";
-        path_ = mkdtemp(name.data());
-        std::filesystem::permissions(path_, std::filesystem::perms(mode));
-    }
-    ~Folder() { std::filesystem::remove_all(path_); }
-    Folder(const Folder&) = delete;
-    Folder& operator=(const Folder&) = delete;
-
-    const std::filesystem::path& path() const { return path_; }
-
-private:
-    std::filesystem::path path_;
-};
-
-// A program in a world that can be told from all others, on the outside as well.
-class MarkedWorld
-{
-public:
-    explicit MarkedWorld(const Words& world) : process_(marked(world)) {}
-
-    Process& process() { return process_; }
-    void expect_gone() const { expect_none_with(mark()); }
-    // The only child of the process that was started.
-    pid_t supervisor() const
-    {
-        const std::string process = std::to_string(process_.pid());
-        std::ifstream children("/proc/" + process + "/task/" + process + "/children");
-        pid_t child = 0;
-        children >> child;
-        return child;
-    }
-
-private:
-    static std::string mark() { return "LUMOZEPH_TEST=" + std::to_string(getpid()); }
-    static Words marked(const Words& world)
-    {
-        Words words {"/usr/bin/env", mark()};
-        words.insert(words.end(), world.begin(), world.end());
-        return words;
-    }
-
-    Process process_;
-};
 
 // Without and with the run-time linker, as the user who runs the tests and as an ordinary one.
 struct Client
