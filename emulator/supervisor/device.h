@@ -5,34 +5,44 @@
 #include "emulator/supervisor/mounts.h"
 
 #include <cstdint>
+#include <sys/types.h>
 
 namespace emulator {
 
 class Device
 {
 public:
+    enum class Is
+    {
+        Meant,   // commands can be given on the descriptor
+        Another, // the kernel is to answer
+        Unclear, // nobody is
+    };
+
     Device() = default;
     virtual ~Device() = default;
     Device(const Device&) = delete;
     Device& operator=(const Device&) = delete;
 
-    // Whether a descriptor is one of the device on which commands can be given.
-    bool is_opened_as(int descriptor) const;
+    // What a copy of a thread's descriptor is of.
+    Is opened_as(int descriptor, pid_t thread) const;
 
 private:
-    virtual bool is_meant_by(int descriptor) const = 0;
+    virtual Is meant_by(int descriptor, pid_t thread) const = 0;
 };
 
 // The device as a file, in mounts of its own.
 class MountedDevice : public Device
 {
 public:
-    explicit MountedDevice(const MountIds& mounts) : mounts_(mounts) {}
+    explicit MountedDevice(DeviceFiles files);
 
 private:
-    bool is_meant_by(int descriptor) const override;
+    Is meant_by(int descriptor, pid_t thread) const override;
 
-    MountIds mounts_;
+    DeviceFiles files_;
+    std::array<std::uint64_t, 2> mounts_;
+    std::uint64_t null_mount_;
 };
 
 // The device without a file: whoever opens it is given the null device instead, opened anew with the same flags, with a
@@ -44,7 +54,7 @@ public:
     static Descriptor open(std::uint64_t flags);
 
 private:
-    bool is_meant_by(int descriptor) const override;
+    Is meant_by(int descriptor, pid_t thread) const override;
 };
 
 } // namespace emulator

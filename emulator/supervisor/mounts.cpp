@@ -15,6 +15,7 @@
 #include <string>
 #include <sys/mount.h>
 #include <sys/stat.h>
+#include <sys/statvfs.h>
 #include <sys/syscall.h>
 #include <sys/sysmacros.h>
 #include <sys/vfs.h>
@@ -146,16 +147,24 @@ void cover_root()
         fail("cannot change the root");
 }
 
-// What happens to the file in the world must not happen to the null device outside.
+// What happens to the file in the world must not happen to the null device outside. Copies of the mount have the same
+// attributes, which other mounts do not have together.
+constexpr std::uint64_t attributes_of_device =
+    MOUNT_ATTR_RDONLY | MOUNT_ATTR_NOSUID | MOUNT_ATTR_NOEXEC | MOUNT_ATTR_NOSYMFOLLOW;
+
+// The same in statvfs(3), for the last of which libc has no name.
+constexpr unsigned long without_symlinks = 0x2000;
+constexpr unsigned long flags_of_device = ST_RDONLY | ST_NOSUID | ST_NOEXEC | without_symlinks;
+
 void protect(const Descriptor& copy)
 {
     mount_attr attributes {};
-    attributes.attr_set = MOUNT_ATTR_RDONLY;
+    attributes.attr_set = attributes_of_device;
     if (mount_setattr(copy.number(), "", AT_EMPTY_PATH, &attributes, sizeof attributes) != 0)
         fail("cannot protect the device");
 }
 
-std::uint64_t make_device_file(const fs::path& path)
+Descriptor make_device_file(const fs::path& path)
 {
     const Descriptor null = copy_of(AT_FDCWD, "/dev/null");
     struct stat device
@@ -164,11 +173,10 @@ std::uint64_t make_device_file(const fs::path& path)
         throw std::runtime_error("/dev/null is not the null device");
     protect(null);
     attach(null, AT_FDCWD, path);
-    const Descriptor made(open(path.c_str(), O_PATH | O_CLOEXEC));
-    const std::uint64_t id = mount_of(made.number());
-    if (id == 0)
+    Descriptor made(open(path.c_str(), O_PATH | O_CLOEXEC));
+    if (mount_of(made.number()) == 0)
         throw std::runtime_error("the kernel does not tell mounts apart");
-    return id;
+    return made;
 }
 
 bool holds_processes(const char* path)
@@ -189,6 +197,13 @@ std::uint64_t mount_of(int descriptor)
     return found.stx_mnt_id;
 }
 
+bool is_marked_mount(int descriptor)
+{
+    struct statvfs found
+    {};
+    return fstatvfs(descriptor, &found) == 0 && (found.f_flag & flags_of_device) == flags_of_device;
+}
+
 const char* what_forbids_device_files()
 {
     struct statx root
@@ -198,7 +213,7 @@ const char* what_forbids_device_files()
     return nullptr;
 }
 
-MountIds make_device_files()
+DeviceFiles make_device_files()
 {
     // What is mounted outside appears inside, and nothing the other way.
     if (mount(nullptr, "/", nullptr, MS_REC | MS_SLAVE, nullptr) != 0)
@@ -220,14 +235,15 @@ MountIds make_device_files()
             if (!is_there(path))
                 make_file(AT_FDCWD, std::string(path));
     }
-    const MountIds ids {make_device_file(protocol::normal_path), make_device_file(protocol::upgrade_path)};
+    DeviceFiles files {{make_device_file(protocol::normal_path), make_device_file(protocol::upgrade_path)},
+        Descriptor(open("/dev/null", O_PATH | O_CLOEXEC))};
     // What were written into the new folder would be lost with the world.
     if (!complete && mount(nullptr, existing.c_str(), nullptr, MS_REMOUNT | MS_BIND | MS_RDONLY | MS_NOSUID | MS_NODEV,
                          nullptr) != 0)
         fail("cannot protect the folder of the device");
     if (holds_processes("/proc") && mount("proc", "/proc", "proc", MS_NOSUID | MS_NODEV | MS_NOEXEC, nullptr) != 0)
         fail("cannot mount a new /proc");
-    return ids;
+    return files;
 }
 
 } // namespace emulator

@@ -143,9 +143,12 @@ void Server::answer_open(std::uint64_t path, std::uint64_t flags)
 void Server::answer_ioctl()
 {
     const Descriptor copy = copier_.copy(notification_.pid, notification_.data.args[0]);
-    if (copy ? !device_.is_opened_as(copy.number()) : kernel_knows(errno))
+    using Is = Device::Is;
+    const Is is = copy ? device_.opened_as(copy.number(), static_cast<pid_t>(notification_.pid))
+                       : (kernel_knows(errno) ? Is::Another : Is::Unclear);
+    if (is == Is::Another)
         let_continue();
-    else if (copy && notification_.data.arch == native_architecture && notification_.data.nr == SYS_ioctl)
+    else if (is == Is::Meant && notification_.data.arch == native_architecture && notification_.data.nr == SYS_ioctl)
         respond(command());
     else
         // It might be the device, for which the kernel has answers of its own; or it is, and the envelope holds

@@ -41,7 +41,7 @@ private:
     mode_t mask_;
 };
 
-MountIds make_device_files_around()
+DeviceFiles make_device_files_around()
 {
     const Place place;
     return make_device_files();

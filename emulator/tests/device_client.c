@@ -189,20 +189,20 @@ static int create_instance_on(int device)
     return report("create", result);
 }
 
-static int create_instance(void)
+static int create_instance(const char* path)
 {
-    const int device = open(NORMAL, O_RDWR);
+    const int device = open(path, O_RDWR);
     return device < 0 ? report("open", -1) : create_instance_on(device);
 }
 
 static int undumpable(void)
 {
-    return prctl(PR_SET_DUMPABLE, 0, 0, 0, 0) == 0 ? create_instance() : 1;
+    return prctl(PR_SET_DUMPABLE, 0, 0, 0, 0) == 0 ? create_instance(NORMAL) : 1;
 }
 
 static int drop_user(void)
 {
-    return setuid(65534) == 0 ? create_instance() : 1;
+    return setuid(65534) == 0 ? create_instance(NORMAL) : 1;
 }
 
 /* What opens of a device with these flags give. */
@@ -318,6 +318,8 @@ int main(int argc, char** argv)
         return get("kola_lumo");
     if (strcmp(verb, "get-on") == 0)
         return report("inherited", get_on(atoi(argv[2]), &value));
+    if (strcmp(verb, "create-on") == 0)
+        return create_instance_on(atoi(argv[2]));
     if (strcmp(verb, "set") == 0)
         return set((uint32_t)strtoul(argv[2], NULL, 0));
     if (strcmp(verb, "ioctl") == 0)
@@ -341,7 +343,7 @@ int main(int argc, char** argv)
     if (strcmp(verb, "get-at") == 0)
         return get(argv[2]);
     if (strcmp(verb, "create") == 0)
-        return create_instance();
+        return create_instance(argc > 2 ? argv[2] : NORMAL);
     if (strcmp(verb, "undumpable") == 0)
         return undumpable();
     if (strcmp(verb, "drop-user") == 0)

@@ -275,6 +275,61 @@ TEST_F(NamespacesWorld, OpensOtherFilesWithoutTheSupervisor)
     EXPECT_EQ(world.process().out(), "ready\nopened\n");
 }
 
+// Gives whatever follows mounts of its own, which are copies of the world's.
+Words apart()
+{
+    Words all {"unshare -Urm", "unshare -Urm --propagation unchanged", "bwrap --dev-bind / /",
+        "bwrap --unshare-user --unshare-pid --dev-bind / / --proc /proc"};
+    if (geteuid() == 0)
+        all.emplace_back("unshare -m");
+    return all;
+}
+
+TEST_F(NamespacesWorld, ServesProgramsThatHaveMountsOfTheirOwn)
+{
+    for (const std::string& start : apart()) {
+        EXPECT_EQ(shell("exec " + start + " " DYNAMIC_CLIENT " create").out, "create ok\n") << start;
+        EXPECT_EQ(
+            shell("exec 3<>/pelt/devices/char/zephdriver/kola_lumo; exec " + start + " " DYNAMIC_CLIENT " create-on 3")
+                .out,
+            "create ok\n")
+            << start;
+    }
+}
+
+TEST_F(NamespacesWorld, ServesTheDeviceWhereOthersHaveMountedIt)
+{
+    const Ended ended =
+        shell("place=$(mktemp) && unshare -Urm sh -c 'mount --bind "
+              "/pelt/devices/char/zephdriver/kola_lumo $0 && exec " DYNAMIC_CLIENT " create $0' $place; "
+              "rm $place");
+    EXPECT_EQ(ended.out, "create ok\n") << ended.err;
+}
+
+TEST_F(NamespacesWorld, HasNoAnswerWhereItCannotTellTheDeviceFromAnother)
+{
+    const Ended null = shell("place=$(mktemp) && unshare -Urm sh -c 'mount --bind /dev/null $0 && exec " DYNAMIC_CLIENT
+                             " create $0' $place; rm $place");
+    EXPECT_EQ(null.out, "create EIO\n") << null.err;
+    if (geteuid() == 0) {
+        const Ended changed = shell("exec unshare -m sh -c 'mount -o remount,bind,rw,suid,exec,symfollow "
+                                    "/pelt/devices/char/zephdriver/kola_lumo && exec " DYNAMIC_CLIENT " create'");
+        EXPECT_EQ(changed.out, "create EIO\n") << changed.err;
+    }
+}
+
+TEST_F(NamespacesWorld, HasNoAnswerForADescriptorOfAnotherWorld)
+{
+    MarkedWorld other(in_world({"--mode", "namespaces"}, {"/bin/sh", "-c", "echo ready; exec sleep 1000"}));
+    other.process().wait_for_lines(1);
+    const std::string inside = "/proc/" + std::to_string(only_child_of(other.supervisor())) + "/root";
+    const Ended ended =
+        Process({"/bin/bash", "-c", "exec 3<>\"$0\" && exec \"$@\"", inside + "/pelt/devices/char/zephdriver/kola_lumo",
+                    EMULATOR, "run", "--mode", "namespaces", "--", DYNAMIC_CLIENT, "create-on", "3"})
+            .wait();
+    EXPECT_EQ(ended.out, "create EIO\n") << ended.err;
+}
+
 TEST_P(World, GivesOutADeviceAndNotAFile)
 {
     const Ended ended = run({DYNAMIC_CLIENT, "is-device"});
