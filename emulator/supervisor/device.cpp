@@ -1,5 +1,7 @@
 #include "emulator/supervisor/device.h"
 
+#include "emulator/protocol/envelope.h"
+
 #include <algorithm>
 #include <cstdlib>
 #include <fcntl.h>
@@ -45,6 +47,14 @@ MountedDevice::MountedDevice(DeviceFiles files)
     : files_(std::move(files)), mounts_ {mount_of(files_.device[0].number()), mount_of(files_.device[1].number())},
       null_mount_(mount_of(files_.null.number()))
 {}
+
+std::string_view MountedDevice::path_of(int descriptor) const
+{
+    const std::uint64_t mount = mount_of(descriptor);
+    if (mount == mounts_[0])
+        return protocol::normal_path;
+    return mount == mounts_[1] ? protocol::upgrade_path : std::string_view();
+}
 
 Device::Is MountedDevice::meant_by(int descriptor, pid_t thread) const
 {

@@ -4,7 +4,9 @@
 #include "emulator/supervisor/descriptor.h"
 #include "emulator/supervisor/mounts.h"
 
+#include <array>
 #include <cstdint>
+#include <string_view>
 #include <sys/types.h>
 
 namespace emulator {
@@ -27,6 +29,12 @@ public:
     // What a copy of a thread's descriptor is of.
     Is opened_as(int descriptor, pid_t thread) const;
 
+    // Whether the kernel opens it.
+    virtual bool is_file() const = 0;
+
+    // The path of the device's file that a descriptor of the supervisor's is of; empty if it is of none.
+    virtual std::string_view path_of(int descriptor) const = 0;
+
 private:
     virtual Is meant_by(int descriptor, pid_t thread) const = 0;
 };
@@ -36,6 +44,9 @@ class MountedDevice : public Device
 {
 public:
     explicit MountedDevice(DeviceFiles files);
+
+    bool is_file() const override { return true; }
+    std::string_view path_of(int descriptor) const override;
 
 private:
     Is meant_by(int descriptor, pid_t thread) const override;
@@ -52,6 +63,9 @@ class MarkedDevice : public Device
 public:
     // A descriptor to be given away, or none with errno.
     static Descriptor open(std::uint64_t flags);
+
+    bool is_file() const override { return false; }
+    std::string_view path_of(int) const override { return {}; }
 
 private:
     Is meant_by(int descriptor, pid_t thread) const override;

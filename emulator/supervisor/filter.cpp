@@ -40,14 +40,14 @@ public:
     {
         if (context_ == nullptr)
             fail("cannot make a filter");
-        if (handed == Handed::CommandsAndOpens) {
-            for (const scmp_datum_t access : std::initializer_list<scmp_datum_t> {O_WRONLY, O_RDWR, O_ACCMODE}) {
-                add({1, SCMP_CMP_MASKED_EQ, O_ACCMODE, access}, SCMP_SYS(open));
-                add({2, SCMP_CMP_MASKED_EQ, O_ACCMODE, access}, SCMP_SYS(openat));
-            }
+        if (handed == Handed::CommandsAndOpensForWriting)
+            for (const scmp_datum_t access : std::initializer_list<scmp_datum_t> {O_WRONLY, O_RDWR, O_ACCMODE})
+                add_opens({0, SCMP_CMP_MASKED_EQ, O_ACCMODE, access});
+        if (handed == Handed::CommandsAndOpens)
+            add_opens({0, SCMP_CMP_MASKED_EQ, 0, 0});
+        if (handed != Handed::Commands)
             // Its flags are in memory.
             require(seccomp_rule_add(context_, SCMP_ACT_NOTIFY, SCMP_SYS(openat2), 0));
-        }
         // What is added from here on holds for the machine's other architectures, too: no program must get the kernel's
         // answer to a command.
         for (const std::uint32_t other : other_architectures)
@@ -72,6 +72,17 @@ private:
     void add(const scmp_arg_cmp& argument, int call)
     {
         require(seccomp_rule_add_array(context_, SCMP_ACT_NOTIFY, call, 1, &argument));
+    }
+
+    // flags: what they must be.
+    void add_opens(scmp_arg_cmp flags)
+    {
+        flags.arg = 2;
+        add(flags, SCMP_SYS(openat));
+#ifdef SYS_open
+        flags.arg = 1;
+        add(flags, SCMP_SYS(open));
+#endif
     }
 
     scmp_filter_ctx context_;

@@ -7,8 +7,9 @@ namespace emulator {
 
 enum class Handed
 {
-    Commands,         // the ioctls whose request is the number of a command
-    CommandsAndOpens, // also the opens with which a device can be used: those for writing
+    Commands,                   // the ioctls whose request is the number of a command
+    CommandsAndOpensForWriting, // also the opens with which a device is used
+    CommandsAndOpens,           // also all others
 };
 
 // Puts the calling process, and whatever it becomes and starts, under the filter. Returns the descriptor on which the

@@ -24,6 +24,7 @@ enum class Word : char
     Exited,   // number: the program's exit status
     Killed,   // number: the signal that ended the program
     Join,     // asks for what a program needs to enter the world
+    Handed,   // number: what its filter is to hand to the supervisor
     Describe, // asks for a text about the world
     Stop,     // asks the world to end
 };

@@ -83,6 +83,7 @@ struct Asked
     std::optional<std::string> world;
     std::optional<emulator::Mode> mode;
     std::string trace;
+    bool opens = false;
     bool linger = false;
     double grace = 2;
     std::optional<double> timeout;
@@ -95,7 +96,9 @@ std::chrono::milliseconds milliseconds(double seconds)
 
 emulator::Wishes wishes_for(const Asked& asked, const emulator::Descriptor& trace)
 {
-    emulator::Wishes wishes {asked.world, asked.mode, trace.number(), {}};
+    using emulator::Traced;
+    emulator::Wishes wishes {
+        asked.world, asked.mode, trace.number(), asked.opens ? Traced::CommandsAndOpens : Traced::Commands, {}};
     wishes.lifetime.leftovers = asked.linger ? emulator::Leftovers::WaitFor : emulator::Leftovers::End;
     wishes.lifetime.grace = milliseconds(asked.grace);
     if (asked.timeout)
@@ -159,7 +162,8 @@ std::string refusal(emulator::Mode mode)
 {
     try {
         emulator::Module module;
-        const emulator::Ending ending = emulator::run_in_world(module, {std::nullopt, mode, -1, {}}, ask_once);
+        const emulator::Ending ending =
+            emulator::run_in_world(module, {std::nullopt, mode, -1, emulator::Traced::Commands, {}}, ask_once);
         if (ending.signal == 0 && ending.status == 0)
             return {};
         return "the supervisor may not read the memory of its children";
@@ -191,8 +195,12 @@ void add_options(CLI::App& command, Asked& asked)
     command.add_option("--mode", asked.mode, "How the device comes into the world: namespaces or injection")
         ->type_name("MODE")
         ->transform(CLI::Transformer(std::map<std::string, emulator::Mode>(modes.begin(), modes.end())));
-    command.add_option("--trace", asked.trace, "Write a line of JSON for each command answered (-: standard error)")
-        ->type_name("FILE");
+    CLI::Option* const trace =
+        command
+            .add_option("--trace", asked.trace, "Write a line of JSON for each command answered (-: standard error)")
+            ->type_name("FILE");
+    command.add_flag("--opens", asked.opens, "Trace the opens of the device, too; slows all opens in the world")
+        ->needs(trace);
     command.add_option("--grace", asked.grace, "Seconds between SIGTERM and SIGKILL for what must end (2)")
         ->type_name("SECONDS")
         ->check(in_seconds);

@@ -7,9 +7,12 @@
 
 #include <array>
 #include <cerrno>
+#include <climits>
 #include <cstring>
 #include <fcntl.h>
+#include <fmt/format.h>
 #include <linux/audit.h>
+#include <linux/openat2.h>
 #include <sys/ioctl.h>
 #include <sys/syscall.h>
 #include <unistd.h>
@@ -86,45 +89,74 @@ void Server::answer()
     switch (call.arch == native_architecture ? call.nr : SYS_ioctl) {
 #ifdef SYS_open
     case SYS_open:
-        answer_open(call.args[0], call.args[1]);
+        answer_open(static_cast<std::uint32_t>(AT_FDCWD), call.args[0], call.args[1]);
         break;
 #endif
     case SYS_openat:
-        answer_open(call.args[1], call.args[2]);
+        answer_open(call.args[0], call.args[1], call.args[2]);
         break;
     case SYS_openat2:
-        answer_openat2(call.args[1], call.args[2]);
+        answer_openat2(call.args[0], call.args[1], call.args[2]);
         break;
     default:
         answer_ioctl();
     }
 }
 
-void Server::answer_openat2(std::uint64_t path, std::uint64_t how)
+void Server::answer_openat2(std::uint64_t folder, std::uint64_t path, std::uint64_t how)
 {
     std::uint64_t flags = 0; // the first member of struct open_how
     Memory(static_cast<pid_t>(notification_.pid)).read(how, std::as_writable_bytes(std::span(&flags, 1)));
-    if ((flags & O_ACCMODE) == O_RDONLY)
-        let_continue();
-    else
-        answer_open(path, flags);
+    answer_open(folder, path, flags);
 }
 
-void Server::answer_open(std::uint64_t path, std::uint64_t flags)
+void Server::answer_open(std::uint64_t folder, std::uint64_t path, std::uint64_t flags)
 {
-    std::array<std::byte, upgrade_path.size() + 1> buffer {};
+    std::array<std::byte, PATH_MAX> buffer;
     const Memory memory(static_cast<pid_t>(notification_.pid));
     const std::size_t length = memory.read_some(path, buffer);
-    if (length == 0 && errno == EPERM) {
-        respond(EIO); // It might be the device.
-        return;
-    }
+    const bool unreadable = length == 0 && errno == EPERM;
     const char* const text = reinterpret_cast<const char*>(buffer.data());
     const std::size_t end = strnlen(text, length);
-    if (end == length || !is_device_path({text, end}) || (flags & O_PATH) != 0) {
+    const bool is_whole = end < length && (flags & O_PATH) == 0;
+    if (device_.is_file()) {
+        if (is_whole)
+            see_open(folder, text, flags);
         let_continue();
-        return;
+    } else if (unreadable) {
+        respond(EIO); // It might be the device.
+    } else if (is_whole && is_device_path({text, end})) {
+        module_.trace_open(notification_.pid, {text, end}, flags);
+        give(flags);
+    } else {
+        let_continue();
     }
+}
+
+// Finds out what the kernel is going to open. Whoever changes the path meanwhile deceives the trace alone.
+void Server::see_open(std::uint64_t folder, const std::string& path, std::uint64_t flags)
+{
+    Descriptor start;
+    const bool is_absolute = path.starts_with('/');
+    if (is_absolute || static_cast<int>(folder) == AT_FDCWD) {
+        const std::string its = fmt::format("/proc/{}/{}", notification_.pid, is_absolute ? "root" : "cwd");
+        start = Descriptor(open(its.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+    } else {
+        start = copier_.copy(notification_.pid, folder);
+    }
+    open_how how {};
+    how.flags = O_PATH | O_CLOEXEC | (flags & O_NOFOLLOW);
+    // The links of /proc would lead into the supervisor's own files.
+    how.resolve = RESOLVE_NO_MAGICLINKS | (is_absolute ? RESOLVE_IN_ROOT : 0);
+    const Descriptor found(static_cast<int>(syscall(SYS_openat2, start.number(), path.c_str(), &how, sizeof how)));
+    if (!found)
+        return;
+    if (const std::string_view device = device_.path_of(found.number()); !device.empty())
+        module_.trace_open(notification_.pid, device, flags);
+}
+
+void Server::give(std::uint64_t flags)
+{
     const Descriptor opened = MarkedDevice::open(flags);
     if (!opened) {
         respond(errno);

@@ -9,6 +9,8 @@
 #include <cstdint>
 #include <linux/seccomp.h>
 #include <mutex>
+#include <string>
+#include <string_view>
 #include <vector>
 
 namespace emulator {
@@ -27,6 +29,10 @@ public:
 
     Applied apply(const Asked& asked, std::span<const std::byte> input);
     void trace(const Asked& asked, const Applied& applied) { trace_.write(applied.order, asked, applied.answer); }
+    void trace_open(std::uint32_t pid, std::string_view path, std::uint64_t flags)
+    {
+        trace_.write_open(pid, path, flags);
+    }
 
 private:
     Module& module_;
@@ -50,8 +56,10 @@ public:
 private:
     using Notification = seccomp_notif;
 
-    void answer_open(std::uint64_t path, std::uint64_t flags);
-    void answer_openat2(std::uint64_t path, std::uint64_t how);
+    void answer_open(std::uint64_t folder, std::uint64_t path, std::uint64_t flags);
+    void answer_openat2(std::uint64_t folder, std::uint64_t path, std::uint64_t how);
+    void see_open(std::uint64_t folder, const std::string& path, std::uint64_t flags);
+    void give(std::uint64_t flags);
     void answer_ioctl();
     int command();
     bool still_waiting() const;

@@ -124,10 +124,12 @@ void Supervisor::let_join(const Link& link) const
         return;
     }
     const Descriptor self(static_cast<int>(syscall(SYS_pidfd_open, getpid(), 0)));
-    if (self)
-        link.pass(Word::Ready, self.number(), premises_.namespaces);
-    else
+    if (!self) {
         link.send(Word::Failed, 0, "the world has no descriptor left");
+        return;
+    }
+    link.send(Word::Handed, static_cast<int>(premises_.handed));
+    link.pass(Word::Ready, self.number(), premises_.namespaces);
 }
 
 void Supervisor::look_around()

@@ -29,6 +29,12 @@ void Trace::write(std::uint64_t order, const Asked& asked, const Answer& answer)
         asked.pid, asked.number, asked.in_len, asked.room, answer.error, answer.error == 0 ? answer.reply.size() : 0));
 }
 
+void Trace::write_open(std::uint32_t pid, std::string_view path, std::uint64_t flags)
+{
+    if (file_ >= 0 && traced_ == Traced::CommandsAndOpens)
+        add(fmt::format("{{\"pid\":{},\"open\":\"{}\",\"flags\":{}}}\n", pid, path, flags));
+}
+
 void Trace::add(const std::string& line)
 {
     const std::lock_guard lock(mutex_);

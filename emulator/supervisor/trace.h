@@ -1,4 +1,4 @@
-// What was asked and answered, a line of JSON for each command.
+// What was asked and answered, a line of JSON for each command, and for each open of the device if that is wished.
 #pragma once
 
 #include "emulator/model/module.h"
@@ -9,9 +9,17 @@
 #include <cstdint>
 #include <mutex>
 #include <string>
+#include <string_view>
 #include <thread>
 
 namespace emulator {
+
+// What there are lines for.
+enum class Traced
+{
+    Commands,
+    CommandsAndOpens, // of the device
+};
 
 struct Asked
 {
@@ -27,12 +35,15 @@ class Trace
 {
 public:
     // file: where the lines go, or -1 for nowhere.
-    explicit Trace(int file) : file_(file) {}
+    Trace(int file, Traced traced) : file_(file), traced_(traced) {}
     Trace(const Trace&) = delete;
     Trace& operator=(const Trace&) = delete;
 
     // order: that of the commands, which may be answered in another.
     void write(std::uint64_t order, const Asked& asked, const Answer& answer);
+
+    // path: that of the device.
+    void write_open(std::uint32_t pid, std::string_view path, std::uint64_t flags);
 
     // Waits until all has been written, but not for long, and says on the standard error what was not.
     void finish(std::chrono::milliseconds patience);
@@ -43,6 +54,7 @@ private:
     bool put(const std::string& text);
 
     int file_;
+    Traced traced_;
     std::mutex mutex_;
     std::condition_variable something_;
     std::condition_variable nothing_;

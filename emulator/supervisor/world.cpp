@@ -50,19 +50,27 @@ DeviceFiles make_device_files_around()
 // What a supervisor does once the device is there.
 using Work = std::function<void(Mode, const Premises&, const Link&)>;
 
-void supervise(Mode mode, int namespaces, const Link& link, const Work& work)
+Handed handed_in(Mode mode, Traced traced)
 {
+    if (traced == Traced::CommandsAndOpens)
+        return Handed::CommandsAndOpens;
+    return mode == Mode::Namespaces ? Handed::Commands : Handed::CommandsAndOpensForWriting;
+}
+
+void supervise(Mode mode, Traced traced, int namespaces, const Link& link, const Work& work)
+{
+    const Handed handed = handed_in(mode, traced);
     if (mode == Mode::Namespaces) {
         const MountedDevice device(make_device_files_around());
         const OfNamespace inhabitants;
-        work(mode, {device, Handed::Commands, inhabitants, namespaces, "namespaces"}, link);
+        work(mode, {device, handed, inhabitants, namespaces, "namespaces"}, link);
         return;
     }
     if (!MarkedDevice::open(O_RDWR))
         fail("cannot open /dev/null");
     const MarkedDevice device;
     const Descendants inhabitants;
-    work(mode, {device, Handed::CommandsAndOpens, inhabitants, 0, "injection"}, link);
+    work(mode, {device, handed, inhabitants, 0, "injection"}, link);
 }
 
 Group group_in(Mode mode, const Foreground& foreground)
@@ -71,7 +79,7 @@ Group group_in(Mode mode, const Foreground& foreground)
 }
 
 // Starts a supervisor. Throws if the machine refuses.
-Front make_world(Mode mode, const Foreground& foreground, const Work& work)
+Front make_world(Mode mode, Traced traced, const Foreground& foreground, const Work& work)
 {
     if (mode == Mode::Namespaces && what_forbids_device_files() != nullptr)
         throw std::runtime_error(what_forbids_device_files());
@@ -89,17 +97,17 @@ Front make_world(Mode mode, const Foreground& foreground, const Work& work)
     here.close();
     // Who is stopped must notice, too, that whoever started the world has gone.
     prctl(PR_SET_PDEATHSIG, SIGCONT);
-    work_until_end(there, [&](const Link& link) { supervise(mode, namespaces, link, work); });
+    work_until_end(there, [&](const Link& link) { supervise(mode, traced, namespaces, link, work); });
 }
 
 Front make_best_world(const Wishes& wishes, const Foreground& foreground, const Work& work)
 {
     if (wishes.mode)
-        return make_world(*wishes.mode, foreground, work);
+        return make_world(*wishes.mode, wishes.traced, foreground, work);
     try {
-        return make_world(Mode::Namespaces, foreground, work);
+        return make_world(Mode::Namespaces, wishes.traced, foreground, work);
     } catch (const std::runtime_error& refusal) {
-        return make_world(Mode::Injection, foreground, work);
+        return make_world(Mode::Injection, wishes.traced, foreground, work);
     }
 }
 
@@ -142,7 +150,7 @@ private:
 Ending run_in_world(Module& module, const Wishes& wishes, const std::function<int()>& program)
 {
     Door door(wishes.name);
-    Trace trace(wishes.trace);
+    Trace trace(wishes.trace, wishes.traced);
     SharedModule shared(module, trace);
     const Signals signals = heard_by_front();
     const Foreground foreground;
@@ -163,7 +171,7 @@ Ending run_in_world(Module& module, const Wishes& wishes, const std::function<in
 Ending serve_world(Module& module, const Wishes& wishes, const std::function<void()>& ready)
 {
     Door door(wishes.name);
-    Trace trace(wishes.trace);
+    Trace trace(wishes.trace, wishes.traced);
     SharedModule shared(module, trace);
     const Signals signals = heard_by_front();
     const Foreground foreground;
@@ -186,7 +194,10 @@ Ending join_world(const std::string& name, const std::function<int()>& program)
     if (!world)
         throw std::runtime_error(fmt::format("there is no world '{}'", name));
     world->send(Word::Join);
-    const auto answer = world->receive();
+    auto answer = world->receive();
+    const auto handed = static_cast<Handed>(answer ? answer->number : 0);
+    if (answer && answer->word == Word::Handed)
+        answer = world->receive();
     if (!answer || answer->word != Word::Ready)
         throw std::runtime_error(answer ? answer->text : "the world has ended");
     const int namespaces = answer->number;
@@ -204,7 +215,6 @@ Ending join_world(const std::string& name, const std::function<int()>& program)
             if (namespaces != 0)
                 enter_namespaces(answer->passed, namespaces);
             link.send(Word::Ready);
-            const Handed handed = namespaces != 0 ? Handed::Commands : Handed::CommandsAndOpens;
             Guest(*world, link).run(group_in(mode, foreground), handed, [&] {
                 signals.restore();
                 return program();

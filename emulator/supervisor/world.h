@@ -4,6 +4,7 @@
 #include "emulator/model/module.h"
 #include "emulator/supervisor/front.h"
 #include "emulator/supervisor/lifetime.h"
+#include "emulator/supervisor/trace.h"
 
 #include <functional>
 #include <optional>
@@ -24,6 +25,7 @@ struct Wishes
     std::optional<std::string> name;
     std::optional<Mode> mode; // the best one that the machine allows, if none is given
     int trace = -1;           // where to write a line of JSON for each command answered, if anywhere
+    Traced traced = Traced::Commands;
     Lifetime lifetime;
 };
 

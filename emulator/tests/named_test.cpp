@@ -81,6 +81,16 @@ TEST_P(Named, WorldsOfAProgramCanBeJoinedWhileItRuns)
     expect_nothing_left();
 }
 
+TEST_P(Named, WorldsTraceTheOpensOfTheirGuests)
+{
+    Process world(emulator({"serve", "--mode", GetParam(), "--world", "seen", "--opens", "--trace", "-"}));
+    wait_for("seen");
+    EXPECT_EQ(join("seen", {DYNAMIC_CLIENT, "get"}).out, "4\n");
+    EXPECT_EQ(say({"stop", "seen"}).status, 0);
+    EXPECT_THAT(world.wait().err,
+        HasSubstr("\"open\":\"/pelt/devices/char/zephdriver/kola_lumo\",\"flags\":2}\n{\"order\":1,"));
+}
+
 TEST_P(Named, WorldsEndByASignal)
 {
     Process world(serve("ending"));

@@ -675,6 +675,42 @@ TEST_P(Trace, TellsOfCommandsThatFail)
     EXPECT_THAT(ended.err, HasSubstr("\"command\":70,\"inLen\":0,\"room\":4,\"errno\":25,\"replyLen\":0}"));
 }
 
+std::string open_of(const std::string& path, int flags)
+{
+    return "\\{\"pid\":[0-9]+,\"open\":\"" + path + "\",\"flags\":" + std::to_string(flags) + "\\}\n";
+}
+
+constexpr const char* normal = "/pelt/devices/char/zephdriver/kola_lumo";
+constexpr const char* upgrade = "/pelt/devices/char/zephdriver/kola_lumo_ugrade";
+
+TEST_P(Trace, TellsOfOpensIfAsked)
+{
+    const Words options {"--opens", "--trace", "-"};
+    const Ended ended = Process(in_world({DYNAMIC_CLIENT, "get-upgrade"}, options)).wait();
+    EXPECT_EQ(ended.out, "4\n");
+    EXPECT_THAT(ended.err, MatchesRegex(open_of(upgrade, O_RDWR) + "\\{\"order\":1,.*\"replyLen\":4\\}\n"));
+
+    const std::string script = std::string("exec 3<") + normal + " 4>>" + normal + "; cat <&3; cat /dev/null";
+    const Ended others = Process(in_world({"/bin/sh", "-c", script}, options)).wait();
+    EXPECT_EQ(others.status, 0);
+    EXPECT_THAT(others.err, MatchesRegex(open_of(normal, O_RDONLY) + open_of(normal, O_WRONLY | O_CREAT | O_APPEND)));
+}
+
+TEST_F(NamespacesWorld, TracesOpensByAnySpelling)
+{
+    const std::string script =
+        std::string("cd ") + folder + "; true <kola_lumo; link=$(mktemp -u); ln -s " + normal +
+        " $link; true <$link; rm $link; true <kola_lumo_nothing; true <../zephdriver/kola_lumo_ugrade; "
+        "cd /; true <//pelt/../pelt/./devices/char/zephdriver/kola_lumo; /usr/bin/python3 -c 'import os; "
+        "os.open(\"kola_lumo\", os.O_RDWR, dir_fd=os.open(\"/pelt/devices/char/zephdriver\", 0))'";
+    const Ended ended = Process(in_world({"--mode", "namespaces", "--opens", "--trace", "-"},
+                                    {"/bin/sh", "-c", "(" + script + ") 2>/dev/null"}))
+                            .wait();
+    EXPECT_THAT(
+        ended.err, MatchesRegex(open_of(normal, O_RDONLY) + open_of(normal, O_RDONLY) + open_of(upgrade, O_RDONLY) +
+                                open_of(normal, O_RDONLY) + open_of(normal, O_RDWR | O_CLOEXEC)));
+}
+
 // Commands enough to fill any pipe.
 const Words many_commands {"/bin/sh", "-c", "for i in 1 2 3; do " DYNAMIC_CLIENT " threads; done"};
 const std::string none_failed = "0 failures\n0 failures\n0 failures\n";
