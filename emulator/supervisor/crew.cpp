@@ -1,8 +1,13 @@
 #include "emulator/supervisor/crew.h"
 
+#include "emulator/supervisor/failure.h"
+
+#include <cerrno>
 #include <chrono>
 #include <poll.h>
+#include <system_error>
 #include <thread>
+#include <utility>
 
 namespace emulator {
 
@@ -14,13 +19,26 @@ constexpr std::chrono::milliseconds patience {1};
 constexpr int quiet_looks = 50;
 constexpr int spare_threads = 4;
 
+// False, with errno, if there can be no more threads.
+template <typename Work>
+bool start(Work work)
+{
+    try {
+        std::thread(std::move(work)).detach();
+    } catch (const std::system_error& refusal) {
+        errno = refusal.code().value();
+        return false;
+    }
+    return true;
+}
+
 } // namespace
 
 void Crew::serve(SharedModule& module, const Device& device, Descriptor listener)
 {
     const std::shared_ptr<Crew> crew(new Crew(module, device, std::move(listener)));
-    crew->add_thread();
-    std::thread([crew] { crew->watch(); }).detach();
+    if (!crew->add_thread() || !start([crew] { crew->watch(); }))
+        fail("cannot start a thread");
 }
 
 Crew::Crew(SharedModule& module, const Device& device, Descriptor listener)
@@ -29,9 +47,9 @@ Crew::Crew(SharedModule& module, const Device& device, Descriptor listener)
     prepare(listener_.number());
 }
 
-void Crew::add_thread()
+bool Crew::add_thread()
 {
-    std::thread([crew = shared_from_this()] { crew->work(); }).detach();
+    return start([crew = shared_from_this()] { crew->work(); });
 }
 
 void Crew::work()
@@ -107,7 +125,7 @@ void Crew::relieve()
     if (idle_ > 0)
         vacant_.notify_one();
     else
-        add_thread();
+        add_thread(); // Without it, the others wait until the slow call has been answered.
 }
 
 } // namespace emulator

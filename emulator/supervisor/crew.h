@@ -22,7 +22,7 @@ public:
 private:
     Crew(SharedModule& module, const Device& device, Descriptor listener);
 
-    void add_thread();
+    bool add_thread();
     void work();
     void wait_for_turn(std::unique_lock<std::mutex>& lock);
     bool everybody_has_left() const;

@@ -10,9 +10,7 @@
 #include <linux/filter.h>
 #include <linux/seccomp.h>
 #include <seccomp.h>
-#include <sys/mman.h>
 #include <sys/prctl.h>
-#include <sys/stat.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 #include <vector>
@@ -58,7 +56,23 @@ public:
     Filter(const Filter&) = delete;
     Filter& operator=(const Filter&) = delete;
 
-    void write_to(int descriptor) const { require(seccomp_export_bpf(context_, descriptor)); }
+    std::vector<sock_filter> program() const
+    {
+        // A file could not be written where files may have no size. The program fits into any pipe.
+        std::array<int, 2> ends {};
+        if (pipe2(ends.data(), O_CLOEXEC) != 0)
+            fail("cannot make a pipe");
+        const Descriptor out(ends[0]);
+        {
+            const Descriptor in(ends[1]);
+            require(seccomp_export_bpf(context_, in.number()));
+        }
+        std::vector<sock_filter> program;
+        sock_filter instruction {};
+        while (read(out.number(), &instruction, sizeof instruction) == sizeof instruction)
+            program.push_back(instruction);
+        return program;
+    }
 
 private:
     static void require(int error)
@@ -107,18 +121,7 @@ int install(const std::vector<sock_filter>& program)
 
 Descriptor enter_filter(Handed handed)
 {
-    const Filter filter(handed);
-    const Descriptor file(memfd_create("filter", MFD_CLOEXEC));
-    if (!file)
-        fail("cannot make a filter");
-    filter.write_to(file.number());
-    struct stat written
-    {};
-    fstat(file.number(), &written);
-    std::vector<sock_filter> program(static_cast<std::size_t>(written.st_size) / sizeof(sock_filter));
-    if (pread(file.number(), program.data(), program.size() * sizeof(sock_filter), 0) != written.st_size)
-        fail("cannot make a filter");
-
+    const std::vector<sock_filter> program = Filter(handed).program();
     Descriptor listener(install(program));
     // Who may not do without can still do it by giving up set-user-ID programs.
     if (!listener && errno == EACCES && prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0)

@@ -18,11 +18,12 @@ namespace emulator {
 
 void Guest::run(Group group, Handed handed, const std::function<int()>& start)
 {
-    const Signals signals {SIGCHLD, SIGPIPE};
+    const Signals signals {SIGCHLD, SIGPIPE, SIGXFSZ};
     Program program(group, handed, start);
     setpgid(0, 0);
     if (const Descriptor listener = program.take_listener())
         world_.pass(Word::Listener, listener.number());
+    program.start();
     bool alive = true;
     while (alive) {
         std::array<pollfd, 3> events {

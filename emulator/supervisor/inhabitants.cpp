@@ -4,10 +4,13 @@
 
 #include <cerrno>
 #include <csignal>
+#include <filesystem>
 #include <fmt/format.h>
 #include <fstream>
 #include <iterator>
 #include <poll.h>
+#include <stdexcept>
+#include <string>
 #include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -17,9 +20,14 @@ namespace emulator {
 
 namespace {
 
+std::string children_file(pid_t process)
+{
+    return fmt::format("/proc/{0}/task/{0}/children", process);
+}
+
 std::vector<pid_t> children_of(pid_t process)
 {
-    std::ifstream children(fmt::format("/proc/{0}/task/{0}/children", process));
+    std::ifstream children(children_file(process));
     return {std::istream_iterator<pid_t>(children), {}};
 }
 
@@ -48,6 +56,13 @@ Descendants::Descendants()
 {
     if (prctl(PR_SET_CHILD_SUBREAPER, 1, 0, 0, 0) != 0)
         fail("cannot adopt orphans");
+}
+
+void Descendants::check() const
+{
+    if (!std::filesystem::exists(children_file(getpid())))
+        throw std::runtime_error(
+            "cannot find what programs leave running: there is no /proc, or its kernel lists no children");
 }
 
 void Descendants::signal(int number) const

@@ -30,6 +30,10 @@ class Descendants : public Inhabitants
 {
 public:
     Descendants();
+
+    // Throws if they cannot be found.
+    void check() const;
+
     void signal(int number) const override;
 };
 

@@ -15,6 +15,7 @@
 #include <cerrno>
 #include <chrono>
 #include <csignal>
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
@@ -38,6 +39,16 @@ constexpr int not_found = 127;
 // The better one first.
 constexpr std::array<std::pair<const char*, emulator::Mode>, 2> modes {
     {{"namespaces", emulator::Mode::Namespaces}, {"injection", emulator::Mode::Injection}}};
+
+// Where standard streams are closed, other files must not be taken for them. They are closed for the program again.
+void fill_standard_streams()
+{
+    int opened = 0;
+    while ((opened = open("/dev/null", O_RDWR | O_CLOEXEC)) >= 0 && opened <= STDERR_FILENO)
+        continue;
+    if (opened >= 0)
+        close(opened);
+}
 
 int execute(char** program)
 {
@@ -178,6 +189,8 @@ int check()
     for (const auto& [name, mode] : modes) {
         const std::string why = refusal(mode);
         fmt::print("{}: {}\n", name, why.empty() ? "works" : why);
+        // What is printed later must not be printed by a process of the next world, too.
+        std::fflush(stdout);
         if (why.empty() && best == nullptr)
             best = name;
     }
@@ -214,6 +227,8 @@ void add_options(CLI::App& command, Asked& asked)
 // NOLINTNEXTLINE(bugprone-exception-escape): what is thrown up to here ends the program, as it should
 int main(int argc, char** argv)
 {
+    fill_standard_streams();
+
     // What follows the first "--" is the program's, to the letter.
     int own = 1;
     while (own < argc && std::strcmp(argv[own], "--") != 0)

@@ -59,7 +59,7 @@ void map_users(pid_t process)
 }
 
 // What would have to be allowed.
-std::string_view remedy_for(int error)
+std::string_view permission_for(int error)
 {
     switch (error) {
     case EPERM:
@@ -82,7 +82,7 @@ void take_namespaces(const Link& link)
     if (unshare(needed_namespaces()) != 0) {
         const int error = errno;
         link.send(
-            Word::Failed, 0, fmt::format("cannot make namespaces: {}{}", std::strerror(error), remedy_for(error)));
+            Word::Failed, 0, fmt::format("cannot make namespaces: {}{}", std::strerror(error), permission_for(error)));
         _exit(1);
     }
     link.send(Word::Apart);

@@ -16,17 +16,20 @@ constexpr int emulator_failed = 125;
 
 } // namespace
 
-Program::Program(Group group, Handed handed, const std::function<int()>& run) : group_(group)
+Program::Program(Group group, Handed handed, const std::function<int()>& run) : group_(group), link_(Descriptor())
 {
     auto [here, there] = Link::pair();
     number_ = fork();
     if (number_ < 0)
         fail("cannot start a process");
-    if (number_ == 0)
+    if (number_ == 0) {
+        here.close();
         become(handed, there, run);
+    }
     there.close();
     if (auto message = here.receive())
         listener_ = std::move(message->passed);
+    link_ = std::move(here);
 }
 
 void Program::become(Handed handed, const Link& parent, const std::function<int()>& run) const
@@ -37,6 +40,8 @@ void Program::become(Handed handed, const Link& parent, const std::function<int(
     try {
         const Descriptor listener = enter_filter(handed);
         parent.pass(Word::Listener, listener.number());
+        if (!parent.receive())
+            _exit(emulator_failed);
     } catch (const std::exception& error) {
         fmt::print(stderr, "lumozeph-emulator: {}\n", error.what());
         _exit(emulator_failed);

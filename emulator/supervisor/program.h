@@ -14,8 +14,11 @@ namespace emulator {
 class Program
 {
 public:
-    // run: what the child does, whose result is its exit status.
+    // run: what the child does when it may, whose result is its exit status.
     Program(Group group, Handed handed, const std::function<int()>& run);
+
+    // Its calls are heard from here on.
+    void start() { link_.send(Word::Go); }
 
     pid_t number() const { return number_; }
 
@@ -29,6 +32,7 @@ private:
     [[noreturn]] void become(Handed handed, const Link& parent, const std::function<int()>& run) const;
 
     Group group_;
+    Link link_;
     pid_t number_;
     Descriptor listener_;
 };

@@ -20,18 +20,19 @@ namespace emulator {
 void Supervisor::run(Group group, const std::function<int()>& program)
 {
     // Before there are threads, which would hear them instead.
-    const Signals signals {SIGCHLD, SIGPIPE};
+    const Signals signals {SIGCHLD, SIGPIPE, SIGXFSZ};
     program_.emplace(group, premises_.handed, program);
     // What the terminal sends is not for the supervisor, whose process group the program was started in.
     setpgid(0, 0);
     if (Descriptor listener = program_->take_listener())
         Crew::serve(module_, premises_.device, std::move(listener));
+    program_->start();
     loop(signals);
 }
 
 void Supervisor::serve()
 {
-    const Signals signals {SIGCHLD, SIGPIPE};
+    const Signals signals {SIGCHLD, SIGPIPE, SIGXFSZ};
     setpgid(0, 0);
     loop(signals);
 }
@@ -100,8 +101,13 @@ void Supervisor::hear(Visitor& visitor)
         let_join(visitor.link);
         break;
     case Word::Listener:
-        visitor.has_joined = true;
-        Crew::serve(module_, premises_.device, std::move(message->passed));
+        try {
+            Crew::serve(module_, premises_.device, std::move(message->passed));
+            visitor.has_joined = true;
+        } catch (const std::exception& refusal) {
+            // The guest, who is waited for by nobody, ends.
+            visitor.has_left = true;
+        }
         break;
     case Word::Describe:
         visitor.link.send(Word::Ready, 0, premises_.description);

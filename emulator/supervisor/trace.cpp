@@ -5,6 +5,7 @@
 #include <cstring>
 #include <fmt/format.h>
 #include <poll.h>
+#include <system_error>
 #include <unistd.h>
 
 namespace emulator {
@@ -47,9 +48,21 @@ void Trace::add(const std::string& line)
         waiting_ += fmt::format("{{\"lost\":{}}}\n", omitted_);
     omitted_ = 0;
     waiting_ += line;
-    if (!thread_.joinable())
-        thread_ = std::thread([this] { work(); });
+    start();
     something_.notify_one();
+}
+
+void Trace::start()
+{
+    if (thread_.joinable())
+        return;
+    try {
+        thread_ = std::thread([this] { work(); });
+    } catch (const std::system_error& refusal) {
+        error_ = refusal.code().value();
+        lost_ += lines_in(waiting_);
+        waiting_.clear();
+    }
 }
 
 void Trace::work()
@@ -92,11 +105,10 @@ bool Trace::put(const std::string& text)
 void Trace::finish(std::chrono::milliseconds patience)
 {
     std::unique_lock lock(mutex_);
-    if (!thread_.joinable())
-        return;
     nothing_.wait_for(lock, patience, [this] { return error_ != 0 || (waiting_.empty() && writing_.empty()); });
     // The thread may go on waiting for whoever reads; the process ends without it.
-    thread_.detach();
+    if (thread_.joinable())
+        thread_.detach();
     const std::uint64_t lost = lost_ + (error_ == 0 ? lines_in(waiting_) + lines_in(writing_) : 0);
     // The standard error may be where nobody reads, too.
     pollfd standard_error {STDERR_FILENO, POLLOUT, 0};

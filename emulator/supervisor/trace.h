@@ -50,6 +50,7 @@ public:
 
 private:
     void add(const std::string& line);
+    void start();
     void work();
     bool put(const std::string& text);
 

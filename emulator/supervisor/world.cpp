@@ -70,6 +70,7 @@ void supervise(Mode mode, Traced traced, int namespaces, const Link& link, const
         fail("cannot open /dev/null");
     const MarkedDevice device;
     const Descendants inhabitants;
+    inhabitants.check();
     work(mode, {device, handed, inhabitants, 0, "injection"}, link);
 }
 
