@@ -171,6 +171,7 @@ Ending run_in_world(Module& module, const Wishes& wishes, const std::function<in
 
 Ending serve_world(Module& module, const Wishes& wishes, const std::function<void()>& ready)
 {
+    require_filter();
     Door door(wishes.name);
     Trace trace(wishes.trace, wishes.traced);
     SharedModule shared(module, trace);

@@ -167,6 +167,14 @@ TEST_P(Named, WorldsCannotBeJoinedFromAnother)
     EXPECT_THAT(ended.err, StartsWith("lumozeph-emulator: cannot run inside another emulated world"));
 }
 
+TEST_P(Named, WorldsCannotBeServedFromAnother)
+{
+    const Ended ended = Process(in_world(serve("inner"))).wait();
+    EXPECT_EQ(ended.status, 125);
+    EXPECT_THAT(ended.err, StartsWith("lumozeph-emulator: cannot run inside another emulated world"));
+    expect_nothing_left();
+}
+
 TEST_P(Named, WorldsLeaveNothingWhenTheirProcessesAreKilled)
 {
     {

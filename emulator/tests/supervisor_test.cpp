@@ -564,6 +564,15 @@ TEST_P(ExitStatus, Is125InsideAnotherWorld)
         "listener\n");
 }
 
+TEST_P(World, LeavesProgramsAModuleOfTheirOwnInProcess)
+{
+    if (INSTRUMENTED)
+        GTEST_SKIP() << "a program of a build with a sanitizer must load that first";
+    const Ended ended = run({"/bin/sh", "-c",
+        DYNAMIC_CLIENT " set 9; " EMULATOR " run --in-process -- " DYNAMIC_CLIENT " get; exec " DYNAMIC_CLIENT " get"});
+    EXPECT_EQ(ended.out, "set ok\n4\n9\n") << ended.err;
+}
+
 class Signals : public InMode
 {};
 INSTANTIATE_TEST_SUITE_P(Modes, Signals, modes, [](const auto& mode) { return mode.param; });
