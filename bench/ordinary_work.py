@@ -1,11 +1,13 @@
 #!/usr/bin/python3
-"""Measures ordinary work in a standing world beside the same outside, in turns.
+"""Measures ordinary work in standing worlds beside the same outside, in turns.
 
 usage: bench/ordinary_work.py EMULATOR [ROUNDS]
 
-Prints, for each piece of work, the medians of its time outside and in the world, and the median of the quotients of pairs.
+Prints, as JSON, for each piece of work the median of its time outside in seconds, and for each kind of world the median
+of the quotients of pairs.
 """
 
+import json
 import shutil
 import statistics
 import subprocess
@@ -48,6 +50,29 @@ class Worker:
         self.process.wait()
 
 
+WORLDS = {
+    "namespaces": ("--mode", "namespaces"),
+    "injection": ("--mode", "injection"),
+    "opens": ("--opens", "--trace", "/dev/null"),
+}
+
+
+def compare(line, outside, worlds, rounds):
+    times, quotients = [], {name: [] for name in worlds}
+    for number in range(rounds + 1):
+        for name, world in worlds.items():
+            # Each goes first as often as the other.
+            if number % 2:
+                without, within = outside.time(line), world.time(line)
+            else:
+                within, without = world.time(line), outside.time(line)
+            # The first round fills caches.
+            if number > 0:
+                times.append(without)
+                quotients[name].append(within / without)
+    return {"outside": statistics.median(times)} | {name: statistics.median(all) for name, all in quotients.items()}
+
+
 def main():
     emulator = sys.argv[1]
     rounds = int(sys.argv[2]) if len(sys.argv) > 2 else 31
@@ -55,18 +80,13 @@ def main():
     try:
         subprocess.run(["git", "clone", "-q", ".", tree], check=True)
         with open(f"{tree}/probe.c", "w", encoding="ascii") as probe:
-            probe.write("#include <stdio.h>\n#include <stdlib.h>\n#include <string.h>\nint main(void) { return puts(\"\"); }\n")
-        outside, inside = Worker(), Worker(emulator, "run", "--")
-        print("| work | outside | in a world | of pairs |\n|---|--:|--:|--:|")
-        for name, line in WORK.items():
-            line = line.format(tree=tree)
-            outside.time(line), inside.time(line)
-            pairs = [(outside.time(line), inside.time(line)) for _ in range(rounds)]
-            quotient = statistics.median(within / without for without, within in pairs)
-            without, within = (statistics.median(column) * 1000 for column in zip(*pairs))
-            print(f"| {name} | {without:.1f} ms | {within:.1f} ms | {quotient:.2f} |")
-        outside.end()
-        inside.end()
+            probe.write('#include <stdio.h>\n#include <stdlib.h>\nint main(void) { return puts(""); }\n')
+        outside = Worker()
+        worlds = {name: Worker(emulator, "run", *options, "--") for name, options in WORLDS.items()}
+        results = {name: compare(line.format(tree=tree), outside, worlds, rounds) for name, line in WORK.items()}
+        print(json.dumps(results, indent=2))
+        for worker in (outside, *worlds.values()):
+            worker.end()
     finally:
         shutil.rmtree(tree)
 

@@ -218,6 +218,8 @@ def emulator(results):
         ("outside", "outside"),
         ("all", "in the emulated world"),
         ("one", "the same, one processor"),
+        ("opens", "where opens are traced"),
+        ("injection", "with injection"),
         ("in_process", "in process"),
     ):
         for key, one in benchmarks(results, f"round_trip.{name}.json").items():
@@ -226,7 +228,22 @@ def emulator(results):
     return table(("call", "where", "median"), rows)
 
 
-TABLES = (machine, sets, gets, lists, texts, growth, threads, netlink, allocators, loading, layers, python, emulator)
+def work(results):
+    with open(os.path.join(results, "ordinary_work.json"), encoding="utf-8") as file:
+        found = json.load(file)
+    return table(
+        ("work", "outside", "namespaces", "injection", "opens traced"),
+        [
+            (name, time(one["outside"] * 1e9), *(f"{one[world]:.2f}" for world in ("namespaces", "injection", "opens")))
+            for name, one in found.items()
+        ],
+    )
+
+
+TABLES = (
+    *(machine, sets, gets, lists, texts, growth, threads, netlink, allocators, loading),
+    *(layers, python, emulator, work),
+)
 
 
 def main():
