@@ -4,12 +4,14 @@
 #include "emulator/supervisor/failure.h"
 
 #include <array>
+#include <bit>
 #include <cerrno>
 #include <fcntl.h>
 #include <initializer_list>
 #include <linux/filter.h>
 #include <linux/seccomp.h>
 #include <seccomp.h>
+#include <stdexcept>
 #include <sys/prctl.h>
 #include <sys/syscall.h>
 #include <unistd.h>
@@ -31,6 +33,9 @@ constexpr std::array<std::uint32_t, 1> other_architectures {SCMP_ARCH_ARM};
 #error "the emulator knows x86-64 and AArch64"
 #endif
 
+// From when on the library, and the kernel that it has tried, know notifications: seccomp_api_get(3).
+constexpr unsigned int level_of_notification = 5;
+
 class Filter
 {
 public:
@@ -50,7 +55,7 @@ public:
         // answer to a command.
         for (const std::uint32_t other : other_architectures)
             require(seccomp_arch_add(context_, other));
-        add({1, SCMP_CMP_LE, protocol::last_command, 0}, SCMP_SYS(ioctl));
+        add_commands();
     }
     ~Filter() { seccomp_release(context_); }
     Filter(const Filter&) = delete;
@@ -88,6 +93,17 @@ private:
         require(seccomp_rule_add_array(context_, SCMP_ACT_NOTIFY, call, 1, &argument));
     }
 
+    // The kernel looks at the lower half of a request alone, and so must the filter, which does that by a mask only.
+    void add_commands()
+    {
+        constexpr scmp_datum_t lower_half = 0xffffffff;
+        constexpr scmp_datum_t end = protocol::last_command + 1;
+        for (scmp_datum_t first = 0, count = 0; first < end; first += count) {
+            count = std::bit_floor(end - first);
+            add({1, SCMP_CMP_MASKED_EQ, lower_half & ~(count - 1), first}, SCMP_SYS(ioctl));
+        }
+    }
+
     // flags: what they must be.
     void add_opens(scmp_arg_cmp flags)
     {
@@ -119,9 +135,16 @@ int install(const std::vector<sock_filter>& program)
 
 } // namespace
 
+std::vector<sock_filter> filter_for(Handed handed)
+{
+    return Filter(handed).program();
+}
+
 Descriptor enter_filter(Handed handed)
 {
-    const std::vector<sock_filter> program = Filter(handed).program();
+    if (seccomp_api_get() < level_of_notification)
+        throw std::runtime_error("the kernel has no seccomp user notification");
+    const std::vector<sock_filter> program = filter_for(handed);
     Descriptor listener(install(program));
     // Who may not do without can still do it by giving up set-user-ID programs.
     if (!listener && errno == EACCES && prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0)

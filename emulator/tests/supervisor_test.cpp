@@ -80,6 +80,11 @@ TEST_P(Clients, GetEnottyForNumbersThatTheModuleDoesNotKnow)
         EXPECT_EQ(client({"ioctl", number}).out, "ioctl ENOTTY\n") << number;
 }
 
+TEST_P(Clients, MayGiveNumbersWhoseUpperHalvesTheKernelIgnores)
+{
+    EXPECT_EQ(client({"ioctl", "0x700000009"}).out, "ioctl ok\n");
+}
+
 TEST_P(Clients, MayDuplicateAndInheritTheDescriptor)
 {
     EXPECT_EQ(client({"dup"}).out, "dup ok\n");
