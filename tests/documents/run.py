@@ -77,6 +77,8 @@ def run(commands, folder, environment):
 
 def first_mistake(document, environment):
     with tempfile.TemporaryDirectory() as folder:
+        # Worlds have names, which are nobody else's here.
+        environment = environment | {"XDG_RUNTIME_DIR": folder}
         for file in document.path.parent.iterdir():
             if file.is_file():
                 shutil.copy(file, folder)
