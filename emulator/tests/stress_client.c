@@ -3,11 +3,15 @@
  *
  *   busy SECONDS SLOT   eight threads: each creates an instance of a name of its own, reads it back and compares
  *   garbage COUNT       calls with random numbers, lengths and pointers; another thread changes what they point at
+ *   slow OPENS          one process resolves over many routes, another opens a file for writing; prints the means of
+ *                       both in microseconds
  */
 #define _GNU_SOURCE
+#include <arpa/inet.h>
 #include <errno.h>
 #include <fcntl.h>
 #include <pthread.h>
+#include <signal.h>
 #include <stdint.h>
 #include <stdio.h>
 #include <stdlib.h>
@@ -23,6 +27,9 @@ enum
 {
     get_instance = 1,
     set_instance = 2,
+    set_lif = 19,
+    set_route = 34,
+    resolve_route = 37,
     record_size = 776,
     threads = 8,
     area_size = 65536
@@ -147,6 +154,68 @@ static int garbage(long count)
     return 0;
 }
 
+static void set_routes(void)
+{
+    unsigned char request[record_size] = {0};
+    int i = 0;
+    memcpy(request, "slow", 4);
+    call(set_instance, request, sizeof request, NULL, 0);
+    for (i = 0; i < 2000; ++i) {
+        snprintf((char*)request + 192, 64, "lif-%d", i);
+        call(set_lif, request, sizeof request, NULL, 0);
+    }
+    memset(request + 192, 0, 64);
+    for (i = 0; i < 8000; ++i) {
+        const uint32_t destination = htonl(0x0a000000U + (uint32_t)i * 256U);
+        const uint32_t mask = htonl(0xffffff00U);
+        memcpy(request + 64, &destination, sizeof destination);
+        memcpy(request + 68, &mask, sizeof mask);
+        snprintf((char*)request + 84, 64, "lif-%d", i % 2000);
+        call(set_route, request, sizeof request, NULL, 0);
+    }
+}
+
+static double microseconds(void)
+{
+    struct timespec now;
+    clock_gettime(CLOCK_MONOTONIC, &now);
+    return (double)now.tv_sec * 1e6 + (double)now.tv_nsec / 1e3;
+}
+
+static int slow(int opens)
+{
+    unsigned char request[record_size] = "slow";
+    unsigned char reply[record_size];
+    volatile struct counter
+    {
+        long calls;
+        double time;
+    }* const resolved = mmap(NULL, 4096, PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
+    double begin = 0;
+    double opened = 0;
+    pid_t child = 0;
+    int i = 0;
+    set_routes();
+    child = fork();
+    while (child == 0) {
+        begin = microseconds();
+        call(resolve_route, request, sizeof request, reply, sizeof reply);
+        resolved->time += microseconds() - begin;
+        ++resolved->calls;
+    }
+    while (resolved->calls == 0)
+        usleep(1000);
+    for (i = 0; i < opens; ++i) {
+        begin = microseconds();
+        close(open("/dev/null", O_RDWR));
+        opened += microseconds() - begin;
+        usleep(1000);
+    }
+    printf("%.0f %.0f\n", resolved->time / (double)resolved->calls, opened / opens);
+    kill(child, SIGKILL);
+    return 0;
+}
+
 int main(int argc, char** argv)
 {
     slot = argc == 4 ? argv[3] : "";
@@ -154,5 +223,7 @@ int main(int argc, char** argv)
         return busy(atoi(argv[2]));
     if (argc == 3 && strcmp(argv[1], "garbage") == 0)
         return garbage(atol(argv[2]));
+    if (argc == 3 && strcmp(argv[1], "slow") == 0)
+        return slow(atoi(argv[2]));
     return 2;
 }

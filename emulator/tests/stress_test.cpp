@@ -102,4 +102,15 @@ TEST_P(Stress, CallsThatMakeNoSenseDoNoHarm)
     EXPECT_EQ(ended.out, "some\nall\nioctl ok\n");
 }
 
+TEST_P(Stress, SlowAnswersHoldUpNoOpens)
+{
+    const Ended ended = run({STRESS, "slow", "300"});
+    std::istringstream means(ended.out);
+    double answer = 0;
+    double open = 0;
+    ASSERT_TRUE(means >> answer >> open) << ended.out;
+    // Without this, each would wait for most of an answer.
+    EXPECT_LT(open, std::max(answer / 3, 2000.0)) << answer;
+}
+
 } // namespace
