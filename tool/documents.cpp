@@ -1,7 +1,10 @@
-// Prints the manual page of lumozephctl: its template, and the verbs that the tool knows where @VERBS@ stands.
+// Prints what is documented of lumozephctl from what it knows.
 //
-// usage: lumozephctl_page TEMPLATE
+// usage: lumozephctl_documents page TEMPLATE     the manual page: the template, with the verbs where @VERBS@ stands
+//        lumozephctl_documents schema            the JSON Schema of what it prints
+//        lumozephctl_documents verbs             the words of each verb, 4 or 6, its operation, sets or reads
 #include "tool/grammar.h"
+#include "tool/schema.h"
 
 #include <algorithm>
 #include <fmt/format.h>
@@ -46,17 +49,11 @@ void print_verbs()
     }
 }
 
-} // namespace
-
-int main(int argc, char** argv)
+int print_page(const char* path)
 {
-    if (argc != 2) {
-        fmt::print(stderr, "usage: lumozephctl_page TEMPLATE\n");
-        return 2;
-    }
-    std::ifstream page(argv[1]);
+    std::ifstream page(path);
     if (!page) {
-        fmt::print(stderr, "lumozephctl_page: cannot read {}\n", argv[1]);
+        fmt::print(stderr, "lumozephctl_documents: cannot read {}\n", path);
         return 1;
     }
     for (std::string line; std::getline(page, line);) {
@@ -65,5 +62,29 @@ int main(int argc, char** argv)
         else
             fmt::print("{}\n", line);
     }
+    return 0;
+}
+
+void list_verbs()
+{
+    for (const Object& object : known_objects())
+        for (const Verb& verb : object.verbs)
+            fmt::print("{}\t{}\t{}\t{}\n", verb.words, verb.is_ipv6 ? 6 : 4, verb.operation,
+                find_operation(verb.operation)->answer == Answer::Nothing ? "sets" : "reads");
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const std::string_view what = argc > 1 ? argv[1] : "";
+    if (what == "page" && argc == 3)
+        return print_page(argv[2]);
+    if (what == "schema" && argc == 2)
+        fmt::print("{}", schema());
+    else if (what == "verbs" && argc == 2)
+        list_verbs();
+    else
+        return 2;
     return 0;
 }
