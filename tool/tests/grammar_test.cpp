@@ -13,7 +13,6 @@
 using namespace tool;
 using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::IsEmpty;
 using testing::SizeIs;
 using testing::ThrowsMessage;
 
