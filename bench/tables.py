@@ -212,6 +212,12 @@ def python(results):
     return table(("call, with its release", "Python", "C", "more"), rows)
 
 
+def rust(results):
+    return table(
+        ("call, with its release", "Rust", "C", "ratio"), compared(benchmarks(results, "rust.json"), "rust/")
+    )
+
+
 def emulator(results):
     rows = []
     for name, place in (
@@ -242,7 +248,7 @@ def work(results):
 
 TABLES = (
     *(machine, sets, gets, lists, texts, growth, threads, netlink, allocators, loading),
-    *(layers, python, emulator, work),
+    *(layers, python, rust, emulator, work),
 )
 
 

@@ -622,20 +622,24 @@ pub struct LumoBridgeFdbEntry {
 
 impl LumoBridgeFdbEntry {
     /// 24 bits of value2_and_value3, from bit 0 on.
+    #[inline]
     pub fn value2(&self) -> u32 {
         self.value2_and_value3 & 0xffffff
     }
 
     /// Sets these bits; the others of the value do not count.
+    #[inline]
     pub fn set_value2(&mut self, value: u32) {
         self.value2_and_value3 = self.value2_and_value3 & !0xffffff | value & 0xffffff;
     }
     /// 8 bits of value2_and_value3, from bit 24 on.
+    #[inline]
     pub fn value3(&self) -> u32 {
         self.value2_and_value3 >> 24 & 0xff
     }
 
     /// Sets these bits; the others of the value do not count.
+    #[inline]
     pub fn set_value3(&mut self, value: u32) {
         self.value2_and_value3 = self.value2_and_value3 & !(0xff << 24) | (value & 0xff) << 24;
     }

@@ -24,17 +24,20 @@ pub struct Mac([u8; 6]);
 
 impl Mac {
     /// From its six bytes.
+    #[inline]
     pub const fn new(bytes: [u8; 6]) -> Self {
         Self(bytes)
     }
 
     /// Its six bytes.
+    #[inline]
     pub const fn as_bytes(&self) -> &[u8; 6] {
         &self.0
     }
 }
 
 impl From<[u8; 6]> for Mac {
+    #[inline]
     fn from(bytes: [u8; 6]) -> Self {
         Self(bytes)
     }
@@ -99,23 +102,27 @@ impl Ipv4Mask {
     }
 
     /// From the value that records of C hold.
+    #[inline]
     pub fn from_raw(raw: u32) -> Self {
         Self(u32::from_be(raw))
     }
 
     /// The value that records of C hold.
+    #[inline]
     pub fn to_raw(self) -> u32 {
         self.0.to_be()
     }
 }
 
 impl From<Ipv4Addr> for Ipv4Mask {
+    #[inline]
     fn from(bytes: Ipv4Addr) -> Self {
         Self(bytes.into())
     }
 }
 
 impl From<Ipv4Mask> for Ipv4Addr {
+    #[inline]
     fn from(mask: Ipv4Mask) -> Self {
         mask.0.into()
     }
@@ -158,21 +165,25 @@ pub struct Ipv4Prefix {
 
 impl Ipv4Prefix {
     /// From an address and the length of its prefix.
+    #[inline]
     pub const fn new(address: Ipv4Addr, length: u8) -> Self {
         Self { address, mask: Ipv4Mask::of_length(length) }
     }
 
     /// From an address and any mask.
+    #[inline]
     pub const fn with_mask(address: Ipv4Addr, mask: Ipv4Mask) -> Self {
         Self { address, mask }
     }
 
     /// The address, as it was given.
+    #[inline]
     pub const fn address(&self) -> Ipv4Addr {
         self.address
     }
 
     /// The mask.
+    #[inline]
     pub const fn mask(&self) -> Ipv4Mask {
         self.mask
     }
@@ -216,16 +227,19 @@ pub struct Ipv6Prefix {
 
 impl Ipv6Prefix {
     /// From an address and the length of its prefix.
+    #[inline]
     pub const fn new(address: Ipv6Addr, length: u8) -> Self {
         Self { address, length }
     }
 
     /// The address, as it was given.
+    #[inline]
     pub const fn address(&self) -> Ipv6Addr {
         self.address
     }
 
     /// The length.
+    #[inline]
     pub const fn length(&self) -> u8 {
         self.length
     }
@@ -261,15 +275,18 @@ fn length_of(text: &str, most: u8) -> Option<u8> {
     digits.then(|| text.parse().ok()).flatten().filter(|&length| length <= most)
 }
 
+#[inline]
 pub(crate) fn raw_ipv4(address: Ipv4Addr) -> u32 {
     u32::from_ne_bytes(address.octets())
 }
 
+#[inline]
 pub(crate) fn ipv4_from_raw(raw: u32) -> Ipv4Addr {
     raw.to_ne_bytes().into()
 }
 
 /// The two words that hold the sixteen bytes unchanged.
+#[inline]
 pub(crate) fn raw_ipv6(address: Ipv6Addr) -> [u64; 2] {
     unsafe { std::mem::transmute(address.octets()) }
 }

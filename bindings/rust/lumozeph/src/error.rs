@@ -23,11 +23,13 @@ extern "C" {
 
 impl Error {
     /// The name of the operation, which is that of its function: `get_lifs`.
+    #[inline]
     pub fn operation(&self) -> &'static str {
         self.operation
     }
 
     /// The errno of the failed call.
+    #[inline]
     pub fn errno(&self) -> i32 {
         self.errno
     }
@@ -71,6 +73,7 @@ impl From<Error> for io::Error {
     }
 }
 
+#[inline]
 pub(crate) fn check(result: i32, operation: &'static str) -> Result<()> {
     if result == 0 {
         Ok(())

@@ -11,6 +11,10 @@ use std::os::unix::ffi::OsStrExt;
 use std::str::Utf8Error;
 use std::{fmt, ptr, slice, str};
 
+extern "C" {
+    fn strnlen(text: *const c_char, most: usize) -> usize;
+}
+
 /// A kind of text that is the key of something of the module's.
 pub trait Key {}
 
@@ -29,9 +33,11 @@ impl<'a, Kind> Name<'a, Kind> {
 
     /// A text of a record, up to its NUL, or all of it where the module sends it without one.
     pub(crate) fn of_field(field: &'a [c_char]) -> Self {
-        let bytes = unsafe { slice::from_raw_parts(field.as_ptr().cast::<u8>(), field.len()) };
-        let length = bytes.iter().position(|&byte| byte == 0).unwrap_or(bytes.len());
-        Self::new(&bytes[..length])
+        // The length is at most that of the field.
+        unsafe {
+            let length = strnlen(field.as_ptr(), field.len());
+            Self::new(slice::from_raw_parts(field.as_ptr().cast(), length))
+        }
     }
 
     /// Its bytes, without a NUL at their end.
@@ -170,8 +176,9 @@ pub(crate) struct Terminated<const SIZE: usize> {
 }
 
 impl<const SIZE: usize> Terminated<SIZE> {
+    #[inline]
     pub fn of<Kind>(name: Name<'_, Kind>, operation: &'static str) -> Result<Self> {
-        if name.bytes.contains(&0) {
+        if unsafe { strnlen(name.bytes.as_ptr().cast(), name.bytes.len()) } < name.bytes.len() {
             return Err(Error::rejected(operation));
         }
         let mut bytes = [0; SIZE];
@@ -181,6 +188,7 @@ impl<const SIZE: usize> Terminated<SIZE> {
     }
 
     /// None is null.
+    #[inline]
     pub fn of_maybe<Kind>(name: Option<Name<'_, Kind>>, operation: &'static str) -> Result<Self> {
         name.map_or(Ok(Self { bytes: None }), |name| Self::of(name, operation))
     }

@@ -11,38 +11,47 @@ pub struct BridgeBfdSessionInfo(sys::LumoBridgeBfdSessionInfo);
 
 impl BridgeBfdSessionInfo {
     /// `value1` as the module reports it.
+    #[inline]
     pub fn value1(&self) -> u16 {
         self.0.value1
     }
     /// An address of 6 bytes.
+    #[inline]
     pub fn addr1(&self) -> &[u8; 6] {
         &self.0.addr1
     }
     /// An address of 6 bytes.
+    #[inline]
     pub fn addr2(&self) -> &[u8; 6] {
         &self.0.addr2
     }
     /// `value2` as the module reports it.
+    #[inline]
     pub fn value2(&self) -> u32 {
         self.0.value2
     }
     /// `value3` as the module reports it.
+    #[inline]
     pub fn value3(&self) -> u8 {
         self.0.value3
     }
     /// `value4` as the module reports it.
+    #[inline]
     pub fn value4(&self) -> u32 {
         self.0.value4
     }
     /// `value5` as the module reports it.
+    #[inline]
     pub fn value5(&self) -> u64 {
         self.0.value5
     }
     /// `value6` as the module reports it.
+    #[inline]
     pub fn value6(&self) -> u64 {
         self.0.value6
     }
     /// The record as C has it.
+    #[inline]
     pub fn as_raw(&self) -> &sys::LumoBridgeBfdSessionInfo {
         &self.0
     }

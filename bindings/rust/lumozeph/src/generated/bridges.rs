@@ -12,46 +12,57 @@ pub struct BridgeInstanceInfo(sys::LumoBridgeInstanceInfo);
 
 impl BridgeInstanceInfo {
     /// `value1` as the module reports it.
+    #[inline]
     pub fn value1(&self) -> u64 {
         self.0.value1
     }
     /// `value2` as the module reports it.
+    #[inline]
     pub fn value2(&self) -> u32 {
         self.0.value2
     }
     /// The bridge's name.
+    #[inline]
     pub fn name(&self) -> BridgeKey<'_> {
         Name::of_field(&self.0.name)
     }
     /// `value3` as the module reports it.
+    #[inline]
     pub fn value3(&self) -> u32 {
         self.0.value3
     }
     /// `value4` as the module reports it.
+    #[inline]
     pub fn value4(&self) -> u32 {
         self.0.value4
     }
     /// `text1` as the module reports it.
+    #[inline]
     pub fn text1(&self) -> Text<'_> {
         Name::of_field(&self.0.text1)
     }
     /// `text2` as the module reports it.
+    #[inline]
     pub fn text2(&self) -> Text<'_> {
         Name::of_field(&self.0.text2)
     }
     /// `value5` as the module reports it.
+    #[inline]
     pub fn value5(&self) -> u32 {
         self.0.value5
     }
     /// `value6` as the module reports it.
+    #[inline]
     pub fn value6(&self) -> u32 {
         self.0.value6
     }
     /// `data` as the module reports it.
+    #[inline]
     pub fn data(&self) -> [u64; 10] {
         self.0.data
     }
     /// The record as C has it.
+    #[inline]
     pub fn as_raw(&self) -> &sys::LumoBridgeInstanceInfo {
         &self.0
     }

@@ -12,38 +12,47 @@ pub struct BridgeClusterInfo(sys::LumoBridgeClusterInfo);
 
 impl BridgeClusterInfo {
     /// As the module sent it, not necessarily terminated.
+    #[inline]
     pub fn ident(&self) -> Text<'_> {
         Name::of_field(&self.0.ident)
     }
     /// `value1` as the module reports it.
+    #[inline]
     pub fn value1(&self) -> u32 {
         self.0.value1
     }
     /// `block` as the module reports it.
+    #[inline]
     pub fn block(&self) -> &[u8; 96] {
         &self.0.block
     }
     /// `value2` as the module reports it.
+    #[inline]
     pub fn value2(&self) -> u16 {
         self.0.value2
     }
     /// `value3` as the module reports it.
+    #[inline]
     pub fn value3(&self) -> u16 {
         self.0.value3
     }
     /// `value4` as the module reports it.
+    #[inline]
     pub fn value4(&self) -> u16 {
         self.0.value4
     }
     /// `value5` as the module reports it.
+    #[inline]
     pub fn value5(&self) -> u8 {
         self.0.value5
     }
     /// `value6` as the module reports it.
+    #[inline]
     pub fn value6(&self) -> u32 {
         self.0.value6
     }
     /// The record as C has it.
+    #[inline]
     pub fn as_raw(&self) -> &sys::LumoBridgeClusterInfo {
         &self.0
     }
@@ -96,22 +105,27 @@ pub struct BridgeClusterNodeInfo(sys::LumoBridgeClusterNodeInfo);
 
 impl BridgeClusterNodeInfo {
     /// As the module sent it, not necessarily terminated.
+    #[inline]
     pub fn ident(&self) -> Text<'_> {
         Name::of_field(&self.0.ident)
     }
     /// `value1` as the module reports it.
+    #[inline]
     pub fn value1(&self) -> u32 {
         self.0.value1
     }
     /// `value2` as the module reports it.
+    #[inline]
     pub fn value2(&self) -> u16 {
         self.0.value2
     }
     /// `value3` as the module reports it.
+    #[inline]
     pub fn value3(&self) -> u8 {
         self.0.value3
     }
     /// The record as C has it.
+    #[inline]
     pub fn as_raw(&self) -> &sys::LumoBridgeClusterNodeInfo {
         &self.0
     }

@@ -10,38 +10,47 @@ pub struct CpSyncStateEntry(sys::LumoCPSyncStateEntry);
 
 impl CpSyncStateEntry {
     /// `value1` as the module reports it.
+    #[inline]
     pub fn value1(&self) -> u64 {
         self.0.value1
     }
     /// `value2` as the module reports it.
+    #[inline]
     pub fn value2(&self) -> u32 {
         self.0.value2
     }
     /// `value3` as the module reports it.
+    #[inline]
     pub fn value3(&self) -> u32 {
         self.0.value3
     }
     /// `value4` as the module reports it.
+    #[inline]
     pub fn value4(&self) -> u32 {
         self.0.value4
     }
     /// `value5` as the module reports it.
+    #[inline]
     pub fn value5(&self) -> u32 {
         self.0.value5
     }
     /// `value6` as the module reports it.
+    #[inline]
     pub fn value6(&self) -> u32 {
         self.0.value6
     }
     /// `values7` as the module reports it.
+    #[inline]
     pub fn values7(&self) -> [u64; 8] {
         self.0.values7
     }
     /// `values8` as the module reports it.
+    #[inline]
     pub fn values8(&self) -> [u64; 23] {
         self.0.values8
     }
     /// The record as C has it.
+    #[inline]
     pub fn as_raw(&self) -> &sys::LumoCPSyncStateEntry {
         &self.0
     }
@@ -80,10 +89,12 @@ pub struct CpSyncState(sys::LumoCPSyncState);
 
 impl CpSyncState {
     /// `entries` as the module reports it.
+    #[inline]
     pub fn entries(&self) -> &[CpSyncStateEntry; 5] {
         all_records(&self.0.entries)
     }
     /// The record as C has it.
+    #[inline]
     pub fn as_raw(&self) -> &sys::LumoCPSyncState {
         &self.0
     }

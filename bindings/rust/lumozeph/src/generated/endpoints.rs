@@ -11,30 +11,37 @@ pub struct BridgeEndpointInfo(sys::LumoBridgeEndpointInfo);
 
 impl BridgeEndpointInfo {
     /// As the module sent it, not necessarily terminated.
+    #[inline]
     pub fn ident(&self) -> Text<'_> {
         Name::of_field(&self.0.ident)
     }
     /// `value1` as the module reports it.
+    #[inline]
     pub fn value1(&self) -> u16 {
         self.0.value1
     }
     /// `value2` as the module reports it.
+    #[inline]
     pub fn value2(&self) -> u8 {
         self.0.value2
     }
     /// `value3` as the module reports it.
+    #[inline]
     pub fn value3(&self) -> u32 {
         self.0.value3
     }
     /// `value4` as the module reports it.
+    #[inline]
     pub fn value4(&self) -> u32 {
         self.0.value4
     }
     /// `block` as the module reports it.
+    #[inline]
     pub fn block(&self) -> &[u8; 96] {
         &self.0.block
     }
     /// The record as C has it.
+    #[inline]
     pub fn as_raw(&self) -> &sys::LumoBridgeEndpointInfo {
         &self.0
     }

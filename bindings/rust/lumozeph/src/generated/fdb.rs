@@ -13,30 +13,37 @@ pub struct BridgeFdbEntry(sys::LumoBridgeFdbEntry);
 
 impl BridgeFdbEntry {
     /// `mac` as the module reports it.
+    #[inline]
     pub fn mac(&self) -> Mac {
         Mac::new(self.0.mac)
     }
     /// `value1` as the module reports it.
+    #[inline]
     pub fn value1(&self) -> u16 {
         self.0.value1
     }
     /// The low 24 bits of the 32-bit word there.
+    #[inline]
     pub fn value2(&self) -> u32 {
         self.0.value2()
     }
     /// Its top byte.
+    #[inline]
     pub fn value3(&self) -> u32 {
         self.0.value3()
     }
     /// `value4` as the module reports it.
+    #[inline]
     pub fn value4(&self) -> u32 {
         self.0.value4
     }
     /// `value5` as the module reports it.
+    #[inline]
     pub fn value5(&self) -> u32 {
         self.0.value5
     }
     /// The record as C has it.
+    #[inline]
     pub fn as_raw(&self) -> &sys::LumoBridgeFdbEntry {
         &self.0
     }

@@ -10,122 +10,152 @@ pub struct InstanceInfo(sys::LumoInstanceInfo);
 
 impl InstanceInfo {
     /// The instance's key text.
+    #[inline]
     pub fn instance_key(&self) -> InstanceKey<'_> {
         Name::of_field(&self.0.instanceKey)
     }
     /// Value1 of `set_lumo_instance`.
+    #[inline]
     pub fn value1(&self) -> u32 {
         self.0.value1
     }
     /// `value2` as the module reports it.
+    #[inline]
     pub fn value2(&self) -> u32 {
         self.0.value2
     }
     /// Zeroed by `release_instances`.
+    #[inline]
     pub fn value3(&self) -> u16 {
         self.0.value3
     }
     /// Zeroed by `release_instances`.
+    #[inline]
     pub fn value4(&self) -> u16 {
         self.0.value4
     }
     /// Zeroed by `release_instances`.
+    #[inline]
     pub fn value5(&self) -> u16 {
         self.0.value5
     }
     /// `value6` as the module reports it.
+    #[inline]
     pub fn value6(&self) -> u32 {
         self.0.value6
     }
     /// `value7` as the module reports it.
+    #[inline]
     pub fn value7(&self) -> u32 {
         self.0.value7
     }
     /// `value8` as the module reports it.
+    #[inline]
     pub fn value8(&self) -> u32 {
         self.0.value8
     }
     /// `value9` as the module reports it.
+    #[inline]
     pub fn value9(&self) -> u8 {
         self.0.value9
     }
     /// `value10` as the module reports it.
+    #[inline]
     pub fn value10(&self) -> u16 {
         self.0.value10
     }
     /// `value11` as the module reports it.
+    #[inline]
     pub fn value11(&self) -> u8 {
         self.0.value11
     }
     /// `value12` as the module reports it.
+    #[inline]
     pub fn value12(&self) -> u8 {
         self.0.value12
     }
     /// `bytes1` as the module reports it.
+    #[inline]
     pub fn bytes1(&self) -> &[u8; 13] {
         &self.0.bytes1
     }
     /// `words` as the module reports it.
+    #[inline]
     pub fn words(&self) -> [u32; 4] {
         self.0.words
     }
     /// `value13` as the module reports it.
+    #[inline]
     pub fn value13(&self) -> u32 {
         self.0.value13
     }
     /// `value14` as the module reports it.
+    #[inline]
     pub fn value14(&self) -> u16 {
         self.0.value14
     }
     /// `value15` as the module reports it.
+    #[inline]
     pub fn value15(&self) -> u8 {
         self.0.value15
     }
     /// `value16` as the module reports it.
+    #[inline]
     pub fn value16(&self) -> u16 {
         self.0.value16
     }
     /// `value17` as the module reports it.
+    #[inline]
     pub fn value17(&self) -> u8 {
         self.0.value17
     }
     /// `text2` as the module reports it.
+    #[inline]
     pub fn text2(&self) -> Text<'_> {
         Name::of_field(&self.0.text2)
     }
     /// `value18` as the module reports it.
+    #[inline]
     pub fn value18(&self) -> u16 {
         self.0.value18
     }
     /// `bytes2` as the module reports it.
+    #[inline]
     pub fn bytes2(&self) -> &[u8; 32] {
         &self.0.bytes2
     }
     /// `value19` as the module reports it.
+    #[inline]
     pub fn value19(&self) -> u64 {
         self.0.value19
     }
     /// `value20` as the module reports it.
+    #[inline]
     pub fn value20(&self) -> u32 {
         self.0.value20
     }
     /// `value21` as the module reports it.
+    #[inline]
     pub fn value21(&self) -> u8 {
         self.0.value21
     }
     /// `value22` as the module reports it.
+    #[inline]
     pub fn value22(&self) -> u32 {
         self.0.value22
     }
     /// `value23` as the module reports it.
+    #[inline]
     pub fn value23(&self) -> u32 {
         self.0.value23
     }
     /// `value24` as the module reports it.
+    #[inline]
     pub fn value24(&self) -> u8 {
         self.0.value24
     }
     /// The record as C has it.
+    #[inline]
     pub fn as_raw(&self) -> &sys::LumoInstanceInfo {
         &self.0
     }

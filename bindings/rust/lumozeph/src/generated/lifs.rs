@@ -13,22 +13,27 @@ pub struct LifIpv6Addr(sys::LumoLifIpv6Addr);
 
 impl LifIpv6Addr {
     /// `address` as the module reports it.
+    #[inline]
     pub fn address(&self) -> Ipv6Addr {
         Ipv6Addr::from(self.0.address)
     }
     /// In bits.
+    #[inline]
     pub fn prefix_len(&self) -> u32 {
         self.0.prefixLen
     }
     /// `value` as the module reports it.
+    #[inline]
     pub fn value(&self) -> u8 {
         self.0.value
     }
     /// [`address`](Self::address) with [`prefix_len`](Self::prefix_len).
+    #[inline]
     pub fn address_prefix(&self) -> Ipv6Prefix {
         Ipv6Prefix::new(self.address(), self.prefix_len() as u8)
     }
     /// The record as C has it.
+    #[inline]
     pub fn as_raw(&self) -> &sys::LumoLifIpv6Addr {
         &self.0
     }
@@ -62,14 +67,17 @@ pub struct DhcpRelayServer(sys::LumoDhcpRelayServer);
 
 impl DhcpRelayServer {
     /// In wire order; IPv4 in the first 4 bytes, the others as sent.
+    #[inline]
     pub fn address(&self) -> &[u8; 16] {
         &self.0.address
     }
     /// 1 for IPv4, 3 for IPv6.
+    #[inline]
     pub fn family(&self) -> u32 {
         self.0.family
     }
     /// The record as C has it.
+    #[inline]
     pub fn as_raw(&self) -> &sys::LumoDhcpRelayServer {
         &self.0
     }
@@ -102,14 +110,17 @@ pub struct DhcpRelay(sys::LumoDhcpRelay);
 
 impl DhcpRelay {
     /// Servers that count, as reported.
+    #[inline]
     pub fn relay_count(&self) -> u32 {
         self.0.relayCount
     }
     /// As many as `relay_count` says, but no more than there is room for.
+    #[inline]
     pub fn servers(&self) -> &[DhcpRelayServer] {
         records(&self.0.servers, self.0.relayCount as usize)
     }
     /// The record as C has it.
+    #[inline]
     pub fn as_raw(&self) -> &sys::LumoDhcpRelay {
         &self.0
     }
@@ -142,74 +153,92 @@ pub struct LifInfo(sys::LumoLifInfo);
 
 impl LifInfo {
     /// `lifName` as the module reports it.
+    #[inline]
     pub fn lif_name(&self) -> LifName<'_> {
         Name::of_field(&self.0.lifName)
     }
     /// `lifSecondName` as the module reports it.
+    #[inline]
     pub fn lif_second_name(&self) -> LifSecondName<'_> {
         Name::of_field(&self.0.lifSecondName)
     }
     /// IPv4 address.
+    #[inline]
     pub fn ip_addr(&self) -> Ipv4Addr {
         ipv4_from_raw(self.0.ipAddr)
     }
     /// Its mask value.
+    #[inline]
     pub fn ip_mask(&self) -> Ipv4Mask {
         Ipv4Mask::from_raw(self.0.ipMask)
     }
     /// Designated-instance address, IPv4.
+    #[inline]
     pub fn di_ip(&self) -> Ipv4Addr {
         ipv4_from_raw(self.0.diIp)
     }
     /// `lifMac` as the module reports it.
+    #[inline]
     pub fn lif_mac(&self) -> Mac {
         Mac::new(self.0.lifMac)
     }
     /// `lifValue1` as the module reports it.
+    #[inline]
     pub fn lif_value1(&self) -> u32 {
         self.0.lifValue1
     }
     /// `lifValue2` as the module reports it.
+    #[inline]
     pub fn lif_value2(&self) -> u32 {
         self.0.lifValue2
     }
     /// `lifValue3` as the module reports it.
+    #[inline]
     pub fn lif_value3(&self) -> u32 {
         self.0.lifValue3
     }
     /// `lifFlags` as the module reports it.
+    #[inline]
     pub fn lif_flags(&self) -> &[u8; 4] {
         &self.0.lifFlags
     }
     /// `dhcpRelay` as the module reports it.
+    #[inline]
     pub fn dhcp_relay(&self) -> &DhcpRelay {
         one_record(&self.0.dhcpRelay)
     }
     /// As many as `ipv6_count` says, but no more than there is room for.
+    #[inline]
     pub fn ipv6_addrs(&self) -> &[LifIpv6Addr] {
         records(&self.0.ipv6Addrs, self.0.ipv6Count as usize)
     }
     /// As reported.
+    #[inline]
     pub fn ipv6_count(&self) -> u32 {
         self.0.ipv6Count
     }
     /// `lifState1` as the module reports it.
+    #[inline]
     pub fn lif_state1(&self) -> u8 {
         self.0.lifState1
     }
     /// `lifState2` as the module reports it.
+    #[inline]
     pub fn lif_state2(&self) -> u8 {
         self.0.lifState2
     }
     /// `lifValue4` as the module reports it.
+    #[inline]
     pub fn lif_value4(&self) -> u32 {
         self.0.lifValue4
     }
     /// [`ip_addr`](Self::ip_addr) with [`ip_mask`](Self::ip_mask).
+    #[inline]
     pub fn ip_addr_prefix(&self) -> Ipv4Prefix {
         Ipv4Prefix::with_mask(self.ip_addr(), self.ip_mask())
     }
     /// The record as C has it.
+    #[inline]
     pub fn as_raw(&self) -> &sys::LumoLifInfo {
         &self.0
     }

@@ -10,18 +10,22 @@ pub struct McastGroupInfo(sys::LumoMcastGroupInfo);
 
 impl McastGroupInfo {
     /// `value1` as the module reports it.
+    #[inline]
     pub fn value1(&self) -> u32 {
         self.0.value1
     }
     /// `value2` as the module reports it.
+    #[inline]
     pub fn value2(&self) -> u32 {
         self.0.value2
     }
     /// `value3` as the module reports it.
+    #[inline]
     pub fn value3(&self) -> u32 {
         self.0.value3
     }
     /// The record as C has it.
+    #[inline]
     pub fn as_raw(&self) -> &sys::LumoMcastGroupInfo {
         &self.0
     }

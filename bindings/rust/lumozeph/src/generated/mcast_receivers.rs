@@ -12,34 +12,42 @@ pub struct McastDomainInfo(sys::LumoMcastDomainInfo);
 
 impl McastDomainInfo {
     /// `text1` as the module reports it.
+    #[inline]
     pub fn text1(&self) -> Text<'_> {
         Name::of_field(&self.0.text1)
     }
     /// `text2` as the module reports it.
+    #[inline]
     pub fn text2(&self) -> Text<'_> {
         Name::of_field(&self.0.text2)
     }
     /// `value1` as the module reports it.
+    #[inline]
     pub fn value1(&self) -> u64 {
         self.0.value1
     }
     /// `value2` as the module reports it.
+    #[inline]
     pub fn value2(&self) -> u64 {
         self.0.value2
     }
     /// `value3` as the module reports it.
+    #[inline]
     pub fn value3(&self) -> u64 {
         self.0.value3
     }
     /// `value4` as the module reports it.
+    #[inline]
     pub fn value4(&self) -> u64 {
         self.0.value4
     }
     /// `value5` as the module reports it.
+    #[inline]
     pub fn value5(&self) -> u32 {
         self.0.value5
     }
     /// The record as C has it.
+    #[inline]
     pub fn as_raw(&self) -> &sys::LumoMcastDomainInfo {
         &self.0
     }
@@ -83,26 +91,32 @@ pub struct LocalRcvrInfo(sys::LumoLocalRcvrInfo);
 
 impl LocalRcvrInfo {
     /// `text1` as the module reports it.
+    #[inline]
     pub fn text1(&self) -> Text<'_> {
         Name::of_field(&self.0.text1)
     }
     /// `value1` as the module reports it.
+    #[inline]
     pub fn value1(&self) -> u32 {
         self.0.value1
     }
     /// `value2` as the module reports it.
+    #[inline]
     pub fn value2(&self) -> u32 {
         self.0.value2
     }
     /// `value3` as the module reports it.
+    #[inline]
     pub fn value3(&self) -> u64 {
         self.0.value3
     }
     /// `value4` as the module reports it.
+    #[inline]
     pub fn value4(&self) -> u64 {
         self.0.value4
     }
     /// The record as C has it.
+    #[inline]
     pub fn as_raw(&self) -> &sys::LumoLocalRcvrInfo {
         &self.0
     }
@@ -152,10 +166,12 @@ pub struct VtepEntry(sys::LumoVtepEntry);
 
 impl VtepEntry {
     /// `bytes` as the module reports it.
+    #[inline]
     pub fn bytes(&self) -> &[u8; 68] {
         &self.0.bytes
     }
     /// The record as C has it.
+    #[inline]
     pub fn as_raw(&self) -> &sys::LumoVtepEntry {
         &self.0
     }

@@ -10,42 +10,52 @@ pub struct BridgeNetworkInfo(sys::LumoBridgeNetworkInfo);
 
 impl BridgeNetworkInfo {
     /// `value1` as the module reports it.
+    #[inline]
     pub fn value1(&self) -> u64 {
         self.0.value1
     }
     /// `value2` as the module reports it.
+    #[inline]
     pub fn value2(&self) -> u32 {
         self.0.value2
     }
     /// `value3` as the module reports it.
+    #[inline]
     pub fn value3(&self) -> u16 {
         self.0.value3
     }
     /// `value4` as the module reports it.
+    #[inline]
     pub fn value4(&self) -> u32 {
         self.0.value4
     }
     /// `value5` as the module reports it.
+    #[inline]
     pub fn value5(&self) -> u16 {
         self.0.value5
     }
     /// `value6` as the module reports it.
+    #[inline]
     pub fn value6(&self) -> u32 {
         self.0.value6
     }
     /// `value7` as the module reports it.
+    #[inline]
     pub fn value7(&self) -> u32 {
         self.0.value7
     }
     /// `value8` as the module reports it.
+    #[inline]
     pub fn value8(&self) -> u8 {
         self.0.value8
     }
     /// `data` as the module reports it.
+    #[inline]
     pub fn data(&self) -> [u64; 12] {
         self.0.data
     }
     /// The record as C has it.
+    #[inline]
     pub fn as_raw(&self) -> &sys::LumoBridgeNetworkInfo {
         &self.0
     }
@@ -99,26 +109,32 @@ pub struct BridgePortInfo(sys::LumoBridgePortInfo);
 
 impl BridgePortInfo {
     /// `value1` as the module reports it.
+    #[inline]
     pub fn value1(&self) -> u64 {
         self.0.value1
     }
     /// `value2` as the module reports it.
+    #[inline]
     pub fn value2(&self) -> u32 {
         self.0.value2
     }
     /// `value3` as the module reports it.
+    #[inline]
     pub fn value3(&self) -> u16 {
         self.0.value3
     }
     /// `value4` as the module reports it.
+    #[inline]
     pub fn value4(&self) -> u32 {
         self.0.value4
     }
     /// `data` as the module reports it.
+    #[inline]
     pub fn data(&self) -> [u64; 16] {
         self.0.data
     }
     /// The record as C has it.
+    #[inline]
     pub fn as_raw(&self) -> &sys::LumoBridgePortInfo {
         &self.0
     }

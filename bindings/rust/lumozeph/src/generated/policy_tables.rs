@@ -10,18 +10,22 @@ pub struct PolicyTableInfo(sys::LumoPolicyTableInfo);
 
 impl PolicyTableInfo {
     /// The table's number.
+    #[inline]
     pub fn policy_table_id(&self) -> u32 {
         self.0.policyTableId
     }
     /// `policyTableName` as the module reports it.
+    #[inline]
     pub fn policy_table_name(&self) -> PolicyTableName<'_> {
         Name::of_field(&self.0.policyTableName)
     }
     /// `value1` as the module reports it.
+    #[inline]
     pub fn value1(&self) -> u32 {
         self.0.value1
     }
     /// The record as C has it.
+    #[inline]
     pub fn as_raw(&self) -> &sys::LumoPolicyTableInfo {
         &self.0
     }
@@ -69,6 +73,7 @@ pub struct PolicyTableRefEntry(sys::LumoPolicyTableRefEntry);
 
 impl PolicyTableRefEntry {
     /// `bytes` as the module reports it.
+    #[inline]
     pub fn bytes(&self) -> &[u8; 24] {
         &self.0.bytes
     }
@@ -78,6 +83,7 @@ impl PolicyTableRefEntry {
         self
     }
     /// The record as C has it.
+    #[inline]
     pub fn as_raw(&self) -> &sys::LumoPolicyTableRefEntry {
         &self.0
     }
@@ -106,18 +112,22 @@ pub struct LifPolicyTableRef(sys::LumoLifPolicyTableRef);
 
 impl LifPolicyTableRef {
     /// `text1` as the module reports it.
+    #[inline]
     pub fn text1(&self) -> Text<'_> {
         Name::of_field(&self.0.text1)
     }
     /// As reported.
+    #[inline]
     pub fn ref_count(&self) -> u16 {
         self.0.refCount
     }
     /// As many as `ref_count` says, but no more than there is room for.
+    #[inline]
     pub fn refs(&self) -> &[PolicyTableRefEntry] {
         records(&self.0.refs, self.0.refCount as usize)
     }
     /// The record as C has it.
+    #[inline]
     pub fn as_raw(&self) -> &sys::LumoLifPolicyTableRef {
         &self.0
     }

@@ -14,10 +14,12 @@ pub struct CmdResult(sys::LumoCmdResult);
 
 impl CmdResult {
     /// `bytes` as the module reports it.
+    #[inline]
     pub fn bytes(&self) -> &[u8; 88] {
         &self.0.bytes
     }
     /// The record as C has it.
+    #[inline]
     pub fn as_raw(&self) -> &sys::LumoCmdResult {
         &self.0
     }
@@ -46,18 +48,22 @@ pub struct NextHop(sys::LumoNextHop);
 
 impl NextHop {
     /// IPv4 address.
+    #[inline]
     pub fn next_hop_addr(&self) -> Ipv4Addr {
         ipv4_from_raw(self.0.nextHopAddr)
     }
     /// The outgoing LIF.
+    #[inline]
     pub fn next_hop_lif_name(&self) -> LifName<'_> {
         Name::of_field(&self.0.nextHopLifName)
     }
     /// `nextHopValue` as the module reports it.
+    #[inline]
     pub fn next_hop_value(&self) -> &[u8; 8] {
         &self.0.nextHopValue
     }
     /// The record as C has it.
+    #[inline]
     pub fn as_raw(&self) -> &sys::LumoNextHop {
         &self.0
     }
@@ -91,42 +97,52 @@ pub struct RouteInfo(sys::LumoRouteInfo);
 
 impl RouteInfo {
     /// IPv4 address of the destination network.
+    #[inline]
     pub fn route_dest(&self) -> Ipv4Addr {
         ipv4_from_raw(self.0.routeDest)
     }
     /// Its mask value.
+    #[inline]
     pub fn route_mask(&self) -> Ipv4Mask {
         Ipv4Mask::from_raw(self.0.routeMask)
     }
     /// `routeValue1` as the module reports it.
+    #[inline]
     pub fn route_value1(&self) -> u32 {
         self.0.routeValue1
     }
     /// `routeValue2` as the module reports it.
+    #[inline]
     pub fn route_value2(&self) -> u32 {
         self.0.routeValue2
     }
     /// `routeFlags` as the module reports it.
+    #[inline]
     pub fn route_flags(&self) -> u8 {
         self.0.routeFlags
     }
     /// As reported.
+    #[inline]
     pub fn next_hop_count(&self) -> u8 {
         self.0.nextHopCount
     }
     /// `routeValue3` as the module reports it.
+    #[inline]
     pub fn route_value3(&self) -> &[u8; 8] {
         &self.0.routeValue3
     }
     /// As many as `next_hop_count` says, but no more than there is room for.
+    #[inline]
     pub fn next_hops(&self) -> &[NextHop] {
         records(&self.0.nextHops, self.0.nextHopCount as usize)
     }
     /// [`route_dest`](Self::route_dest) with [`route_mask`](Self::route_mask).
+    #[inline]
     pub fn route_dest_prefix(&self) -> Ipv4Prefix {
         Ipv4Prefix::with_mask(self.route_dest(), self.route_mask())
     }
     /// The record as C has it.
+    #[inline]
     pub fn as_raw(&self) -> &sys::LumoRouteInfo {
         &self.0
     }

@@ -15,26 +15,32 @@ pub struct RssStats(sys::LumoRssStats);
 
 impl RssStats {
     /// As reported.
+    #[inline]
     pub fn rss_entry_count(&self) -> u32 {
         self.0.rssEntryCount
     }
     /// As many as `rss_entry_count` says, but no more than there is room for.
+    #[inline]
     pub fn rss_word(&self) -> impl ExactSizeIterator<Item = u32> {
         self.0.rssWord.into_iter().take(self.0.rssEntryCount as usize)
     }
     /// As many as `rss_entry_count` says, but no more than there is room for.
+    #[inline]
     pub fn rss_counter1(&self) -> impl ExactSizeIterator<Item = u64> {
         self.0.rssCounter1.into_iter().take(self.0.rssEntryCount as usize)
     }
     /// As many as `rss_entry_count` says, but no more than there is room for.
+    #[inline]
     pub fn rss_counter2(&self) -> impl ExactSizeIterator<Item = u64> {
         self.0.rssCounter2.into_iter().take(self.0.rssEntryCount as usize)
     }
     /// As many as `rss_entry_count` says, but no more than there is room for.
+    #[inline]
     pub fn rss_counter3(&self) -> impl ExactSizeIterator<Item = u64> {
         self.0.rssCounter3.into_iter().take(self.0.rssEntryCount as usize)
     }
     /// The record as C has it.
+    #[inline]
     pub fn as_raw(&self) -> &sys::LumoRssStats {
         &self.0
     }
@@ -76,10 +82,12 @@ pub struct RssTunables(sys::LumoRssTunables);
 
 impl RssTunables {
     /// Read and set.
+    #[inline]
     pub fn value1(&self) -> u64 {
         self.0.value1
     }
     /// Only read.
+    #[inline]
     pub fn value2(&self) -> u32 {
         self.0.value2
     }
@@ -94,6 +102,7 @@ impl RssTunables {
         self
     }
     /// The record as C has it.
+    #[inline]
     pub fn as_raw(&self) -> &sys::LumoRssTunables {
         &self.0
     }
@@ -122,10 +131,12 @@ pub struct RssIndTable(sys::LumoRssIndTable);
 
 impl RssIndTable {
     /// `entries` as the module reports it.
+    #[inline]
     pub fn entries(&self) -> &[u8; 128] {
         &self.0.entries
     }
     /// Entries to send, at most 128; none if it is 0 or negative.
+    #[inline]
     pub fn size(&self) -> i32 {
         self.0.size
     }
@@ -140,6 +151,7 @@ impl RssIndTable {
         self
     }
     /// The record as C has it.
+    #[inline]
     pub fn as_raw(&self) -> &sys::LumoRssIndTable {
         &self.0
     }

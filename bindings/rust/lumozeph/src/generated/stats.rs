@@ -19,14 +19,17 @@ pub struct Stats(sys::LumoStats);
 
 impl Stats {
     /// Chooses the counters.
+    #[inline]
     pub fn stats_kind(&self) -> u32 {
         self.0.statsKind
     }
     /// `counters` as the module reports it.
+    #[inline]
     pub fn counters(&self) -> [u64; 100] {
         self.0.counters
     }
     /// The record as C has it.
+    #[inline]
     pub fn as_raw(&self) -> &sys::LumoStats {
         &self.0
     }
