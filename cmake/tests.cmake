@@ -4,11 +4,20 @@ set(CMAKE_COMPILE_WARNING_AS_ERROR OFF)
 add_subdirectory(${LUMOZEPH_GOOGLETEST} ${CMAKE_BINARY_DIR}/googletest EXCLUDE_FROM_ALL)
 set(CMAKE_COMPILE_WARNING_AS_ERROR ${warning_as_error})
 
+# What links GoogleTest is there to test what is compiled as it is installed: of its own program, only the time that it
+# takes to compile counts. Its headers are compiled once for all.
+target_compile_options(gtest PUBLIC -O0 -g1)
+file(WRITE ${CMAKE_BINARY_DIR}/test_headers.cpp "")
+add_library(lumozeph_test_headers OBJECT ${CMAKE_BINARY_DIR}/test_headers.cpp)
+target_link_libraries(lumozeph_test_headers PRIVATE GTest::gmock lumozeph_warnings)
+target_precompile_headers(lumozeph_test_headers PRIVATE <gmock/gmock.h> <gtest/gtest.h>)
+
 include(GoogleTest)
 
 # Every test in a process of its own; half of them in one where a process starts slowly, because it is instrumented or
 # emulated.
 function(lumozeph_add_tests program prefix timeout)
+  target_precompile_headers(${program} REUSE_FROM lumozeph_test_headers)
   if(LUMOZEPH_INSTRUMENTED OR CMAKE_CROSSCOMPILING)
     foreach(half 0 1)
       add_test(NAME ${prefix}${program}.${half} COMMAND ${program} --gtest_brief=1)
