@@ -272,7 +272,7 @@ int openat64(int directory, const char* path, int flags, ...)
 }
 
 // What the opens become in programs that are compiled with _FORTIFY_SOURCE.
-// NOLINTBEGIN(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp): libc has reserved them
+// NOLINTBEGIN(bugprone-reserved-identifier): libc has reserved them
 
 int __open_2(const char* path, int flags)
 {
@@ -293,7 +293,7 @@ int __openat64_2(int directory, const char* path, int flags)
 {
     return open_path_without_mode(next::openat64_2, path, flags, directory);
 }
-// NOLINTEND(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp)
+// NOLINTEND(bugprone-reserved-identifier)
 
 int ioctl(int descriptor, unsigned long request, ...) noexcept
 {
