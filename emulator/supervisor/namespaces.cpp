@@ -145,6 +145,8 @@ int needed_namespaces()
 pid_t fork_apart()
 {
     auto [here, there] = Link::pair();
+    // The first process waits on one of its own: while it held the taker's, nobody would hear that the taker was killed.
+    auto [start, started] = Link::pair();
     // The taker ends at once; its child is to be the caller's.
     if (prctl(PR_SET_CHILD_SUBREAPER, 1, 0, 0, 0) != 0)
         fail("cannot adopt orphans");
@@ -153,9 +155,11 @@ pid_t fork_apart()
         fail("cannot start a process");
     if (taker == 0) {
         here.close();
+        start.close();
         take_namespaces(there);
+        there.close();
         // From when the taker has ended, the caller is the parent.
-        if (!there.receive())
+        if (!started.receive())
             _exit(1);
         return 0;
     }
@@ -170,7 +174,7 @@ pid_t fork_apart()
             throw;
         }
     }
-    here.send(Word::Go);
+    start.send(Word::Go);
     return first;
 }
 

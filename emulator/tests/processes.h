@@ -137,10 +137,11 @@ inline Words in_world(const Words& options, const Words& program)
     return words;
 }
 
-// The processes that were started with this word in their environment, in whatever namespace they are. A zombie has
+// The processes that were started with this variable in their environment, in whatever namespace they are. A zombie has
 // ended, whoever is to reap it.
-inline std::vector<pid_t> processes_with(const std::string& word)
+inline std::vector<pid_t> processes_with(const std::string& variable)
 {
+    const std::string whole = variable + '\0';
     std::vector<pid_t> found;
     for (const auto& entry : std::filesystem::directory_iterator("/proc")) {
         const std::string name = entry.path().filename();
@@ -148,15 +149,15 @@ inline std::vector<pid_t> processes_with(const std::string& word)
             continue;
         std::ifstream environment(entry.path() / "environ");
         const std::string text {std::istreambuf_iterator<char>(environment), {}};
-        if (text.find(word) != std::string::npos)
+        if (text.find(whole) != std::string::npos)
             found.push_back(std::stoi(name));
     }
     return found;
 }
 
-inline void expect_none_with(const std::string& word)
+inline void expect_none_with(const std::string& variable)
 {
-    for (int i = 0; i < 500 && !processes_with(word).empty(); ++i)
+    for (int i = 0; i < 500 && !processes_with(variable).empty(); ++i)
         std::this_thread::sleep_for(std::chrono::milliseconds(10));
-    EXPECT_THAT(processes_with(word), testing::IsEmpty());
+    EXPECT_THAT(processes_with(variable), testing::IsEmpty());
 }

@@ -66,9 +66,13 @@ TEST_P(Stress, KilledEmulatorsLeaveNothing)
     for (int i = 0; i < 200; ++i) {
         MarkedWorld world(clients());
         std::this_thread::sleep_for(std::chrono::milliseconds(random_() % 150));
-        while (!kill_one(world.mark(), "lumozeph-emulat"))
+        bool killed = false;
+        for (int tries = 0; !killed && tries < 1000; ++tries) {
             std::this_thread::sleep_for(std::chrono::milliseconds(1));
-        world.process().wait();
+            killed = kill_one(world.mark(), "lumozeph-emulat");
+        }
+        const Ended ended = world.process().wait();
+        ASSERT_TRUE(killed) << ended.err;
         world.expect_gone();
         if (HasFailure())
             return;

@@ -745,6 +745,25 @@ TEST_P(Signals, ThatKillAProcessOfTheEmulatorEndTheWorld)
     second.expect_gone();
 }
 
+TEST_F(NamespacesWorld, IsNotMadeIfWhoMakesItIsKilled)
+{
+    if (INSTRUMENTED)
+        GTEST_SKIP() << "the run-time library of a sanitizer must come first";
+    Words words = in_world({"--mode", "namespaces"}, {"/bin/true"});
+    words.insert(words.begin(), "LD_PRELOAD=" SLOW_FORK);
+    MarkedWorld world(words);
+    pid_t maker = 0;
+    for (int i = 0; i < 1000 && (maker == 0 || only_child_of(maker) == 0); ++i) {
+        maker = only_child_of(world.process().pid());
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    ASSERT_EQ(kill(maker, SIGKILL), 0);
+    const Ended ended = world.process().wait();
+    EXPECT_EQ(ended.status, 125);
+    EXPECT_EQ(ended.err, "lumozeph-emulator: a process that makes namespaces was killed\n");
+    world.expect_gone();
+}
+
 TEST_P(Signals, ThatStopTheProgramStopTheEmulatorUntilItGoesOn)
 {
     Process process(in_world({"/bin/sh", "-c", "echo ready; kill -STOP $$; echo again; exit 6"}));
