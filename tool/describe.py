@@ -8,7 +8,9 @@ import os
 import re
 import sys
 
-import jinja2
+sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "api"))
+
+import described
 
 WORD_SIZES = {"char": 1, "int": 4}
 
@@ -182,15 +184,9 @@ def filled(template, description):
     operations = [
         Operation(one, description, names)
         for one in description["functions"]
-        if one["operation"] not in ("release", "fill_list", "exchange", "make_key")
+        if one["operation"] not in described.OF_OTHERS
     ]
-    environment = jinja2.Environment(
-        loader=jinja2.FileSystemLoader(os.path.dirname(os.path.abspath(template))),
-        trim_blocks=True,
-        lstrip_blocks=True,
-        keep_trailing_newline=True,
-        undefined=jinja2.StrictUndefined,
-    )
+    environment = described.templates(os.path.dirname(os.path.abspath(template)))
     environment.filters["quoted"] = json.dumps
     environment.filters["boolean"] = lambda value: "true" if value else "false"
     members = {
@@ -204,9 +200,7 @@ def filled(template, description):
 
 def main():
     description_path, template, out = sys.argv[1:]
-    with open(description_path, encoding="utf-8") as file:
-        description = json.load(file)
-    text = filled(template, description)
+    text = filled(template, described.read(description_path))
     with open(out, "w", encoding="utf-8") as file:
         file.write(text)
 

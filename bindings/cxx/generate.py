@@ -5,26 +5,18 @@ usage: generate.py DESCRIPTION TEMPLATE
 Prints TEMPLATE, filled. core() in a template stands for a file of core/, whose includes go to the head of the header.
 """
 
-import json
 import os
 import re
 import sys
 import textwrap
 
-import jinja2
-
 HERE = os.path.dirname(os.path.abspath(__file__))
+sys.path.insert(0, os.path.join(HERE, "..", "..", "api"))
+
+import described
+from described import snake, without_workers
+
 WIDTH = 120
-# More parameters than these, or two that could be swapped, are an aggregate.
-MOST_PARAMETERS = 3
-
-
-def snake(name):
-    """The name of a function, record or member here: that of C in small letters, with a line between its words."""
-    name = re.sub(r"^(LUMOZEPH_?|Lumo(?=[A-Z]))", "", name)
-    name = name.replace("UnPlumb", "Unplumb").replace("MRout", "Mrout")
-    name = re.sub(r"(?<!Ip)v6$", "_v6", name)
-    return re.sub(r"(?<=[a-z0-9])(?=[A-Z])|(?<=[A-Z])(?=[A-Z][a-z])", "_", name).lower()
 
 
 def comment(text, tags=()):
@@ -60,17 +52,6 @@ def prose(paragraph):
     return textwrap.fill(paragraph, WIDTH, initial_indent=" * ", subsequent_indent=" * ", break_on_hyphens=False)
 
 
-def without_workers(paragraphs):
-    """What is not said of the workers of lists, which have no name here."""
-    kept = []
-    for paragraph in paragraphs:
-        if paragraph.startswith("The pair") or "LUMOZEPHGet" in paragraph:
-            continue
-        sentences = [sentence for sentence in re.split(r"(?<=\.) ", paragraph) if "worker" not in sentence]
-        kept.append(" ".join(sentences))
-    return kept
-
-
 def fixed(c_type):
     return f"std::{c_type}" if re.match(r"u?int\d+_t$", c_type) else c_type
 
@@ -91,38 +72,10 @@ class Argument:
         return bool(re.match(r"std::u?int\d+_t$", self.type))
 
 
-class Operation:
+class Operation(described.NamedOperation):
     """A function of C, as C++ sees it."""
 
-    def __init__(self, function, interface):
-        self.c_name = function["name"]
-        self.name = snake(self.c_name)
-        self.shape = function["operation"]
-        self.brief = function["brief"]
-        self.description = function["description"]
-        self.chapter = function["chapter"]
-        self.parameters = function["parameters"]
-        self.interface = interface
-        self.answer = function.get("answer")
-        self.result = function.get("result")
-        self.errors = [error for error in function["errors"] if error["from"] == "function"]
-        self.leaves_errno = any(error["name"] == "none" for error in function["errors"])
-        self.arguments = []
-        self.guards = []
-        outs = {self.answer, self.result and self.result["parameter"], self.result and self.result.get("count")}
-        # The caller's buffer of a size of its own.
-        self.sized = next((p for p in self.parameters if p.get("size", {}).get("unit") == "bytes"), None)
-        inputs = [p for p in self.parameters if p["name"] not in outs and p["kind"] not in ("unsent", "size")]
-        merged = set()
-        for parameter in inputs:
-            if parameter["name"] not in merged:
-                self.arguments.append(self.argument(parameter, inputs, merged))
-
-    def position(self, name):
-        return [p["name"] for p in self.parameters].index(name)
-
-    def parameter(self, name):
-        return next(p for p in self.parameters if p["name"] == name)
+    empty_text = '""'
 
     def words(self, parameter):
         """What a parameter is, how much of it is used and what it is to be left out."""
@@ -143,7 +96,7 @@ class Operation:
             return f"{text}; left out: {null['text']}"
         return text
 
-    def argument(self, parameter, inputs, merged):
+    def argument(self, parameter, merged):
         kind = parameter["kind"]
         name = snake(parameter["name"])
         base = parameter["type"]["base"]
@@ -151,9 +104,9 @@ class Operation:
         null = parameter.get("null", {}).get("effect")
         c_name = parameter["name"]
         if kind == "ipv6_word":
-            return self.ipv6_argument(parameter, inputs, merged)
+            return self.ipv6_argument(parameter, merged)
         if kind == "ipv4":
-            mask = next((p for p in inputs if p.get("mask_of") == c_name), None)
+            mask = next((p for p in self.inputs if p.get("mask_of") == c_name), None)
             if mask is None:
                 return Argument(name, kind, "ipv4", words, {c_name: "{}.value()"})
             merged.add(mask["name"])
@@ -162,9 +115,8 @@ class Operation:
         if kind == "ipv4_mask":  # Of no parameter's address.
             return Argument(name, kind, "ipv4_mask", words, {c_name: "{}.value()"})
         if kind == "switch":
-            return Argument(
-                name, kind, "switched", self.switch(parameter), {c_name: f"static_cast<{fixed(base)}>({{}})"}
-            )
+            words = self.switch_words(parameter, "on", "off")
+            return Argument(name, kind, "switched", words, {c_name: f"static_cast<{fixed(base)}>({{}})"})
         if kind == "mac":
             words = words.replace("6 bytes", "the MAC address")
             if null != "meaning":
@@ -198,11 +150,12 @@ class Operation:
             )
         if kind == "count":
             # Comes with its records.
-            records = next(p for p in inputs if p.get("size", {}).get("parameter") == c_name)
+            records = next(p for p in self.inputs if p.get("size", {}).get("parameter") == c_name)
             merged.add(records["name"])
-            return self.argument(records, inputs, merged)
+            return self.argument(records, merged)
         if kind == "record":
-            self.guard_count(name, base)
+            for count, room in self.counts_in(base):
+                self.guards.append((f"{{{name}}}.{count} > {room}", f"{name}.{count} is larger than {room}"))
             return Argument(name, kind, f"const {snake(base)}&", words, {c_name: "&{}"})
         if kind == "bytes":
             macro = parameter["size"]["macro"]
@@ -217,26 +170,12 @@ class Operation:
             return Argument(name, kind, f"maybe<{reference}>", words, {c_name: "{}.c_str()"}, "{}")
         return Argument(name, kind, reference, words, {c_name: "{}.c_str()"})
 
-    def guard_count(self, name, record):
-        """A count in a record of the caller's must not be larger than the array beside it."""
-        members = next(one for one in self.interface.description["records"] if one["name"] == record)["members"]
-        arrays = [member for member in members if "length" in member["type"]]
-        for count in (member for member in members if member["kind"] == "count"):
-            length = arrays[0]["type"]["length"]
-            self.guards.append(
-                (f"{{{name}}}.{count['name']} > {length}", f"{name}.{count['name']} is larger than {length}")
-            )
-
-    def ipv6_argument(self, parameter, inputs, merged):
-        name = parameter["address"]["name"]
-        words = re.sub(r"'s first eight bytes$", "", parameter["summary"])
-        second = next(p for p in inputs if p.get("address") == {"name": name, "word": 2})
-        after = inputs[inputs.index(second) + 1 :]
+    def ipv6_argument(self, parameter, merged):
+        name, words, second, length = self.ipv6_parts(parameter)
         merged.add(second["name"])
-        if not after or after[0]["kind"] != "prefix_length":
+        if not length:
             accessors = {parameter["name"]: "{}.word1()", second["name"]: "{}.word2()"}
             return Argument(snake(name), "ipv6", "ipv6", words, accessors)
-        length = after[0]
         merged.add(length["name"])
         return Argument(
             snake(name),
@@ -249,20 +188,6 @@ class Operation:
                 length["name"]: "{}.mask().value()",
             },
         )
-
-    @staticmethod
-    def switch(parameter):
-        switch = parameter["switch"]
-        return switch["chooses"] if "chooses" in switch else f"on: {switch['on']}; off: {switch['off']}"
-
-    @property
-    def is_aggregate(self):
-        """Whether there are many arguments, or some of which swapping would go unnoticed."""
-        if self.sized:
-            return False
-        numbers = sum(argument.is_number for argument in self.arguments)
-        types = [argument.type for argument in self.arguments]
-        return len(types) > MOST_PARAMETERS or numbers > 1 or len(set(types)) < len(types)
 
     @property
     def aggregate(self):
@@ -290,29 +215,9 @@ class Operation:
             given = [one.split(" = ")[0] for one in declared]
         return ", ".join([*given, *outs, *left_out, *optional])
 
-    def access(self, name):
-        return f"with.{name}" if self.is_aggregate else name
-
     def call(self, **outs):
         """The call of the C function, with these for what it stores through."""
-        given = dict(outs)
-        for argument in self.arguments:
-            for c_name, pattern in argument.c.items():
-                given[c_name] = pattern.format(self.access(argument.name))
-        for parameter in self.parameters:
-            if parameter["kind"] == "unsent":
-                given[parameter["name"]] = '""' if parameter["type"]["pointers"] else "0"
-        return f"::{self.c_name}({', '.join(given[p['name']] for p in self.parameters)})"
-
-    @property
-    def rejected(self):
-        """The conditions under which C would read what is not there."""
-        names = {argument.name: self.access(argument.name) for argument in self.arguments}
-        return [condition.format(**names) for condition, _ in self.guards]
-
-    @property
-    def result_parameter(self):
-        return self.parameter(self.result["parameter"])
+        return f"::{self.c_name}({self.passed_to_c(outs)})"
 
     @property
     def result_type(self):
@@ -359,75 +264,19 @@ class Operation:
             tags.append(("@return", self.returned))
         for _, words in self.guards:
             tags.append(("@throws error", f"EINVAL: {words}"))
-        for error in self.errors:
-            if error["name"] != "none":
-                tags.append(("@throws error", f"{error['name']}: {error['text']}"))
-        if self.leaves_errno:
-            left = next(error for error in self.errors if error["name"] == "none")
-            tags.append(("@throws error", "EOVERFLOW: " + re.sub(r"^errno is not set: ", "", left["text"])))
-        paragraphs = [self.brief, *(p for p in self.description)]
-        return comment(paragraphs, tags)
-
-    @property
-    def returned(self):
-        if self.sized:
-            return "the entries that lie in the buffer, and how many the module reports"
-        if self.shape == "get_block":
-            return "the entries"
-        if self.result_parameter["kind"] == "mac":
-            return "the address"
-        if self.shape == "get_raw":
-            return f"{self.result_parameter['size']['macro']} bytes"
-        words = re.sub(r",? ?(untouched|undefined) (on|if|after) .*$", "", self.result_parameter["summary"])
-        words = re.sub(r"(written by the module itself), also before it fails; .*$", "as the module writes it", words)
-        words = re.sub(r"\. Untouched .*$|, also before it fails.*$", "", words)
-        return re.sub(r"^IPv4, .*$", "the address", words) or "the value"
+        for name, words in self.failures:
+            tags.append(("@throws error", f"{name}: {words}"))
+        return comment([self.brief, *self.description], tags)
 
 
-class Interface:
-    def __init__(self, description):
-        self.description = description
-        self.version = description["version"]
-        self.chapters = description["chapters"]
-        self.operations = [
-            Operation(function, self)
-            for function in description["functions"]
-            if function["operation"] not in ("release", "fill_list", "exchange", "make_key")
-        ]
-        used = {p["kind"] for o in self.operations for p in o.parameters if self.is_name(p)}
-        self.kinds = [kind for kind in description["kinds"] if kind["name"] in used]
-
-    @staticmethod
-    def is_name(parameter):
-        text = parameter["type"] == {"base": "char", "const": True, "pointers": 1}
-        return text and parameter["kind"] != "unsent" and parameter["direction"] == "in"
-
-    @staticmethod
-    def is_key(kind):
-        return kind["text"].startswith("The key of")
-
-    def of_chapter(self, chapter):
-        return [operation for operation in self.operations if operation.chapter == chapter]
-
-    def records_of(self, chapter):
-        """The records that have a name here: all but those that are lists."""
-        lists = {one["name"] for one in self.description["lists"] + self.description["tables"]}
-        return [
-            record
-            for record in self.description["records"]
-            if record["chapter"] == chapter and record["name"] not in lists and record["name"] != "LumoEnvelope"
-        ]
+class Interface(described.Interface):
+    operation = Operation
 
     def lists_of(self, chapter):
-        chapters = {record["name"]: record["chapter"] for record in self.description["records"]}
-        return [one for one in self.description["lists"] if chapters[one["name"]] == chapter]
+        return [one for one in self.description["lists"] if self.record(one["name"])["chapter"] == chapter]
 
     def tables_of(self, chapter):
-        chapters = {record["name"]: record["chapter"] for record in self.description["records"]}
-        return [one for one in self.description["tables"] if chapters[one["name"]] == chapter]
-
-    def brief_of(self, record):
-        return next(one for one in self.description["records"] if one["name"] == record)["brief"]
+        return [one for one in self.description["tables"] if self.record(one["name"])["chapter"] == chapter]
 
     def owned_of(self, chapter):
         """The records of single reads of a chapter, each with what frees it."""
@@ -474,16 +323,9 @@ class Core:
 
 def main():
     description_path, template_path = sys.argv[1:]
-    with open(description_path, encoding="utf-8") as file:
-        interface = Interface(json.load(file))
+    interface = Interface(described.read(description_path))
     core = Core()
-    environment = jinja2.Environment(
-        loader=jinja2.FileSystemLoader(os.path.dirname(os.path.abspath(template_path))),
-        trim_blocks=True,
-        lstrip_blocks=True,
-        keep_trailing_newline=True,
-        undefined=jinja2.StrictUndefined,
-    )
+    environment = described.templates(os.path.dirname(os.path.abspath(template_path)))
     environment.filters.update(
         snake=snake,
         comment=comment,

@@ -5,25 +5,18 @@ usage: generate.py DESCRIPTION TEMPLATE
 Prints TEMPLATE, filled.
 """
 
-import json
 import os
 import re
 import sys
 import textwrap
 
-import jinja2
+sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "api"))
+
+import described
+from described import snake
 
 WIDTH = 120
-KINDS_OF_OTHERS = ("release", "fill_list", "exchange", "make_key")
 NUMBERS = {"uint8_t": "u8", "uint16_t": "u16", "uint32_t": "u32", "int32_t": "i32"}
-
-
-def snake(name):
-    """The name of a function: that of C in small letters, with a line between its words."""
-    name = re.sub(r"^LUMOZEPH_?", "", name)
-    name = name.replace("UnPlumb", "Unplumb").replace("MRout", "Mrout")
-    name = re.sub(r"(?<!Ip)v6$", "_v6", name)
-    return re.sub(r"(?<=[a-z0-9])(?=[A-Z])|(?<=[A-Z])(?=[A-Z][a-z])", "_", name).lower()
 
 
 def bare(name):
@@ -112,25 +105,15 @@ class Argument:
         self.default = default
 
 
-class Operation:
+class Operation(described.Operation):
     """A function of C, as Python sees it."""
 
+    entries = "the entries that lie in so many bytes, and how many the module reports"
+    raw = "{} bytes; those that the module has not written are zero"
+
     def __init__(self, function, interface):
-        self.c_name = function["name"]
-        self.name = snake(self.c_name)
-        self.shape = function["operation"]
-        self.chapter = function["chapter"]
-        self.paragraphs = [function["brief"], *sentences(function["description"])]
-        self.parameters = function["parameters"]
-        self.interface = interface
-        self.answer = function.get("answer")
-        self.result = function.get("result")
-        self.errors = [error for error in function["errors"] if error["from"] == "function"]
-        self.leaves_errno = any(error["name"] == "none" for error in function["errors"])
+        super().__init__(function, interface)
         self.guards = []
-        outs = {self.answer, self.result and self.result["parameter"], self.result and self.result.get("count")}
-        self.sized = next((p for p in self.parameters if p.get("size", {}).get("unit") == "bytes"), None)
-        self.inputs = [p for p in self.parameters if p["name"] not in outs and p["kind"] != "unsent"]
         self.takes_many = len(self.inputs) > 3 or sum(self.is_number(p) for p in self.inputs) > 1
         self.arguments = []
         taken = set()
@@ -153,9 +136,6 @@ class Operation:
             "ipv6_word",
             "switch",
         )
-
-    def parameter(self, name):
-        return next(p for p in self.parameters if p["name"] == name)
 
     @staticmethod
     def words(parameter):
@@ -181,17 +161,14 @@ class Operation:
         may_be_none = null.get("effect") == "meaning" or "if" in null
         words = self.words(parameter)
         if kind == "ipv6_word":
-            address = parameter["address"]["name"]
-            second = next(p for p in self.inputs if p.get("address") == {"name": address, "word": 2})
-            words = re.sub(r"'s first eight bytes$", "", parameter["summary"])
+            address, words, second, _ = self.ipv6_parts(parameter)
             return Argument(address, "IPv6Argument", words, {name: f"*c.ipv6({address})", second["name"]: ""})
         if kind == "ipv4":
             return Argument(name, "IPv4Argument", words, {name: f"c.ipv4({name})"})
         if kind == "ipv4_mask":
             return Argument(name, "MaskArgument", f"{words}; a number: that of a length", {name: f"c.mask({name})"})
         if kind == "switch":
-            switch = parameter["switch"]
-            words = switch["chooses"] if "chooses" in switch else f"True: {switch['on']}; False: {switch['off']}"
+            words = self.switch_words(parameter, "True", "False")
             return Argument(name, "bool", words, {name: f"1 if {name} else 0"})
         if kind == "mac":
             return self.mac(parameter, may_be_none, words)
@@ -207,7 +184,9 @@ class Operation:
             words = self.words(self.parameter(count))
             return Argument(records["name"], f"Sequence[{record}]", words, passed, "()")
         if kind == "record":
-            self.guard_count(name, base)
+            for count, room in self.counts_in(base):
+                refused = f"{name}.{count} is larger than {room}"
+                self.guards.append((f"{name}.{count} > {room}", f'"{refused}"', refused))
             words = re.sub(r"; its size must not exceed.*$", "", words)
             return Argument(name, bare(base), words, {name: name})
         if kind == "bytes":
@@ -242,15 +221,6 @@ class Operation:
                 )
             )
         return Argument(name, "Optional[MacArgument]", words, {name: f"c.maybe_mac({name})"}, "None")
-
-    def guard_count(self, name, record):
-        """A count in a record of the caller's must not be larger than the array beside it."""
-        members = next(one for one in self.interface.records if one["name"] == record)["members"]
-        arrays = [member for member in members if "length" in member["type"]]
-        for count in (member for member in members if member["kind"] == "count"):
-            length = arrays[0]["type"]["length"]
-            words = f"{name}.{count['name']} is larger than {length}"
-            self.guards.append((f"{name}.{count['name']} > {length}", f'"{words}"', words))
 
     @property
     def size_argument(self):
@@ -308,14 +278,9 @@ class Operation:
         return statement(f"_{bare(self.c_name)} = function(", [f'"{self.c_name}"', *self.c_types], ")")
 
     @property
-    def result_parameter(self):
-        return self.parameter(self.result["parameter"])
-
-    @property
     def record(self):
         """The record that is read, once or several times."""
-        lists = {one["name"]: one for one in self.interface.lists}
-        return bare(lists[self.result["type"]]["record"] if self.result["type"] in lists else self.result["type"])
+        return bare(self.interface.record_in(self.result["type"]))
 
     @property
     def returned_type(self):
@@ -337,21 +302,6 @@ class Operation:
         }[self.shape]
 
     @property
-    def returned(self):
-        if self.sized:
-            return "the entries that lie in so many bytes, and how many the module reports"
-        if self.shape == "get_block":
-            return "the entries"
-        if self.result_parameter["kind"] == "mac":
-            return "the address"
-        if self.shape == "get_raw":
-            return f"{self.result_parameter['size']['macro']} bytes; those that the module has not written are zero"
-        words = re.sub(r",? ?(untouched|undefined) (on|if|after) .*$", "", self.result_parameter["summary"])
-        words = re.sub(r"(written by the module itself), also before it fails; .*$", "as the module writes it", words)
-        words = re.sub(r"\. Untouched .*$|, also before it fails.*$", "", words)
-        return re.sub(r"^IPv4, .*$", "the address", words) or "the value"
-
-    @property
     def docstring(self):
         sections = []
         if self.arguments:
@@ -359,15 +309,10 @@ class Operation:
         if self.result:
             sections.append(("Returns", [("", self.returned)]))
         raised = [("ValueError", words) for _, _, words in self.guards]
-        for error in self.errors:
-            if error["name"] == "none":
-                text = re.sub(r"^errno is not set: ", "", error["text"])
-                raised.append(("Error", f"EOVERFLOW: {text}"))
-            else:
-                raised.append(("Error", f"{error['name']}: {error['text']}"))
+        raised += [("Error", f"{name}: {words}") for name, words in self.failures]
         if raised:
             sections.append(("Raises", raised))
-        return docstring(self.paragraphs, sections)
+        return docstring([self.brief, *sentences(self.description)], sections)
 
 
 class RecordClass:
@@ -462,27 +407,13 @@ class RecordClass:
         return self.TAKEN.get(kind, self.TYPES[kind])
 
 
-class Interface:
-    def __init__(self, description):
-        self.version = description["version"]
-        self.chapters = description["chapters"]
-        self.records = description["records"]
-        self.lists = description["lists"] + description["tables"]
-        self.macros = [macro for macro in description["macros"] if "chapter" in macro]
-        self.operations = [
-            Operation(function, self)
-            for function in description["functions"]
-            if function["operation"] not in KINDS_OF_OTHERS
-        ]
-        lists = {one["name"] for one in self.lists}
-        self.classes = [
-            RecordClass(record)
-            for record in self.records
-            if record["name"] not in lists and record["name"] != "LumoEnvelope"
-        ]
+class Interface(described.Interface):
+    operation = Operation
 
-    def of_chapter(self, chapter):
-        return [operation for operation in self.operations if operation.chapter == chapter]
+    def __init__(self, description):
+        super().__init__(description)
+        self.macros = [macro for macro in description["macros"] if "chapter" in macro]
+        self.classes = [RecordClass(record) for record in self.records]
 
     def classes_of(self, chapter):
         return [one for one in self.classes if one.chapter == chapter]
@@ -490,7 +421,7 @@ class Interface:
     def owners_of(self, chapter):
         """The lists of a chapter, each with the type of its count and what frees it."""
         for one in self.lists:
-            record = next(record for record in self.records if record["name"] == one["name"])
+            record = self.record(one["name"])
             if record["chapter"] == chapter:
                 count = next(member for member in record["members"] if member["name"] == "count")
                 yield {
@@ -526,15 +457,8 @@ def with_imports(text, interface):
 
 def main():
     description_path, template_path = sys.argv[1:]
-    with open(description_path, encoding="utf-8") as file:
-        interface = Interface(json.load(file))
-    environment = jinja2.Environment(
-        loader=jinja2.FileSystemLoader(os.path.dirname(os.path.abspath(template_path))),
-        trim_blocks=True,
-        lstrip_blocks=True,
-        keep_trailing_newline=True,
-        undefined=jinja2.StrictUndefined,
-    )
+    interface = Interface(described.read(description_path))
+    environment = described.templates(os.path.dirname(os.path.abspath(template_path)))
     environment.filters.update(bare=bare, in_python=in_python)
     environment.globals.update(interface=interface)
     print(with_imports(environment.get_template(os.path.basename(template_path)).render(), interface), end="")

@@ -7,20 +7,21 @@ Writes the generated files of the crates below FOLDER, which lies like bindings/
 filled.
 """
 
-import json
+import functools
 import os
 import re
 import subprocess
 import sys
 import textwrap
 
-import jinja2
-
 HERE = os.path.dirname(os.path.abspath(__file__))
+sys.path.insert(0, os.path.join(HERE, "..", "..", "api"))
+
+import described
+from described import snake, without_workers
+
 RUSTFMT = "/usr/bin/rustfmt"
 WIDTH = 112
-# More parameters than these, or two that could be swapped, are a struct.
-MOST_PARAMETERS = 3
 # A reply that is larger lies in memory of its own.
 LARGEST_IN_PLACE = 4096
 
@@ -34,14 +35,6 @@ C_TYPES = {
 
 def rust_type(base):
     return C_TYPES.get(base, base)
-
-
-def snake(name):
-    """The name of a function, member or parameter here: that of C in small letters, with a line between its words."""
-    name = re.sub(r"^(LUMOZEPH_?|Lumo(?=[A-Z]))", "", name)
-    name = name.replace("UnPlumb", "Unplumb").replace("MRout", "Mrout")
-    name = re.sub(r"(?<!Ip)v6$", "_v6", name)
-    return re.sub(r"(?<=[a-z0-9])(?=[A-Z])|(?<=[A-Z])(?=[A-Z][a-z])", "_", name).lower()
 
 
 def camel(name):
@@ -116,17 +109,6 @@ def comment(*text, prefix="///"):
     return documented(paragraphs_of(text, translated), prefix)
 
 
-def without_workers(paragraphs):
-    """What is not said of the workers of lists, which have no name here."""
-    kept = []
-    for paragraph in paragraphs:
-        if paragraph.startswith("The pair") or "LUMOZEPHGet" in paragraph:
-            continue
-        sentences = [sentence for sentence in re.split(r"(?<=\.) ", paragraph) if "worker" not in sentence]
-        kept.append(" ".join(sentences))
-    return kept
-
-
 class Argument:
     """A parameter of a Rust function, or a field of its struct; what C gets of it stands in c, by parameter."""
 
@@ -165,38 +147,11 @@ class Argument:
         return "'a" in self.type
 
 
-class Operation:
+class Operation(described.NamedOperation):
     """A function of C, as Rust sees it."""
 
-    def __init__(self, function, interface):
-        self.c_name = function["name"]
-        self.name = snake(self.c_name)
-        self.shape = function["operation"]
-        self.brief = function["brief"]
-        self.description = function["description"]
-        self.chapter = function["chapter"]
-        self.parameters = function["parameters"]
-        self.interface = interface
-        self.answer = function.get("answer")
-        self.result = function.get("result")
-        self.errors = [error for error in function["errors"] if error["from"] == "function"]
-        self.leaves_errno = any(error["name"] == "none" for error in function["errors"])
-        self.arguments = []
-        self.guards = []
-        outs = {self.answer, self.result and self.result["parameter"], self.result and self.result.get("count")}
-        # The caller's buffer of a size of its own.
-        self.sized = next((p for p in self.parameters if p.get("size", {}).get("unit") == "bytes"), None)
-        inputs = [p for p in self.parameters if p["name"] not in outs and p["kind"] not in ("unsent", "size")]
-        merged = set()
-        for parameter in inputs:
-            if parameter["name"] not in merged:
-                self.arguments.append(self.argument(parameter, inputs, merged))
-
-    def position(self, name):
-        return [p["name"] for p in self.parameters].index(name)
-
-    def parameter(self, name):
-        return next(p for p in self.parameters if p["name"] == name)
+    written = "what the module writes"
+    empty_text = "EMPTY.as_ptr()"
 
     def words(self, parameter):
         """What a parameter is, how much of it is used and what it is to be left out."""
@@ -215,7 +170,7 @@ class Operation:
             return f"{text}; left out: {null['text']}" if text else f"left out: {null['text']}"
         return text
 
-    def argument(self, parameter, inputs, merged):
+    def argument(self, parameter, merged):
         kind = parameter["kind"]
         name = snake(parameter["name"])
         base = parameter["type"]["base"]
@@ -223,9 +178,9 @@ class Operation:
         null = parameter.get("null", {}).get("effect")
         c_name = parameter["name"]
         if kind == "ipv6_word":
-            return self.ipv6_argument(parameter, inputs, merged)
+            return self.ipv6_argument(parameter, merged)
         if kind == "ipv4":
-            mask = next((p for p in inputs if p.get("mask_of") == c_name), None)
+            mask = next((p for p in self.inputs if p.get("mask_of") == c_name), None)
             if mask is None:
                 return Argument(name, "Ipv4Addr", words, {c_name: "raw_ipv4({})"})
             merged.add(mask["name"])
@@ -234,9 +189,8 @@ class Operation:
         if kind == "ipv4_mask":  # Of no parameter's address.
             return Argument(name, "Ipv4Mask", words, {c_name: "{}.to_raw()"})
         if kind == "switch":
-            return Argument(
-                name, "Switched", self.switch(parameter), {c_name: f"{{}} as {rust_type(base).replace('c_int', 'i32')}"}
-            )
+            words = self.switch_words(parameter, "on", "off")
+            return Argument(name, "Switched", words, {c_name: f"{{}} as {rust_type(base).replace('c_int', 'i32')}"})
         if kind == "mac":
             words = words.replace("6 bytes", "the MAC address")
             if null != "meaning":
@@ -265,11 +219,14 @@ class Operation:
             )
         if kind == "count":
             # Comes with its records.
-            records = next(p for p in inputs if p.get("size", {}).get("parameter") == c_name)
+            records = next(p for p in self.inputs if p.get("size", {}).get("parameter") == c_name)
             merged.add(records["name"])
-            return self.argument(records, inputs, merged)
+            return self.argument(records, merged)
         if kind == "record":
-            self.guard_count(name, base)
+            for count, room in self.counts_in(base):
+                self.guards.append(
+                    (f"{{{name}}}.{snake(count)}() > {room}", f"the {count} of `{name}` is larger than {room}")
+                )
             return Argument(name, f"&{camel(base)}", words, {c_name: "{}.as_raw()"})
         if kind == "bytes":
             size = parameter["size"]
@@ -290,29 +247,12 @@ class Operation:
             name, reference, words, {c_name: "{}.as_ptr()"}, None, f"Terminated::<{size}>::of({{}}, OPERATION)?"
         )
 
-    def guard_count(self, name, record):
-        """A count in a record of the caller's must not be larger than the array beside it."""
-        members = next(one for one in self.interface.description["records"] if one["name"] == record)["members"]
-        arrays = [member for member in members if "length" in member["type"]]
-        for count in (member for member in members if member["kind"] == "count"):
-            length = arrays[0]["type"]["length"]
-            self.guards.append(
-                (
-                    f"{{{name}}}.{snake(count['name'])}() > {length}",
-                    f"the {count['name']} of `{name}` is larger than {length}",
-                )
-            )
-
-    def ipv6_argument(self, parameter, inputs, merged):
-        name = parameter["address"]["name"]
-        words = re.sub(r"'s first eight bytes$", "", parameter["summary"])
-        second = next(p for p in inputs if p.get("address") == {"name": name, "word": 2})
-        after = inputs[inputs.index(second) + 1 :]
+    def ipv6_argument(self, parameter, merged):
+        name, words, second, length = self.ipv6_parts(parameter)
         merged.add(second["name"])
-        if not after or after[0]["kind"] != "prefix_length":
+        if not length:
             accessors = {parameter["name"]: "raw_ipv6({})[0]", second["name"]: "raw_ipv6({})[1]"}
             return Argument(snake(name), "Ipv6Addr", words, accessors)
-        length = after[0]
         merged.add(length["name"])
         return Argument(
             snake(name),
@@ -324,20 +264,6 @@ class Operation:
                 length["name"]: "{}.length().into()",
             },
         )
-
-    @staticmethod
-    def switch(parameter):
-        switch = parameter["switch"]
-        return switch["chooses"] if "chooses" in switch else f"on: {switch['on']}; off: {switch['off']}"
-
-    @property
-    def is_struct(self):
-        """Whether there are many arguments, or some of which swapping would go unnoticed."""
-        if self.sized:
-            return False
-        numbers = sum(argument.is_number for argument in self.arguments)
-        types = [argument.type for argument in self.arguments]
-        return len(types) > MOST_PARAMETERS or numbers > 1 or len(set(types)) < len(types)
 
     @property
     def struct(self):
@@ -362,7 +288,7 @@ class Operation:
     @property
     def function_generics(self):
         """A name is given as anything that becomes one, and its lifetime is said; what is left out may do without."""
-        return "<'a>" if not self.is_struct and any(argument.is_name for argument in self.arguments) else ""
+        return "<'a>" if not self.is_aggregate and any(argument.is_name for argument in self.arguments) else ""
 
     @staticmethod
     def parameter_of(argument):
@@ -373,15 +299,12 @@ class Operation:
     @property
     def declared(self):
         """The parameters of the Rust function."""
-        if self.is_struct:
+        if self.is_aggregate:
             return f"with: &{self.struct_type}".replace("'a", "'_")
         if self.sized:
             return "buffer: &mut [u8]"
         declared = ", ".join(self.parameter_of(argument) for argument in self.arguments)
         return declared if self.function_generics else declared.replace("'a", "'_")
-
-    def access(self, name):
-        return f"with.{name}" if self.is_struct else name
 
     @property
     def preparations(self):
@@ -393,31 +316,17 @@ class Operation:
             if argument.prepared:
                 mutable = "mut " if ".as_mut_ptr" in "".join(argument.c.values()) else ""
                 given = self.access(argument.name)
-                if argument.is_name and not self.is_struct:
+                if argument.is_name and not self.is_aggregate:
                     given += ".into()"
                 lines.append(f"let {mutable}{argument.name} = {argument.prepared.format(given)};")
         return lines
 
+    def passed(self, argument):
+        return argument.name if argument.prepared else super().passed(argument)
+
     def call(self, **outs):
         """The call of the C function, with these for what it stores through."""
-        given = dict(outs)
-        for argument in self.arguments:
-            for c_name, pattern in argument.c.items():
-                given[c_name] = pattern.format(argument.name if argument.prepared else self.access(argument.name))
-        for parameter in self.parameters:
-            if parameter["kind"] == "unsent":
-                given[parameter["name"]] = "EMPTY.as_ptr()" if parameter["type"]["pointers"] else "0"
-        return f"sys::{self.c_name}({', '.join(given[p['name']] for p in self.parameters)})"
-
-    @property
-    def rejected(self):
-        """The conditions under which C would read what is not there."""
-        names = {argument.name: self.access(argument.name) for argument in self.arguments}
-        return [condition.format(**names) for condition, _ in self.guards]
-
-    @property
-    def result_parameter(self):
-        return self.parameter(self.result["parameter"])
+        return f"sys::{self.c_name}({self.passed_to_c(outs)})"
 
     @property
     def room(self):
@@ -441,7 +350,7 @@ class Operation:
         if self.shape == "get_record":
             return f"Owned<{camel(base)}>"
         if self.shape in ("get_list", "get_table"):
-            return f"List<{camel(self.interface.record_of(base))}>"
+            return f"List<{camel(self.interface.record_in(base))}>"
         if self.shape == "fill_record":
             return camel(base)
         if kind == "mac":
@@ -457,7 +366,7 @@ class Operation:
         """The documentation."""
         lines = paragraphs_of([self.brief, *self.description], translated)
         items = []
-        if not self.is_struct and not self.sized:
+        if not self.is_aggregate and not self.sized:
             items += [(f"`{argument.name}`", argument.words) for argument in self.arguments]
         if self.sized:
             items.append(("`buffer`", "room for the entries"))
@@ -468,30 +377,12 @@ class Operation:
         if self.result:
             lines += ["", *wrapped(translated(f"Returns {self.returned}."))]
         failures = [f"EINVAL: {words}" for _, words in self.guards]
-        failures += [f"{error['name']}: {error['text']}" for error in self.errors if error["name"] != "none"]
-        if self.leaves_errno:
-            left = next(error for error in self.errors if error["name"] == "none")
-            failures.append("EOVERFLOW: " + re.sub(r"^errno is not set: ", "", left["text"]))
+        failures += [f"{name}: {words}" for name, words in self.failures]
         if failures:
             lines += ["", "# Errors", ""]
             for words in failures:
                 lines += wrapped(translated(words), "- ", "  ")
         return lines
-
-    @property
-    def returned(self):
-        if self.sized:
-            return "the entries that lie in the buffer, and how many the module reports"
-        if self.shape == "get_block":
-            return "the entries"
-        if self.result_parameter["kind"] == "mac":
-            return "the address"
-        if self.shape == "get_raw":
-            return f"{self.result_parameter['size']['macro']} bytes"
-        words = re.sub(r",? ?(untouched|undefined) (on|if|after) .*$", "", self.result_parameter["summary"])
-        words = re.sub(r"(written by the module itself), also before it fails; .*$", "what the module writes", words)
-        words = re.sub(r"\. Untouched .*$|, also before it fails.*$", "", words)
-        return re.sub(r"^IPv4, .*$", "the address", words) or "the value"
 
 
 class Member:
@@ -577,33 +468,20 @@ class Member:
         return f"{field}.into_iter().take({count})" if self.counted_by else field
 
 
-class Interface:
+class Interface(described.Interface):
+    operation = Operation
+
     def __init__(self, description):
-        self.description = description
-        self.version = description["version"]
-        self.chapters = description["chapters"]
+        super().__init__(description)
         self.macros = description["macros"]
-        functions = [
-            function
-            for function in description["functions"]
-            if function["operation"] not in ("release", "fill_list", "exchange", "make_key")
-        ]
-        used = {p["kind"] for function in functions for p in function["parameters"] if self.is_name(p)}
-        self.kinds = [kind for kind in description["kinds"] if kind["name"] in used]
-        self.names = {kind["name"]: self.name_of(kind) for kind in self.kinds}
-        self.operations = [Operation(function, self) for function in functions]
-        types = [self.rust_record(record) for record in self.all_records] + list(self.names.values())
-        types += [operation.struct for operation in self.operations if operation.is_struct]
+        types = [camel(record["name"]) for record in self.records] + list(self.names.values())
+        types += [operation.struct for operation in self.operations if operation.is_aggregate]
         assert len(set(types)) == len(types), "two types of one name"
 
-    @staticmethod
-    def is_name(parameter):
-        text = parameter["type"] == {"base": "char", "const": True, "pointers": 1}
-        return text and parameter["kind"] != "unsent" and parameter["direction"] == "in"
-
-    @staticmethod
-    def is_key(kind):
-        return kind["text"].startswith("The key of")
+    @functools.cached_property
+    def names(self):
+        """The types of texts, by their kinds."""
+        return {kind["name"]: self.name_of(kind) for kind in self.kinds}
 
     @classmethod
     def name_of(cls, kind):
@@ -614,30 +492,6 @@ class Interface:
         if cls.is_key(kind):
             return f"{name}Key"
         return name if name in ("Text", "MacText") or name.endswith("Name") else f"{name}Name"
-
-    rust_record = staticmethod(lambda record: camel(record["name"]))
-
-    def raw_of(self, chapter, what):
-        return [one for one in self.description[what] if one["chapter"] == chapter]
-
-    def of_chapter(self, chapter):
-        return [operation for operation in self.operations if operation.chapter == chapter]
-
-    @property
-    def lists(self):
-        return self.description["lists"] + self.description["tables"]
-
-    def record_of(self, one):
-        return next(each["record"] for each in self.lists if each["name"] == one)
-
-    @property
-    def all_records(self):
-        """The records that have a name here: all but those that are lists."""
-        lists = {one["name"] for one in self.lists}
-        return [r for r in self.description["records"] if r["name"] not in lists and r["name"] != "LumoEnvelope"]
-
-    def records_of(self, chapter):
-        return [record for record in self.all_records if record["chapter"] == chapter]
 
     def members_of(self, record):
         return [Member(member, record, self) for member in record["members"] if member["kind"] != "not_copied"]
@@ -738,17 +592,10 @@ def formatted(text):
 
 def main():
     description_path, *rest = sys.argv[1:]
-    with open(description_path, encoding="utf-8") as file:
-        interface = Interface(json.load(file))
+    interface = Interface(described.read(description_path))
     into = rest[1] if rest[0] == "--sources" else None
     folder = os.path.join(HERE, "templates") if into else os.path.dirname(os.path.abspath(rest[0]))
-    environment = jinja2.Environment(
-        loader=jinja2.FileSystemLoader(folder),
-        trim_blocks=True,
-        lstrip_blocks=True,
-        keep_trailing_newline=True,
-        undefined=jinja2.StrictUndefined,
-    )
+    environment = described.templates(folder)
     environment.filters.update(
         snake=snake,
         camel=camel,

@@ -6,13 +6,13 @@ DESCRIPTION is the interface's, api/lumozeph.json; MAN is the folder of the hand
 MANDOC is the program that turns pages into HTML. Below OUTPUT, man3 and man7 are made anew, and html.
 """
 
-import json
 import pathlib
 import shutil
 import sys
 
-import jinja2
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "api"))
 
+import described
 import web
 import words
 from examples import example_of, read_examples
@@ -36,13 +36,7 @@ class Pages:
         self.kinds = {kind["name"]: kind["text"] for kind in description["kinds"]}
         self.examples = read_examples(man / "examples")
         self.markup = Markup(self.functions)
-        self.templates = jinja2.Environment(
-            loader=jinja2.FileSystemLoader([man, pathlib.Path(__file__).parent / "templates"], encoding="utf-8"),
-            undefined=jinja2.StrictUndefined,
-            trim_blocks=True,
-            lstrip_blocks=True,
-            keep_trailing_newline=True,
-        )
+        self.templates = described.templates([man, pathlib.Path(__file__).parent / "templates"])
         self.templates.filters.update(literal=literal, sentence=self.markup.sentence, title=title)
         self.templates.globals.update(
             date=DATE,
@@ -154,7 +148,7 @@ def main():
     if len(sys.argv) != 5:
         sys.exit(__doc__)
     description, man, mandoc, output = (pathlib.Path(argument) for argument in sys.argv[1:])
-    pages = Pages(json.loads(description.read_text(encoding="utf-8")), man)
+    pages = Pages(described.read(description), man)
     for folder in ("man3", "man7", "html"):
         shutil.rmtree(output / folder, ignore_errors=True)
         (output / folder).mkdir(parents=True)
