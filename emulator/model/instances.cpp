@@ -28,10 +28,14 @@ bool is_uuid_text(const std::string& text)
 // The same instances created in the same order have the same UUIDs in every run.
 std::string next_uuid(State& state)
 {
-    char text[37];
-    std::snprintf(text, sizeof text, "10000000-0000-4000-8000-%012llx",
-        static_cast<unsigned long long>(++state.instances_created));
-    return text;
+    std::string uuid;
+    do {
+        char text[37];
+        std::snprintf(text, sizeof text, "10000000-0000-4000-8000-%012llx",
+            static_cast<unsigned long long>(++state.instances_created));
+        uuid = text;
+    } while (state.find_instance(uuid) != nullptr);
+    return uuid;
 }
 
 std::string key_of(const Exchange& exchange)

@@ -199,6 +199,15 @@ TEST_F(Model, KeepsTheUuidOfAnInstanceThatIsCreatedByOne)
     }
 }
 
+TEST_F(Model, GivesNoTwoInstancesTheSameUuid)
+{
+    const std::string first = "10000000-0000-4000-8000-000000000001";
+    ASSERT_EQ(command(2, Message().text(0, first)), 0);
+    ASSERT_EQ(command(2, Message().text(0, "blue")), 0);
+    ASSERT_EQ(command(1, Message().text(0, "blue"), 256), 0);
+    EXPECT_EQ(text(reply, 136), "10000000-0000-4000-8000-000000000002");
+}
+
 TEST_F(Model, ReportsInstancesInTheOrderOfTheirCreation)
 {
     for (const char* name : {"c", "a", "b"})
