@@ -218,7 +218,20 @@ def emulator(results):
     return table(("call", "where", "median"), rows)
 
 
-TABLES = (machine, sets, gets, lists, texts, growth, threads, netlink, allocators, loading, layers, emulator)
+def module(results):
+    """What the emulator's model takes for an entry of each table, or for a resolution."""
+    found = benchmarks(results, "module.json")
+    return table(
+        ("table", "entries", "to add and remove one"),
+        [
+            (name.replace("_", " "), f"{one['entries']:.0f}", time(one["seconds_per_entry"] * 1e9))
+            for name, one in found.items()
+            if name != "resolution"
+        ],
+    ) + f"\n\nA resolution over 8000 routes and 10,000 LIFs: {time(found['resolution']['seconds_per_entry'] * 1e9)}."
+
+
+TABLES = (machine, sets, gets, lists, texts, growth, threads, netlink, allocators, loading, layers, emulator, module)
 
 
 def main():

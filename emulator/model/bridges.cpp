@@ -19,8 +19,9 @@ int add(Exchange& exchange)
     if (bridge == nullptr) {
         if (exchange.state.bridges.size() == bridges::most)
             return ENOSPC;
-        bridge = &exchange.state.bridges.emplace_back();
-        bridge->key = key;
+        Bridge added;
+        added.key = key;
+        bridge = &exchange.state.bridges.add(std::move(added));
     }
     bridge->value = exchange.request[bridges::value];
     return 0;
@@ -29,8 +30,7 @@ int add(Exchange& exchange)
 int remove(Exchange& exchange)
 {
     return on_bridge(exchange, [&](const Bridge& bridge) {
-        auto& all = exchange.state.bridges;
-        all.erase(all.begin() + (&bridge - all.data()));
+        exchange.state.bridges.remove(bridge);
         return 0;
     });
 }

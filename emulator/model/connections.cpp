@@ -34,7 +34,7 @@ int get_all(Exchange& exchange)
 
 int get_one(Exchange& exchange)
 {
-    const Connection* connection = find_connection(name_of(exchange), exchange.state.connections);
+    const Connection* connection = exchange.state.connections.find(name_of(exchange));
     if (connection == nullptr)
         return ENOENT;
     exchange.add(connections::record::layout).begin_with(connection->sent);

@@ -3,8 +3,6 @@
 
 #include "emulator/model/handlers.h"
 
-#include <algorithm>
-
 namespace emulator {
 
 using namespace protocol;
@@ -16,37 +14,26 @@ std::string key_of(const Exchange& exchange)
     return exchange.request[endpoints::key];
 }
 
-auto find(Exchange& exchange)
-{
-    auto& all = exchange.state.endpoints;
-    return std::find_if(
-        all.begin(), all.end(), [key = key_of(exchange)](const Endpoint& endpoint) { return endpoint.key == key; });
-}
-
 int add(Exchange& exchange)
 {
     if (key_of(exchange).empty())
         return EINVAL;
-    auto& all = exchange.state.endpoints;
-    auto endpoint = find(exchange);
-    if (endpoint == all.end()) {
-        if (all.size() == endpoints::most)
-            return ENOSPC;
-        endpoint = all.insert(endpoint, Endpoint {});
-    }
     const Input& request = exchange.request;
-    *endpoint = {key_of(exchange), request[endpoints::name], request[endpoints::value1], request[endpoints::value2],
-        request[endpoints::value3], request[endpoints::flag1], request[endpoints::flag2]};
+    const Endpoint endpoint {key_of(exchange), request[endpoints::name], request[endpoints::value1],
+        request[endpoints::value2], request[endpoints::value3], request[endpoints::flag1], request[endpoints::flag2]};
+    auto& all = exchange.state.endpoints;
+    if (Endpoint* existing = all.find(endpoint.key))
+        *existing = endpoint;
+    else if (all.size() == endpoints::most)
+        return ENOSPC;
+    else
+        all.add(endpoint);
     return 0;
 }
 
 int remove(Exchange& exchange)
 {
-    const auto endpoint = find(exchange);
-    if (endpoint == exchange.state.endpoints.end())
-        return ENOENT;
-    exchange.state.endpoints.erase(endpoint);
-    return 0;
+    return exchange.state.endpoints.remove_if_found(key_of(exchange)) ? 0 : ENOENT;
 }
 
 int flush(Exchange& exchange)
@@ -80,7 +67,7 @@ int get_all(Exchange& exchange)
 template <const Layout& Reported, const Text& Key>
 int get_key(Exchange& exchange)
 {
-    if (find(exchange) == exchange.state.endpoints.end())
+    if (exchange.state.endpoints.find(key_of(exchange)) == nullptr)
         return ENOENT;
     exchange.add(Reported)[Key] = key_of(exchange);
     return 0;

@@ -24,15 +24,12 @@ int set_fdb_entry(Exchange& exchange)
     return on_bridge(exchange, [&](Bridge& bridge) {
         FdbEntry entry {selectors_of(exchange), exchange.request[fdb::mac], exchange.request[fdb::value],
             exchange.request[fdb::flags]};
-        const auto existing = std::find_if(bridge.fdb.begin(), bridge.fdb.end(), [&](const FdbEntry& candidate) {
-            return candidate.selectors == entry.selectors && candidate.mac == entry.mac;
-        });
-        if (existing != bridge.fdb.end())
+        if (FdbEntry* existing = bridge.fdb.find(entry.identity()))
             *existing = entry;
         else if (bridge.fdb.size() == fdb::most)
             return ENOSPC;
         else
-            bridge.fdb.push_back(entry);
+            bridge.fdb.add(entry);
         return 0;
     });
 }
@@ -40,7 +37,7 @@ int set_fdb_entry(Exchange& exchange)
 int clear_fdb(Exchange& exchange)
 {
     return on_bridge(exchange, [&](Bridge& bridge) {
-        std::erase_if(bridge.fdb, [&](const FdbEntry& entry) { return entry.selectors == selectors_of(exchange); });
+        bridge.fdb.remove_all([&](const FdbEntry& entry) { return entry.selectors == selectors_of(exchange); });
         return 0;
     });
 }

@@ -3,7 +3,6 @@
 
 #include "emulator/model/handlers.h"
 
-#include <algorithm>
 #include <cstdio>
 
 namespace emulator {
@@ -65,9 +64,11 @@ int create_or_update(Exchange& exchange)
     if (instance == nullptr) {
         if (exchange.state.instances.size() == instances::most)
             return ENOSPC;
-        instance = &exchange.state.instances.emplace_back();
-        instance->name = key;
-        instance->uuid = is_uuid_text(key) ? key : next_uuid(exchange.state);
+        Instance created;
+        created.name = key;
+        created.uuid = is_uuid_text(key) ? key : next_uuid(exchange.state);
+        instance = &exchange.state.instances.add(std::move(created));
+        exchange.state.instances_by_uuid[instance->uuid] = instance;
     }
     instance->value1 = exchange.request[instances::value1];
     instance->text = exchange.request[instances::text];
@@ -77,10 +78,11 @@ int create_or_update(Exchange& exchange)
 
 int remove(Exchange& exchange)
 {
-    Instance* instance = exchange.state.find_instance(key_of(exchange));
+    const Instance* instance = exchange.state.find_instance(key_of(exchange));
     if (instance == nullptr)
         return ENOENT;
-    exchange.state.instances.erase(exchange.state.instances.begin() + (instance - exchange.state.instances.data()));
+    exchange.state.instances_by_uuid.erase(instance->uuid);
+    exchange.state.instances.remove(*instance);
     return 0;
 }
 

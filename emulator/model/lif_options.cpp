@@ -3,6 +3,7 @@
 
 #include "emulator/model/find.h"
 #include "emulator/model/handlers.h"
+#include "emulator/model/subnets.h"
 
 #include <algorithm>
 
@@ -12,11 +13,28 @@ using namespace protocol;
 
 namespace {
 
+// What an address, a mask or the state of a LIF says of the network that it is on.
+template <class Change>
+void move(Exchange& exchange, Lif& lif, Change change)
+{
+    Instance& instance = *instance_of(exchange);
+    leave_subnet(instance, lif);
+    change();
+    join_subnet(instance, lif);
+}
+
+void move_to(Exchange& exchange, Lif& lif, std::uint32_t address, std::uint32_t mask)
+{
+    move(exchange, lif, [&] {
+        lif.address = address;
+        lif.mask = mask;
+    });
+}
+
 int set_address(Exchange& exchange)
 {
     return on_lif(exchange, [&](Lif& lif) {
-        lif.address = exchange.request[lif_options::address];
-        lif.mask = exchange.request[lif_options::mask];
+        move_to(exchange, lif, exchange.request[lif_options::address], exchange.request[lif_options::mask]);
         return 0;
     });
 }
@@ -26,8 +44,16 @@ int remove_address(Exchange& exchange)
     return on_lif(exchange, [&](Lif& lif) {
         if (lif.address != exchange.request[lif_options::address] || lif.mask != exchange.request[lif_options::mask])
             return EADDRNOTAVAIL;
-        lif.address = 0;
-        lif.mask = 0;
+        move_to(exchange, lif, 0, 0);
+        return 0;
+    });
+}
+
+template <bool Value>
+int enable(Exchange& exchange)
+{
+    return on_lif(exchange, [&](Lif& lif) {
+        move(exchange, lif, [&] { lif.enabled = Value; });
         return 0;
     });
 }
@@ -98,8 +124,8 @@ constexpr Handler answers[] = {
     {"DelLifIp", remove_address},
     {"SetLifVxlanCP", turn<&Lif::vxlan_control_plane, true>},
     {"DelLifVxlanCP", turn<&Lif::vxlan_control_plane, false>},
-    {"EnableLif", turn<&Lif::enabled, true>},
-    {"DisableLif", turn<&Lif::enabled, false>},
+    {"EnableLif", enable<true>},
+    {"DisableLif", enable<false>},
     {"SetLifVxlanMulticastIp", set_number<&Lif::vxlan_multicast, lif_options::vxlan_multicast>},
     {"SetLifIpv6", add_ipv6},
     {"DelLifIpv6", remove_ipv6},

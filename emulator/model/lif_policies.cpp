@@ -6,8 +6,6 @@
 #include "emulator/model/handlers.h"
 #include "emulator/model/route_record.h"
 
-#include <algorithm>
-
 namespace emulator {
 
 using namespace protocol;
@@ -24,27 +22,19 @@ LifPolicy policy_of(const Exchange& exchange)
         {request[lif_policies::gateway], request[lif_policies::lif]}};
 }
 
-bool same(const LifPolicy& left, const LifPolicy& right)
-{
-    return left.kind == right.kind && left.text == right.text && left.dest == right.dest && left.mask == right.mask &&
-           left.next_hop == right.next_hop;
-}
-
 int set(Exchange& exchange)
 {
     Instance* instance = instance_of(exchange);
     if (instance == nullptr)
         return ENOENT;
     const LifPolicy policy = policy_of(exchange);
-    const auto existing = std::find_if(instance->lif_policies.begin(), instance->lif_policies.end(),
-        [&](const LifPolicy& candidate) { return same(candidate, policy); });
-    if (existing != instance->lif_policies.end()) {
+    if (LifPolicy* existing = instance->lif_policies.find(policy.identity())) {
         existing->param = policy.param;
         return done(exchange);
     }
     if (instance->lif_policies.size() == lif_policies::most)
         return ENOSPC;
-    instance->lif_policies.push_back(policy);
+    instance->lif_policies.add(policy);
     return done(exchange);
 }
 
@@ -53,10 +43,7 @@ int remove(Exchange& exchange)
     Instance* instance = instance_of(exchange);
     if (instance == nullptr)
         return ENOENT;
-    const LifPolicy policy = policy_of(exchange);
-    const auto removed =
-        std::erase_if(instance->lif_policies, [&](const LifPolicy& candidate) { return same(candidate, policy); });
-    return removed > 0 ? done(exchange) : ESRCH;
+    return instance->lif_policies.remove_if_found(policy_of(exchange).identity()) ? done(exchange) : ESRCH;
 }
 
 // Of the kind asked for, and of kind 4 those for the same text.

@@ -3,6 +3,7 @@
 
 #include "emulator/model/find.h"
 #include "emulator/model/handlers.h"
+#include "emulator/model/subnets.h"
 
 namespace emulator {
 
@@ -48,7 +49,7 @@ Lif* lif_to_set(Exchange& exchange, LifKind kind, int& error)
     error = instance == nullptr ? ENOENT : name.empty() ? EINVAL : 0;
     if (error != 0)
         return nullptr;
-    Lif* lif = instance->find_lif(name);
+    Lif* lif = instance->lifs.find(name);
     if (lif != nullptr) {
         // A name belongs to one LIF, of either kind.
         error = lif->kind == kind ? 0 : EEXIST;
@@ -58,10 +59,11 @@ Lif* lif_to_set(Exchange& exchange, LifKind kind, int& error)
         error = ENOSPC;
         return nullptr;
     }
-    lif = &instance->lifs.emplace_back();
-    lif->kind = kind;
-    lif->name = name;
-    return lif;
+    Lif created;
+    created.created = instance->lifs_created++;
+    created.kind = kind;
+    created.name = name;
+    return &instance->lifs.add(std::move(created));
 }
 
 int set_routed(Exchange& exchange)
@@ -70,9 +72,12 @@ int set_routed(Exchange& exchange)
     Lif* lif = lif_to_set(exchange, LifKind::Routed, error);
     if (lif == nullptr)
         return error;
+    Instance& instance = *instance_of(exchange);
     lif->aux_name = exchange.request[lifs::aux_name];
+    leave_subnet(instance, *lif);
     lif->address = exchange.request[lifs::address];
     lif->mask = exchange.request[lifs::mask];
+    join_subnet(instance, *lif);
     lif->di_address = exchange.request[lifs::di_address];
     lif->mac = exchange.request[lifs::mac];
     lif->param_a = exchange.request[lifs::param_a];
@@ -100,8 +105,9 @@ int remove(Exchange& exchange)
     return on_lif(exchange, [&](const Lif& lif) {
         if (lif.kind != Kind)
             return ENOENT;
-        auto& all = instance_of(exchange)->lifs;
-        all.erase(all.begin() + (&lif - all.data()));
+        Instance& instance = *instance_of(exchange);
+        leave_subnet(instance, lif);
+        instance.lifs.remove(lif);
         return 0;
     });
 }

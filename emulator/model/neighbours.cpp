@@ -4,8 +4,6 @@
 #include "emulator/model/find.h"
 #include "emulator/model/handlers.h"
 
-#include <algorithm>
-
 namespace emulator {
 
 using namespace protocol;
@@ -35,30 +33,22 @@ Neighbour named_by(const Exchange& exchange)
     return neighbour;
 }
 
-bool same(const Neighbour& left, const Neighbour& right)
-{
-    return left.family == right.family && left.entry == right.entry && left.ipv4_address == right.ipv4_address &&
-           left.ipv6_address == right.ipv6_address && left.lif == right.lif;
-}
-
 template <Family Of>
 int set(Exchange& exchange)
 {
     Instance* instance = instance_of(exchange);
     Neighbour neighbour = named_by<Of>(exchange);
-    if (instance == nullptr || instance->find_lif(neighbour.lif) == nullptr)
+    if (instance == nullptr || instance->lifs.find(neighbour.lif) == nullptr)
         return ENOENT;
     neighbour.mac =
         Of == Family::Ipv4 ? exchange.request[neighbours::arp::mac] : exchange.request[neighbours::ipv6::mac];
     auto& all = instance->neighbours;
-    const auto existing =
-        std::find_if(all.begin(), all.end(), [&](const Neighbour& candidate) { return same(candidate, neighbour); });
-    if (existing != all.end())
+    if (Neighbour* existing = all.find(neighbour.identity()))
         *existing = neighbour;
     else if (all.size() == neighbours::most)
         return ENOSPC;
     else
-        all.push_back(neighbour);
+        all.add(neighbour);
     return 0;
 }
 
@@ -68,10 +58,7 @@ int remove(Exchange& exchange)
     Instance* instance = instance_of(exchange);
     if (instance == nullptr)
         return ENOENT;
-    const Neighbour neighbour = named_by<Of>(exchange);
-    const auto removed =
-        std::erase_if(instance->neighbours, [&](const Neighbour& candidate) { return same(candidate, neighbour); });
-    return removed > 0 ? 0 : ENOENT;
+    return instance->neighbours.remove_if_found(named_by<Of>(exchange).identity()) ? 0 : ENOENT;
 }
 
 // The reads and clears of both families name the interface in the same place, or none for all.
@@ -119,7 +106,7 @@ int clear(Exchange& exchange)
     Instance* instance = instance_of(exchange);
     if (instance == nullptr)
         return ENOENT;
-    std::erase_if(instance->neighbours,
+    instance->neighbours.remove_all(
         [&](const Neighbour& neighbour) { return neighbour.family == Of && on_interface(exchange, neighbour); });
     return 0;
 }

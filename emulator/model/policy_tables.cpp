@@ -29,8 +29,7 @@ int set_table(Exchange& exchange)
     if (table == nullptr) {
         if (exchange.state.policy_tables.size() == policy_tables::most)
             return ENOSPC;
-        table = &exchange.state.policy_tables.emplace_back();
-        table->id = exchange.request[policy_tables::table];
+        table = &exchange.state.policy_tables.add({exchange.request[policy_tables::table], {}, {}});
     }
     table->name = exchange.request[policy_tables::name];
     return done(exchange);
@@ -41,8 +40,7 @@ int remove_table(Exchange& exchange)
     const PolicyTable* table = table_of(exchange);
     if (table == nullptr)
         return ENOENT;
-    auto& all = exchange.state.policy_tables;
-    all.erase(all.begin() + (table - all.data()));
+    exchange.state.policy_tables.remove(*table);
     return done(exchange);
 }
 

@@ -22,12 +22,11 @@ int set(Exchange& exchange)
     if (instance == nullptr)
         return ENOENT;
     const Route6 route = route_of(exchange);
-    for (const Route6& existing : instance->routes6)
-        if (existing.identity == route.identity)
-            return 0;
+    if (instance->routes6.find(route.identity()) != nullptr)
+        return 0;
     if (instance->routes6.size() == routes6::most)
         return ENOSPC;
-    instance->routes6.push_back(route);
+    instance->routes6.add(route);
     return 0;
 }
 
@@ -36,10 +35,7 @@ int remove(Exchange& exchange)
     Instance* instance = instance_of(exchange);
     if (instance == nullptr)
         return ENOENT;
-    const Route6 route = route_of(exchange);
-    const auto removed =
-        std::erase_if(instance->routes6, [&](const Route6& existing) { return existing.identity == route.identity; });
-    return removed > 0 ? 0 : ESRCH;
+    return instance->routes6.remove_if_found(exchange.request[routes6::identity]) ? 0 : ESRCH;
 }
 
 int count(Exchange& exchange)

@@ -1,6 +1,7 @@
 // What the module keeps.
 #pragma once
 
+#include "emulator/model/collection.h"
 #include "emulator/protocol/clusters.h"
 #include "emulator/protocol/connections.h"
 #include "emulator/protocol/dhcp_relay.h"
@@ -9,11 +10,13 @@
 #include "emulator/protocol/rss.h"
 
 #include <array>
+#include <bit>
 #include <compare>
 #include <cstdint>
 #include <map>
 #include <optional>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 namespace emulator {
@@ -48,6 +51,7 @@ enum class LifKind
 
 struct Lif
 {
+    std::uint64_t created = 0; // how many there were before
     LifKind kind = LifKind::Routed;
     std::string name;
     std::string aux_name;
@@ -66,6 +70,27 @@ struct Lif
     DhcpRelay dhcp_relay;
     std::vector<LifIpv6> ipv6;
     std::vector<protocol::ValueOf<protocol::policy_tables::ref::bytes>> policy_table_refs;
+
+    const std::string& identity() const { return name; }
+};
+
+// A network that enabled LIFs are on, in the order of their creation.
+struct Subnet
+{
+    std::uint32_t dest = 0;
+    std::uint32_t mask = 0;
+    std::map<std::uint64_t, Lif*> lifs;
+
+    auto identity() const { return std::tie(dest, mask); }
+};
+
+struct LongestFirst
+{
+    bool operator()(std::uint32_t left, std::uint32_t right) const
+    {
+        const int difference = std::popcount(left) - std::popcount(right);
+        return difference != 0 ? difference > 0 : left < right;
+    }
 };
 
 struct NextHop
@@ -81,13 +106,17 @@ struct Route
     std::uint32_t mask = 0;
     std::uint32_t param = 0;
     std::vector<NextHop> next_hops;
+
+    auto identity() const { return std::tie(dest, mask); }
 };
 
 // Kept and reported as it was sent.
 struct Route6
 {
     protocol::ValueOf<protocol::routes6::sent> sent {};
-    protocol::ValueOf<protocol::routes6::identity> identity {}; // a part of it
+    protocol::ValueOf<protocol::routes6::identity> told_by {}; // a part of it
+
+    const auto& identity() const { return told_by; }
 };
 
 struct LifPolicy
@@ -98,6 +127,8 @@ struct LifPolicy
     std::uint32_t mask = 0;
     std::uint32_t param = 0;
     NextHop next_hop;
+
+    auto identity() const { return std::tie(kind, text, dest, mask, next_hop.gateway, next_hop.lif); }
 };
 
 enum class Family
@@ -120,6 +151,8 @@ struct Neighbour
     Ipv6Address ipv6_address {};
     std::string lif;
     std::string mac;
+
+    auto identity() const { return std::tie(family, entry, ipv4_address, ipv6_address, lif); }
 };
 
 struct MulticastSettings
@@ -138,12 +171,16 @@ struct RemoteReceiver
     std::uint32_t value1 = 0;
     std::uint32_t value2 = 0;
     MacAddress hw_address {};
+
+    auto identity() const { return std::tie(value, key); }
 };
 
 struct LocalReceiver
 {
     std::uint32_t value = 0;
     std::string text;
+
+    auto identity() const { return std::tie(value, text); }
 };
 
 struct MulticastRouter
@@ -162,19 +199,22 @@ struct Instance
     std::string tunables;
     std::uint32_t tunables_value = 0;
 
-    std::vector<Lif> lifs;
-    std::vector<Route> routes;
-    std::vector<Route6> routes6;
-    std::vector<LifPolicy> lif_policies;
-    std::vector<Neighbour> neighbours;
+    Collection<Lif> lifs;
+    std::uint64_t lifs_created = 0;
+    Collection<Route> routes;
+    Collection<Subnet> subnets;
+    std::map<std::uint32_t, std::size_t, LongestFirst> masks; // of how many routes, and LIFs on subnets
+    Collection<Route6> routes6;
+    Collection<LifPolicy> lif_policies;
+    Collection<Neighbour> neighbours;
     MulticastSettings multicast;
-    std::vector<LocalReceiver> local_receivers;
-    std::vector<RemoteReceiver> remote_receivers;
+    Collection<LocalReceiver> local_receivers;
+    Collection<RemoteReceiver> remote_receivers;
     MulticastRouter multicast_router;
     std::uint32_t control_plane_address = 0;
     std::uint32_t sync_state = 0;
 
-    Lif* find_lif(const std::string& lif_name);
+    const std::string& identity() const { return name; }
 };
 
 struct Policy
@@ -182,13 +222,17 @@ struct Policy
     std::uint32_t key1 = 0;
     std::uint32_t key2 = 0;
     std::uint32_t value = 0;
+
+    auto identity() const { return std::tie(key1, key2); }
 };
 
 struct PolicyTable
 {
     std::uint32_t id = 0;
     std::string name;
-    std::vector<Policy> policies;
+    Collection<Policy> policies;
+
+    std::uint32_t identity() const { return id; }
 };
 
 // Forwarding entries are kept as the text that was sent.
@@ -198,6 +242,8 @@ struct FdbEntry
     std::string mac;
     std::uint32_t value = 0;
     std::uint8_t flags = 0;
+
+    auto identity() const { return std::tie(selectors[0], selectors[1], mac); }
 };
 
 struct Bridge
@@ -207,7 +253,9 @@ struct Bridge
     bool enabled = false;
     std::uint32_t ha_state = 0;
     std::uint32_t replication_mode = 0;
-    std::vector<FdbEntry> fdb;
+    Collection<FdbEntry> fdb;
+
+    const std::string& identity() const { return key; }
 };
 
 struct ClusterNode
@@ -235,6 +283,8 @@ struct Endpoint
     std::uint16_t value3 = 0;
     std::uint8_t flag1 = 0;
     std::uint8_t flag2 = 0;
+
+    const std::string& identity() const { return key; }
 };
 
 // A plumbed connection, as it was sent from the name on.
@@ -242,6 +292,8 @@ struct Connection
 {
     std::string name;
     protocol::ValueOf<protocol::connections::sent> sent {};
+
+    const std::string& identity() const { return name; }
 };
 
 struct RssTarget
@@ -257,19 +309,20 @@ struct State
     std::uint32_t stats_level = 1;
     std::uint32_t tx_disp_queue_size = 1024;
 
-    std::vector<Instance> instances; // in the order in which they were created
+    Collection<Instance> instances;
+    std::unordered_map<std::string, Instance*> instances_by_uuid;
     std::uint64_t instances_created = 0;
 
-    std::vector<PolicyTable> policy_tables;
+    Collection<PolicyTable> policy_tables;
 
-    std::vector<Bridge> bridges;
+    Collection<Bridge> bridges;
     std::vector<Cluster> clusters;
-    std::vector<Endpoint> endpoints;
+    Collection<Endpoint> endpoints;
     std::optional<protocol::ValueOf<protocol::clusters::transport::sent>> local_transport_node; // as it was sent
     std::map<MacAddress, std::uint32_t> pmacs;
 
-    std::vector<Connection> connections;
-    std::vector<Connection> bfd_connections;
+    Collection<Connection> connections;
+    Collection<Connection> bfd_connections;
     std::map<std::string, RssTarget> rss_targets;
 
     std::uint32_t control_plane_active = 0;

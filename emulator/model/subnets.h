@@ -1,0 +1,20 @@
+// The networks that enabled LIFs with addresses are on, and the masks of all networks that an instance knows.
+#pragma once
+
+#include "emulator/model/state.h"
+
+namespace emulator {
+
+bool is_on_a_subnet(const Lif& lif);
+
+// Before and after a LIF's address, mask or state changes, or around its life.
+void join_subnet(Instance& instance, Lif& lif);
+void leave_subnet(Instance& instance, const Lif& lif);
+
+// The first LIF that is on the network; null if none is.
+const Lif* lif_on_subnet(Instance& instance, std::uint32_t dest, std::uint32_t mask);
+
+void count_mask(Instance& instance, std::uint32_t mask);
+void discount_mask(Instance& instance, std::uint32_t mask);
+
+} // namespace emulator
