@@ -50,9 +50,12 @@ private:
     int answer(std::uint32_t number, std::span<const std::byte> input, std::uint32_t room, Answer& answer);
     int set_non_blocking(int number, std::uint64_t value_at);
 
+    // As the environment asks for.
+    static std::unique_ptr<Module> new_module();
+
     Gate gate_;
     Descriptors descriptors_;
-    std::unique_ptr<Module> module_ = std::make_unique<Module>();
+    std::unique_ptr<Module> module_ = new_module();
     LumoEmulatorWatcher watcher_ = nullptr;
     void* context_ = nullptr;
 };

@@ -49,7 +49,8 @@ typedef void (*LumoEmulatorWatcher)(const struct LumoEmulatorCommand* command, v
 
 /**
  * Puts a new module in the place of this process's: what was set is forgotten. Descriptors of the device stay open, and
- * the watcher stays.
+ * the watcher stays. The new module accepts what makes no sense if the environment now has LUMOZEPH_EMULATOR_LENIENT, with
+ * any text but none; so does the first one, if the environment had it then.
  *
  * @return  0, or -1 with the reason in errno
  */

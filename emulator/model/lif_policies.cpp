@@ -1,6 +1,7 @@
 // Interface policies: route-shaped entries under a kind.
 #include "emulator/protocol/lif_policies.h"
 
+#include "emulator/model/addresses.h"
 #include "emulator/model/answers.h"
 #include "emulator/model/find.h"
 #include "emulator/model/handlers.h"
@@ -28,6 +29,12 @@ int set(Exchange& exchange)
     if (instance == nullptr)
         return ENOENT;
     const LifPolicy policy = policy_of(exchange);
+    if (exchange.state.is_strict()) {
+        if (!policy.next_hop.lif.empty() && instance->lifs.find(policy.next_hop.lif) == nullptr)
+            return ENOENT;
+        if (!is_contiguous(policy.mask) || (policy.dest & ~policy.mask) != 0)
+            return EINVAL;
+    }
     if (LifPolicy* existing = instance->lif_policies.find(policy.identity())) {
         existing->param = policy.param;
         return done(exchange);

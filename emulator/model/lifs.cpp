@@ -1,6 +1,7 @@
 // Logical interfaces: routed ones, and bridge LIFs.
 #include "emulator/protocol/lifs.h"
 
+#include "emulator/model/addresses.h"
 #include "emulator/model/find.h"
 #include "emulator/model/handlers.h"
 #include "emulator/model/subnets.h"
@@ -68,6 +69,15 @@ Lif* lif_to_set(Exchange& exchange, LifKind kind, int& error)
 
 int set_routed(Exchange& exchange)
 {
+    const Instance* before = instance_of(exchange);
+    if (before == nullptr)
+        return ENOENT;
+    if (exchange.state.is_strict() && !is_contiguous(exchange.request[lifs::mask]))
+        return EINVAL;
+    const Lif* existing = lif_of(exchange);
+    if (existing != nullptr && existing->enabled && existing->address == 0 && exchange.request[lifs::address] != 0 &&
+        !has_room_for_a_subnet(*before))
+        return ENOSPC;
     int error = 0;
     Lif* lif = lif_to_set(exchange, LifKind::Routed, error);
     if (lif == nullptr)

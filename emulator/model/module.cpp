@@ -30,7 +30,11 @@ Table all_commands()
 
 } // namespace
 
-Module::Module() : state_(std::make_unique<State>()) {}
+Module::Module(Strictness strictness) : state_(std::make_unique<State>())
+{
+    state_->strictness = strictness;
+}
+
 Module::~Module() = default;
 
 Answer Module::answer(std::uint32_t number, std::span<const std::byte> input, std::uint32_t room)

@@ -17,10 +17,17 @@ struct Answer
 
 struct State;
 
+// What the module does with what makes no sense, or is to be in use before it is there.
+enum class Strictness
+{
+    Strict, // refuses it
+    Lenient // takes it, for programs that do not mind yet
+};
+
 class Module
 {
 public:
-    Module();
+    explicit Module(Strictness strictness = Strictness::Strict);
     ~Module();
     Module(const Module&) = delete;
     Module& operator=(const Module&) = delete;

@@ -1,6 +1,7 @@
 // ARP entries, IPv6 neighbours, and proxy entries of both.
 #include "emulator/protocol/neighbours.h"
 
+#include "emulator/model/addresses.h"
 #include "emulator/model/find.h"
 #include "emulator/model/handlers.h"
 
@@ -42,6 +43,10 @@ int set(Exchange& exchange)
         return ENOENT;
     neighbour.mac =
         Of == Family::Ipv4 ? exchange.request[neighbours::arp::mac] : exchange.request[neighbours::ipv6::mac];
+    // The library sends none with a proxy entry.
+    const bool needs_mac = neighbour.entry == Entry::Plain || !neighbour.mac.empty();
+    if (exchange.state.is_strict() && needs_mac && !parse_mac(neighbour.mac))
+        return EINVAL;
     auto& all = instance->neighbours;
     if (Neighbour* existing = all.find(neighbour.identity()))
         *existing = neighbour;

@@ -1,6 +1,7 @@
 // IPv4 routes. Masks are bit masks, in the byte order of the addresses.
 #include "emulator/protocol/routes.h"
 
+#include "emulator/model/addresses.h"
 #include "emulator/model/answers.h"
 #include "emulator/model/find.h"
 #include "emulator/model/handlers.h"
@@ -36,6 +37,18 @@ Route usable_part(Instance& instance, Route route)
     return route;
 }
 
+// A next hop is on the network of its LIF, or of any if it names none.
+int reach(Instance& instance, const NextHop& hop)
+{
+    if (hop.lif.empty())
+        return is_on_any_subnet(instance, hop.gateway) ? 0 : ENETUNREACH;
+    const Lif& lif = *instance.lifs.find(hop.lif);
+    if (!lif.enabled)
+        return ENETDOWN;
+    const bool is_on_its_network = lif.address != 0 && (hop.gateway & lif.mask) == (lif.address & lif.mask);
+    return hop.gateway == 0 || is_on_its_network ? 0 : ENETUNREACH;
+}
+
 int set(Exchange& exchange)
 {
     Instance* instance = instance_of(exchange);
@@ -44,11 +57,13 @@ int set(Exchange& exchange)
         return ENOENT;
     const std::uint32_t dest = exchange.request[routes::dest];
     const std::uint32_t mask = exchange.request[routes::mask];
-    if ((dest & ~mask) != 0)
+    if ((dest & ~mask) != 0 || (exchange.state.is_strict() && !is_contiguous(mask)))
         return EINVAL;
+    if (const int error = exchange.state.is_strict() ? reach(*instance, hop) : 0; error != 0)
+        return error;
     Route* route = instance->routes.find(std::tuple(dest, mask));
     if (route == nullptr) {
-        if (instance->routes.size() == routes::most)
+        if (instance->routes.size() + instance->lifs_on_subnets >= routes::most)
             return ENOSPC;
         route = &instance->routes.add({dest, mask, 0, {}});
         count_mask(*instance, mask);

@@ -1,9 +1,13 @@
 // IPv6 routes and the path-MTU table. A route is reported as the record in which it was sent.
 #include "emulator/protocol/routes6.h"
 
+#include "emulator/model/addresses.h"
 #include "emulator/model/answers.h"
 #include "emulator/model/find.h"
 #include "emulator/model/handlers.h"
+#include "emulator/model/subnets.h"
+
+#include <algorithm>
 
 namespace emulator {
 
@@ -16,11 +20,39 @@ Route6 route_of(const Exchange& exchange)
     return {exchange.request[routes6::sent], exchange.request[routes6::identity]};
 }
 
+// A next hop is on a network of its LIF, or of any if it names none. Every LIF is on the network of local addresses.
+int reach(const Instance& instance, const Lif* lif, const Ipv6Address& gateway)
+{
+    if (lif == nullptr)
+        return is_on_any_subnet(instance, gateway) ? 0 : ENETUNREACH;
+    if (!lif->enabled)
+        return ENETDOWN;
+    const bool is_on_its_network = std::any_of(lif->ipv6.begin(), lif->ipv6.end(), [&](const LifIpv6& own) {
+        return network_of(gateway, own.prefix_length) == network_of(own.address, own.prefix_length);
+    });
+    return gateway == Ipv6Address {} || is_link_local(gateway) || is_on_its_network ? 0 : ENETUNREACH;
+}
+
+int check(Exchange& exchange, Instance& instance)
+{
+    const std::string name = exchange.request[routes6::lif];
+    const Lif* lif = instance.lifs.find(name);
+    if (lif == nullptr && !name.empty())
+        return ENOENT;
+    const Ipv6Address dest = exchange.request[routes6::dest];
+    const std::uint8_t length = exchange.request[routes6::prefix_len];
+    if (length > longest_prefix || dest != network_of(dest, length))
+        return EINVAL;
+    return reach(instance, lif, exchange.request[routes6::gateway]);
+}
+
 int set(Exchange& exchange)
 {
     Instance* instance = instance_of(exchange);
     if (instance == nullptr)
         return ENOENT;
+    if (const int error = exchange.state.is_strict() ? check(exchange, *instance) : 0; error != 0)
+        return error;
     const Route6 route = route_of(exchange);
     if (instance->routes6.find(route.identity()) != nullptr)
         return 0;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "emulator/model/collection.h"
+#include "emulator/model/module.h"
 #include "emulator/protocol/clusters.h"
 #include "emulator/protocol/connections.h"
 #include "emulator/protocol/dhcp_relay.h"
@@ -204,6 +205,9 @@ struct Instance
     Collection<Route> routes;
     Collection<Subnet> subnets;
     std::map<std::uint32_t, std::size_t, LongestFirst> masks; // of how many routes, and LIFs on subnets
+    std::size_t lifs_on_subnets = 0;
+    // How many enabled LIFs are on each IPv6 network, by the lengths of their prefixes.
+    std::map<std::uint8_t, std::map<Ipv6Address, std::size_t>> subnets6;
     Collection<Route6> routes6;
     Collection<LifPolicy> lif_policies;
     Collection<Neighbour> neighbours;
@@ -235,7 +239,7 @@ struct PolicyTable
     std::uint32_t identity() const { return id; }
 };
 
-// Forwarding entries are kept as the text that was sent.
+// The MAC address is kept as text, in lower case.
 struct FdbEntry
 {
     std::array<std::uint32_t, 2> selectors {};
@@ -304,6 +308,8 @@ struct RssTarget
 
 struct State
 {
+    Strictness strictness = Strictness::Strict;
+
     std::uint32_t log_level = 4;
     std::uint32_t extended_log_level = 0;
     std::uint32_t stats_level = 1;
@@ -327,6 +333,8 @@ struct State
 
     std::uint32_t control_plane_active = 0;
     std::uint32_t saves = 0; // full-sync saves performed
+
+    bool is_strict() const { return strictness == Strictness::Strict; }
 
     // By name or by UUID text; null if there is none.
     Instance* find_instance(const std::string& key);

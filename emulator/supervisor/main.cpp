@@ -63,7 +63,7 @@ struct CloseFile
 };
 using File = std::unique_ptr<std::FILE, CloseFile>;
 
-int run(const std::string& trace_path, char** program)
+int run(const std::string& trace_path, emulator::Strictness strictness, char** program)
 {
     File trace;
     if (trace_path == "-") {
@@ -75,7 +75,7 @@ int run(const std::string& trace_path, char** program)
             return emulator_failed;
         }
     }
-    emulator::Module module;
+    emulator::Module module(strictness);
     return end_like(emulator::run_in_world(module, trace.get(), [program] { return execute(program); }));
 }
 
@@ -130,6 +130,8 @@ int main(int argc, char** argv)
     bool in_process = false;
     run_command->add_flag("--in-process", in_process, "Preload the module into the program instead of making a world")
         ->excludes(trace_option);
+    bool lenient = false;
+    run_command->add_flag("--lenient", lenient, "Accept what the module refuses as making no sense");
     CLI::App* const check_command = app.add_subcommand("check", "Say whether this machine can run the emulator");
 
     try {
@@ -138,7 +140,8 @@ int main(int argc, char** argv)
             return check();
         if (*program == nullptr)
             throw CLI::RequiredError("-- PROGRAM");
-        return in_process ? emulator::run_in_process(program, execute) : run(trace, program);
+        const auto strictness = lenient ? emulator::Strictness::Lenient : emulator::Strictness::Strict;
+        return in_process ? emulator::run_in_process(program, strictness, execute) : run(trace, strictness, program);
     } catch (const CLI::ParseError& error) {
         // --help and --version come this way, too.
         if (error.get_exit_code() == 0)

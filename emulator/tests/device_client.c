@@ -173,6 +173,16 @@ static int by_openat2(void)
     return report("openat2", device < 0 ? -1 : get_on((int)device, &value));
 }
 
+/* An endpoint, under the key "key", of a bridge that is not there. */
+static int endpoint_of_no_bridge(void)
+{
+    char request[776] = {0};
+    struct envelope envelope = {sizeof request, request, 0, NULL};
+    strcpy(request + 64, "no bridge");
+    strcpy(request + 192, "key");
+    return report("endpoint", ioctl(open(NORMAL, O_RDWR), 45, &envelope));
+}
+
 int main(int argc, char** argv)
 {
     const char* const verb = argc > 1 ? argv[1] : "";
@@ -203,6 +213,8 @@ int main(int argc, char** argv)
         return threads();
     if (strcmp(verb, "other-files") == 0)
         return other_files(argv[0]);
+    if (strcmp(verb, "endpoint-of-no-bridge") == 0)
+        return endpoint_of_no_bridge();
     if (strcmp(verb, "openat2") == 0)
         return by_openat2();
     return 2;

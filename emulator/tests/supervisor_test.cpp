@@ -391,6 +391,13 @@ TEST(Trace, TellsOfCommandsThatFail)
     EXPECT_THAT(ended.err, HasSubstr("\"command\":70,\"inLen\":0,\"room\":4,\"errno\":25,\"replyLen\":0}"));
 }
 
+TEST(Options, LenientHasTheModuleAcceptWhatItRefusesOtherwise)
+{
+    EXPECT_EQ(run({DYNAMIC_CLIENT, "endpoint-of-no-bridge"}).out, "endpoint ENOENT\n");
+    EXPECT_EQ(
+        Process({EMULATOR, "run", "--lenient", "--", DYNAMIC_CLIENT, "endpoint-of-no-bridge"}).wait().out, "endpoint ok\n");
+}
+
 TEST(Options, HelpAndVersionExitWith0)
 {
     const Ended help = Process({EMULATOR, "--help"}).wait();

@@ -11,6 +11,8 @@ namespace fake {
 class EmulatedDevice : public Device
 {
 public:
+    explicit EmulatedDevice(emulator::Strictness strictness = emulator::Strictness::Strict) : module_(strictness) {}
+
     Answer answer(const Sent& sent) override
     {
         const std::lock_guard lock(mutex_);
