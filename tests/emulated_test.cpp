@@ -683,6 +683,64 @@ TEST_F(EmulatedRouter, AFullTableOfRoutesCanBeRead)
     succeed([] { return LUMOZEPH_SetLifIp("blue", "second", ip(10, 0, 1, 2), 0xffffffff); });
 }
 
+TEST_F(EmulatedRouter, WhatBelongsToALifGoesWithIt)
+{
+    const std::uint32_t dest = ip(192, 168, 0, 0);
+    const std::uint32_t other_dest = ip(192, 169, 0, 0);
+    const std::uint32_t mask = ip(255, 255, 0, 0);
+    succeed([=] { return LUMOZEPH_SetRoute(dest, mask, ip(10, 0, 0, 1), "uplink", "blue", 0, nullptr); });
+    succeed([=] { return LUMOZEPH_SetRoute(dest, mask, ip(10, 0, 0, 3), "uplink", "blue", 0, nullptr); });
+    succeed([=] { return LUMOZEPH_SetRoute(other_dest, mask, ip(10, 0, 0, 1), "uplink", "blue", 0, nullptr); });
+    succeed([=] { return LUMOZEPH_SetRoute(other_dest, mask, ip(10, 0, 0, 1), nullptr, "blue", 0, nullptr); });
+    succeed([] { return LUMOZEPH_SetRoutev6(1, 0, 64, 0, 0, "uplink", "blue"); });
+    succeed([] { return LUMOZEPH_SetLifPolicy(1, nullptr, 0, 0, 0, "uplink", "blue", 0, nullptr); });
+    succeed([] { return LUMOZEPH_SetLifPolicy(1, nullptr, 0, 0, 0, nullptr, "blue", 0, nullptr); });
+    succeed([] { return LUMOZEPH_SetArp(1, "02:00:00:00:00:01", "uplink", "blue"); });
+    succeed([] { return LUMOZEPH_SetProxyArpv6(1, 2, "uplink", "blue"); });
+    succeed([] { return LUMOZEPH_DelLif("uplink", "", "blue"); });
+
+    LumoRouteList* list = nullptr;
+    succeed([&] { return LUMOZEPH_GetRoutes("blue", &list); });
+    ASSERT_EQ(list->count, 1);
+    EXPECT_EQ(+list->records[0].routeDest, other_dest);
+    EXPECT_EQ(+list->records[0].nextHopCount, 1);
+    LUMOZEPH_ReleaseRoutes(list);
+    succeed([&] { return LUMOZEPH_GetLifPolicies("blue", 1, nullptr, &list); });
+    ASSERT_EQ(list->count, 1);
+    EXPECT_STREQ(list->records[0].nextHops[0].nextHopLifName, "");
+    LUMOZEPH_ReleaseRoutes(list);
+    void* block = nullptr;
+    std::uint32_t count = 4711;
+    succeed([&] { return LUMOZEPH_GetRoutesv6("blue", &block, &count); });
+    EXPECT_EQ(count, 0u);
+    free(block);
+    Bytes image(7471104, '\x5a');
+    succeed([&] { return LUMOZEPH_GetArps("blue", nullptr, image.data()); });
+    EXPECT_EQ(image.substr(0, 114), Bytes(114, '\0'));
+    succeed([&] { return LUMOZEPH_GetArpsv6("blue", nullptr, image.data()); });
+    EXPECT_EQ(image.substr(0, 114), Bytes(114, '\0'));
+}
+
+TEST_F(EmulatedRouter, ARemovedEntryIsForgottenByItsLif)
+{
+    const std::uint32_t mask = ip(255, 255, 0, 0);
+    for (int round = 0; round < 2; ++round) {
+        for (const std::uint32_t gateway : {ip(10, 0, 0, 1), ip(10, 0, 0, 3)})
+            succeed([&] { return LUMOZEPH_SetRoute(0xa8c0, mask, gateway, "uplink", "blue", 0, nullptr); });
+        for (const std::uint32_t gateway : {ip(10, 0, 0, 1), ip(10, 0, 0, 3)})
+            succeed([&] { return LUMOZEPH_DelRoute(0xa8c0, mask, gateway, "uplink", "blue", nullptr); });
+        succeed([] { return LUMOZEPH_SetRoutev6(1, 0, 64, 0, 0, "uplink", "blue"); });
+        succeed([] { return LUMOZEPH_DelRoutev6(1, 0, 64, 0, 0, "uplink", "blue"); });
+        succeed([] { return LUMOZEPH_SetLifPolicy(1, nullptr, 0, 0, 0, "uplink", "blue", 0, nullptr); });
+        succeed([] { return LUMOZEPH_DelLifPolicy(1, nullptr, 0, 0, 0, "uplink", "blue", 0, nullptr); });
+        succeed([] { return LUMOZEPH_SetProxyArp(1, "uplink", "blue"); });
+        succeed([] { return LUMOZEPH_DelProxyArp(1, "uplink", "blue"); });
+        succeed([] { return LUMOZEPH_SetProxyArp(1, "uplink", "blue"); });
+        succeed([] { return LUMOZEPH_ClearArp("blue", "uplink"); });
+    }
+    succeed([] { return LUMOZEPH_DelLif("uplink", "", "blue"); });
+}
+
 class LenientRouter : public EmulatedRouter
 {
 protected:

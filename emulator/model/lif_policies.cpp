@@ -5,6 +5,7 @@
 #include "emulator/model/answers.h"
 #include "emulator/model/find.h"
 #include "emulator/model/handlers.h"
+#include "emulator/model/lif_users.h"
 #include "emulator/model/route_record.h"
 
 namespace emulator {
@@ -41,7 +42,7 @@ int set(Exchange& exchange)
     }
     if (instance->lif_policies.size() == lif_policies::most)
         return ENOSPC;
-    instance->lif_policies.add(policy);
+    use_lif<&Lif::policies>(*instance, policy.next_hop.lif, instance->lif_policies.add(policy));
     return done(exchange);
 }
 
@@ -50,7 +51,12 @@ int remove(Exchange& exchange)
     Instance* instance = instance_of(exchange);
     if (instance == nullptr)
         return ENOENT;
-    return instance->lif_policies.remove_if_found(policy_of(exchange).identity()) ? done(exchange) : ESRCH;
+    const LifPolicy* policy = instance->lif_policies.find(policy_of(exchange).identity());
+    if (policy == nullptr)
+        return ESRCH;
+    leave_lif<&Lif::policies>(*instance, policy->next_hop.lif, *policy);
+    instance->lif_policies.remove(*policy);
+    return done(exchange);
 }
 
 // Of the kind asked for, and of kind 4 those for the same text.

@@ -4,6 +4,7 @@
 #include "emulator/model/addresses.h"
 #include "emulator/model/find.h"
 #include "emulator/model/handlers.h"
+#include "emulator/model/lif_users.h"
 #include "emulator/model/subnets.h"
 
 namespace emulator {
@@ -112,12 +113,10 @@ int set_bridge(Exchange& exchange)
 template <LifKind Kind>
 int remove(Exchange& exchange)
 {
-    return on_lif(exchange, [&](const Lif& lif) {
+    return on_lif(exchange, [&](Lif& lif) {
         if (lif.kind != Kind)
             return ENOENT;
-        Instance& instance = *instance_of(exchange);
-        leave_subnet(instance, lif);
-        instance.lifs.remove(lif);
+        remove_lif(*instance_of(exchange), lif);
         return 0;
     });
 }

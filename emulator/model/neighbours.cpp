@@ -4,6 +4,7 @@
 #include "emulator/model/addresses.h"
 #include "emulator/model/find.h"
 #include "emulator/model/handlers.h"
+#include "emulator/model/lif_users.h"
 
 namespace emulator {
 
@@ -53,7 +54,7 @@ int set(Exchange& exchange)
     else if (all.size() == neighbours::most)
         return ENOSPC;
     else
-        all.add(neighbour);
+        use_lif<&Lif::neighbours>(*instance, neighbour.lif, all.add(neighbour));
     return 0;
 }
 
@@ -63,7 +64,12 @@ int remove(Exchange& exchange)
     Instance* instance = instance_of(exchange);
     if (instance == nullptr)
         return ENOENT;
-    return instance->neighbours.remove_if_found(named_by<Of>(exchange).identity()) ? 0 : ENOENT;
+    const Neighbour* neighbour = instance->neighbours.find(named_by<Of>(exchange).identity());
+    if (neighbour == nullptr)
+        return ENOENT;
+    leave_lif<&Lif::neighbours>(*instance, neighbour->lif, *neighbour);
+    instance->neighbours.remove(*neighbour);
+    return 0;
 }
 
 // The reads and clears of both families name the interface in the same place, or none for all.
@@ -111,8 +117,12 @@ int clear(Exchange& exchange)
     Instance* instance = instance_of(exchange);
     if (instance == nullptr)
         return ENOENT;
-    instance->neighbours.remove_all(
-        [&](const Neighbour& neighbour) { return neighbour.family == Of && on_interface(exchange, neighbour); });
+    instance->neighbours.remove_all([&](const Neighbour& neighbour) {
+        const bool is_meant = neighbour.family == Of && on_interface(exchange, neighbour);
+        if (is_meant)
+            leave_lif<&Lif::neighbours>(*instance, neighbour.lif, neighbour);
+        return is_meant;
+    });
     return 0;
 }
 

@@ -5,6 +5,7 @@
 #include "emulator/model/answers.h"
 #include "emulator/model/find.h"
 #include "emulator/model/handlers.h"
+#include "emulator/model/lif_users.h"
 #include "emulator/model/route_record.h"
 #include "emulator/model/subnets.h"
 
@@ -72,6 +73,7 @@ int set(Exchange& exchange)
         if (route->next_hops.size() == routes::most_next_hops)
             return ENOSPC;
         route->next_hops.push_back(hop);
+        use_lif<&Lif::routes>(*instance, hop.lif, *route);
     }
     route->param = exchange.request[routes::param];
     return done(exchange);
@@ -83,8 +85,13 @@ int remove(Exchange& exchange)
     if (instance == nullptr)
         return ENOENT;
     Route* route = instance->routes.find(std::tuple(exchange.request[routes::dest], exchange.request[routes::mask]));
-    if (route == nullptr || std::erase(route->next_hops, next_hop_of(exchange)) == 0)
+    const NextHop hop = next_hop_of(exchange);
+    if (route == nullptr || std::erase(route->next_hops, hop) == 0)
         return ESRCH;
+    const bool is_over_another = std::any_of(
+        route->next_hops.begin(), route->next_hops.end(), [&](const NextHop& other) { return other.lif == hop.lif; });
+    if (!is_over_another)
+        leave_lif<&Lif::routes>(*instance, hop.lif, *route);
     if (route->next_hops.empty()) {
         discount_mask(*instance, route->mask);
         instance->routes.remove(*route);

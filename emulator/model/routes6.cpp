@@ -5,6 +5,7 @@
 #include "emulator/model/answers.h"
 #include "emulator/model/find.h"
 #include "emulator/model/handlers.h"
+#include "emulator/model/lif_users.h"
 #include "emulator/model/subnets.h"
 
 #include <algorithm>
@@ -17,7 +18,7 @@ namespace {
 
 Route6 route_of(const Exchange& exchange)
 {
-    return {exchange.request[routes6::sent], exchange.request[routes6::identity]};
+    return {exchange.request[routes6::sent], exchange.request[routes6::identity], exchange.request[routes6::lif]};
 }
 
 // A next hop is on a network of its LIF, or of any if it names none. Every LIF is on the network of local addresses.
@@ -58,7 +59,7 @@ int set(Exchange& exchange)
         return 0;
     if (instance->routes6.size() == routes6::most)
         return ENOSPC;
-    instance->routes6.add(route);
+    use_lif<&Lif::routes6>(*instance, route.lif, instance->routes6.add(route));
     return 0;
 }
 
@@ -67,7 +68,12 @@ int remove(Exchange& exchange)
     Instance* instance = instance_of(exchange);
     if (instance == nullptr)
         return ENOENT;
-    return instance->routes6.remove_if_found(exchange.request[routes6::identity]) ? 0 : ESRCH;
+    const Route6* route = instance->routes6.find(exchange.request[routes6::identity]);
+    if (route == nullptr)
+        return ESRCH;
+    leave_lif<&Lif::routes6>(*instance, route->lif, *route);
+    instance->routes6.remove(*route);
+    return 0;
 }
 
 int count(Exchange& exchange)

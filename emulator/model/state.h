@@ -18,6 +18,7 @@
 #include <optional>
 #include <string>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 namespace emulator {
@@ -43,6 +44,11 @@ struct DhcpRelay
     std::uint32_t count = 0;
     std::array<DhcpServer, protocol::dhcp_relay::most_servers> servers;
 };
+
+struct Route;
+struct Route6;
+struct LifPolicy;
+struct Neighbour;
 
 enum class LifKind
 {
@@ -71,6 +77,12 @@ struct Lif
     DhcpRelay dhcp_relay;
     std::vector<LifIpv6> ipv6;
     std::vector<protocol::ValueOf<protocol::policy_tables::ref::bytes>> policy_table_refs;
+
+    // What is over it or on it, and goes when it goes.
+    std::unordered_set<Route*> routes;
+    std::unordered_set<const Route6*> routes6;
+    std::unordered_set<const LifPolicy*> policies;
+    std::unordered_set<const Neighbour*> neighbours;
 
     const std::string& identity() const { return name; }
 };
@@ -116,6 +128,7 @@ struct Route6
 {
     protocol::ValueOf<protocol::routes6::sent> sent {};
     protocol::ValueOf<protocol::routes6::identity> told_by {}; // a part of it
+    std::string lif;                                           // another
 
     const auto& identity() const { return told_by; }
 };
