@@ -375,6 +375,30 @@ TEST_F(Emulated, HousekeepingIsAnswered)
     EXPECT_EQ(value, 2u);
 }
 
+TEST_F(Emulated, TheModuleCannotBeUnloadedWhileItIsInUse)
+{
+    const auto expect_in_use = [&](const std::function<std::int32_t()>& set,
+                                   const std::function<std::int32_t()>& remove) {
+        EXPECT_THAT(call([] { return LUMOZEPH_PreUnload(); }), Succeeds());
+        EXPECT_THAT(call(set), Succeeds());
+        EXPECT_THAT(call([] { return LUMOZEPH_PreUnload(); }), Fails(EBUSY));
+        EXPECT_THAT(call(remove), Succeeds());
+    };
+    expect_in_use([] { return LUMOZEPH_SetLumoInstance("blue", 1, nullptr, 2); },
+        [] { return LUMOZEPH_DelLumoInstance("blue"); });
+    expect_in_use([] { return LUMOZEPH_BridgeAdd("bridge", 1); }, [] { return LUMOZEPH_BridgeDel("bridge", 1); });
+    expect_in_use(
+        [] { return LUMOZEPH_BridgeClusterSet("one", 1); }, [] { return LUMOZEPH_BridgeClusterSet("one", 0); });
+    expect_in_use([] { return LUMOZEPH_AddBridgeEndpoint("a", "", "name", 1, 2, "", 3, 4, "", 5); },
+        [] { return LUMOZEPH_DelBridgeEndpoint("a", "name"); });
+    expect_in_use([] { return LUMOZEPH_PlumbLumoConnection("port", "", 0, nullptr, nullptr, nullptr); },
+        [] { return LUMOZEPH_UnPlumbLumoConnection("port"); });
+    expect_in_use([] { return LUMOZEPH_PlumbBFDPortConnection("bfd", "", nullptr); },
+        [] { return LUMOZEPH_UnPlumbBFDPortConnection("bfd"); });
+    expect_in_use([] { return LUMOZEPH_SetPolicyTable(7, "table", nullptr); },
+        [] { return LUMOZEPH_DelPolicyTable(7, nullptr); });
+}
+
 TEST_F(EmulatedRouter, ABridgeIsReadBackAsItWasSet)
 {
     succeed([] { return LUMOZEPH_BridgeAdd("bridge", 11); });

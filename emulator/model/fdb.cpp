@@ -77,7 +77,7 @@ int get_fdb(Exchange& exchange)
 
 int add_pmac(Exchange& exchange)
 {
-    if (exchange.state.pmacs.size() == fdb::most_pmacs)
+    if (exchange.state.pmacs.size() == fdb::most_pmacs && !exchange.state.pmacs.contains(exchange.request[fdb::pmac]))
         return ENOSPC;
     exchange.state.pmacs[exchange.request[fdb::pmac]] = exchange.request[fdb::pmac_value];
     return 0;

@@ -10,8 +10,20 @@ using namespace protocol;
 
 namespace {
 
+// While anything is there that was set up, the module is in use.
+int prepare_unload(Exchange& exchange)
+{
+    const State& state = exchange.state;
+    const bool is_in_use = !state.instances.empty() || !state.bridges.empty() || !state.clusters.empty() ||
+                           !state.endpoints.empty() || !state.connections.empty() || !state.bfd_connections.empty() ||
+                           !state.policy_tables.empty();
+    return is_in_use ? EBUSY : 0;
+}
+
 int save(Exchange& exchange)
 {
+    if (exchange.room < bare<housekeeping::saved>.size)
+        return ENOBUFS;
     exchange.add<housekeeping::saved>(++exchange.state.saves);
     return 0;
 }
@@ -23,7 +35,7 @@ int save_status(Exchange& exchange)
 }
 
 constexpr Handler answers[] = {
-    {"PreUnload", accepted},
+    {"PreUnload", prepare_unload},
     {"GenericFlush", accepted},
     {"PerformFullSyncSave", save},
     {"GetFullSyncSaveStatus", save_status},

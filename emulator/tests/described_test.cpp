@@ -91,9 +91,9 @@ protected:
 
 TEST_F(Described, EveryCommandIsAnswered)
 {
-    // The LIF is a routed one.
+    // The LIF is a routed one, and the module is in use.
     const std::map<std::string_view, int> refused {
-        {"SetBridgeLifOn", EEXIST}, {"SetBridgeLifOff", ENOENT}, {"GetBridgeLif", ENOENT}};
+        {"SetBridgeLifOn", EEXIST}, {"SetBridgeLifOff", ENOENT}, {"GetBridgeLif", ENOENT}, {"PreUnload", EBUSY}};
     for (const Command* command : all_commands()) {
         Module module;
         prepare(module);

@@ -229,6 +229,24 @@ TEST_F(Model, TakesAtMost1000Instances)
     EXPECT_EQ(reply.size(), 256000u);
 }
 
+TEST_F(Model, CountsNoSaveThatItCannotReport)
+{
+    EXPECT_EQ(command(123, Message(), 3), ENOBUFS);
+    ASSERT_EQ(command(124, Message(), 4), 0);
+    EXPECT_EQ(u32(reply, 0), 0u);
+}
+
+TEST_F(Model, UpdatesAPmacWhenThereAreNoMore)
+{
+    for (std::uint32_t i = 0; i < 13107; ++i)
+        ASSERT_EQ(command(74, Message().u32(64, i).u32(68, i)), 0);
+    EXPECT_EQ(command(74, Message().u32(68, 13107)), ENOSPC);
+    EXPECT_EQ(command(74, Message().u32(64, 4711).u32(68, 0)), 0);
+    ASSERT_EQ(command(73, Message(), 131072), 0);
+    EXPECT_EQ(reply.size(), 131070u);
+    EXPECT_EQ(u32(reply, 6), 4711u);
+}
+
 TEST_F(Model, RefusesToCreateAnInstanceWithoutAName)
 {
     EXPECT_EQ(command(2, Message()), EINVAL);
