@@ -297,6 +297,9 @@ TEST_F(EmulatedRouter, ALifRefersToPolicyTables)
 {
     LumoPolicyTableRefEntry entries[20] {};
     entries[19].bytes[23] = 9;
+    EXPECT_THAT(
+        call([&] { return LUMOZEPH_SetLifPolicyTableRef("blue", "uplink", 20, entries, nullptr); }), Fails(ENOENT));
+    succeed([] { return LUMOZEPH_SetPolicyTable(0, "table", nullptr); });
     succeed([&] { return LUMOZEPH_SetLifPolicyTableRef("blue", "uplink", 20, entries, nullptr); });
     LumoLifPolicyTableRef* ref = nullptr;
     succeed([&] { return LUMOZEPH_GetLifPolicyTableRef("blue", "uplink", &ref); });
@@ -765,6 +768,65 @@ TEST_F(EmulatedRouter, ARemovedEntryIsForgottenByItsLif)
     succeed([] { return LUMOZEPH_DelLif("uplink", "", "blue"); });
 }
 
+TEST_F(EmulatedRouter, ReferencesGoWithTheirPolicyTable)
+{
+    LumoPolicyTableRefEntry entries[2] {};
+    entries[0].bytes[0] = 7;
+    entries[1].bytes[0] = 8;
+    for (const std::uint32_t table : {7u, 8u})
+        succeed([&] { return LUMOZEPH_SetPolicyTable(table, "table", nullptr); });
+    succeed([&] { return LUMOZEPH_SetLifPolicyTableRef("blue", "uplink", 2, entries, nullptr); });
+    succeed([] { return LUMOZEPH_DelPolicyTable(7, nullptr); });
+    LumoLifPolicyTableRef* ref = nullptr;
+    succeed([&] { return LUMOZEPH_GetLifPolicyTableRef("blue", "uplink", &ref); });
+    EXPECT_EQ(+ref->refCount, 1);
+    EXPECT_EQ(+ref->refs[0].bytes[0], 8);
+    LUMOZEPH_ReleaseLifPolicyTableRef(ref);
+    succeed([] { return LUMOZEPH_DelLif("uplink", "", "blue"); });
+    succeed([] { return LUMOZEPH_DelPolicyTable(8, nullptr); });
+}
+
+TEST_F(EmulatedRouter, WhatBelongsToABridgeGoesWithIt)
+{
+    const auto endpoint = [&](const char* key, const char* bridge) {
+        return call([=] { return LUMOZEPH_AddBridgeEndpoint(key, bridge, "name", 1, 2, "", 3, 4, "", 5); });
+    };
+    const auto bridge_lif = [&](const char* name, const char* bridge) {
+        return call([=] { return LUMOZEPH_SetBridgeLif(name, bridge, 1, 2, 3, "blue", 1); });
+    };
+    EXPECT_THAT(endpoint("a", "no bridge"), Fails(ENOENT));
+    EXPECT_THAT(bridge_lif("bridged", "no bridge"), Fails(ENOENT));
+    for (const char* bridge : {"one", "two"})
+        succeed([&] { return LUMOZEPH_BridgeAdd(bridge, 1); });
+    EXPECT_THAT(endpoint("a", "one"), Succeeds());
+    EXPECT_THAT(endpoint("b", "one"), Succeeds());
+    EXPECT_THAT(endpoint("b", "two"), Succeeds());
+    EXPECT_THAT(endpoint("c", ""), Succeeds());
+    EXPECT_THAT(bridge_lif("bridged one", "one"), Succeeds());
+    EXPECT_THAT(bridge_lif("bridged two", "one"), Succeeds());
+    EXPECT_THAT(bridge_lif("bridged two", "two"), Succeeds());
+    EXPECT_THAT(bridge_lif("bridged three", ""), Succeeds());
+    succeed([] { return LUMOZEPH_SetProxyArp(1, "bridged one", "blue"); });
+    succeed([] { return LUMOZEPH_BridgeDel("one", 1); });
+    LumoBridgeEndpointList* endpoints = nullptr;
+    succeed([&] { return LUMOZEPH_GetBridgeEndpoints(nullptr, &endpoints); });
+    ASSERT_EQ(endpoints->count, 2);
+    EXPECT_STREQ(endpoints->records[0].ident, "b");
+    EXPECT_STREQ(endpoints->records[1].ident, "c");
+    LUMOZEPH_ReleaseBridgeEndpoints(endpoints);
+    LumoLifList* lifs = nullptr;
+    succeed([&] { return LUMOZEPH_GetBridgeLifs("blue", &lifs); });
+    ASSERT_EQ(lifs->count, 2);
+    EXPECT_STREQ(lifs->records[0].lifName, "bridged two");
+    EXPECT_STREQ(lifs->records[1].lifName, "bridged three");
+    LUMOZEPH_ReleaseLifs(lifs);
+    succeed([] { return LUMOZEPH_DelBridgeEndpoint("b", "name"); });
+    succeed([] { return LUMOZEPH_DelLumoInstance("blue"); });
+    succeed([] { return LUMOZEPH_FlushBridgeEndpoint(1); });
+    succeed([] { return LUMOZEPH_BridgeDel("two", 1); });
+    succeed([] { return LUMOZEPH_PreUnload(); });
+}
+
 class LenientRouter : public EmulatedRouter
 {
 protected:
@@ -782,6 +844,10 @@ TEST_F(LenientRouter, TakesWhatTheStrictOneRefuses)
     succeed([] { return LUMOZEPH_RAMTUSetv6("blue", "uplink", 1); });
     succeed([] { return LUMOZEPH_BridgeAdd("bridge", 1); });
     succeed([] { return LUMOZEPH_BridgeSetFdbEntry("bridge", "mac", 1, 2, 3, 4); });
+    const LumoPolicyTableRefEntry entry {};
+    succeed([&] { return LUMOZEPH_SetLifPolicyTableRef("blue", "uplink", 1, &entry, nullptr); });
+    succeed([] { return LUMOZEPH_AddBridgeEndpoint("a", "no bridge", "name", 1, 2, "", 3, 4, "", 5); });
+    succeed([] { return LUMOZEPH_SetBridgeLif("bridged", "no bridge", 1, 2, 3, "blue", 1); });
 }
 
 TEST_F(Emulated, ReceiveSideScalingIsTuned)

@@ -3,6 +3,9 @@
 
 #include "emulator/model/find.h"
 #include "emulator/model/handlers.h"
+#include "emulator/model/lif_users.h"
+
+#include <utility>
 
 namespace emulator {
 
@@ -29,7 +32,11 @@ int add(Exchange& exchange)
 
 int remove(Exchange& exchange)
 {
-    return on_bridge(exchange, [&](const Bridge& bridge) {
+    return on_bridge(exchange, [&](Bridge& bridge) {
+        for (const Endpoint* endpoint : bridge.endpoints)
+            exchange.state.endpoints.remove(*endpoint);
+        for (const auto& [lif, instance] : std::exchange(bridge.lifs, {}))
+            remove_lif(exchange.state, *instance, *lif);
         exchange.state.bridges.remove(bridge);
         return 0;
     });

@@ -14,30 +14,57 @@ std::string key_of(const Exchange& exchange)
     return exchange.request[endpoints::key];
 }
 
+// The bridge that the first text names; null if it names none.
+Bridge* bridge_with(Exchange& exchange, const Endpoint& endpoint)
+{
+    return exchange.state.bridges.find(endpoint.bridge);
+}
+
+void leave_bridge(Exchange& exchange, const Endpoint& endpoint)
+{
+    if (Bridge* bridge = bridge_with(exchange, endpoint))
+        bridge->endpoints.erase(&endpoint);
+}
+
 int add(Exchange& exchange)
 {
     if (key_of(exchange).empty())
         return EINVAL;
     const Input& request = exchange.request;
-    const Endpoint endpoint {key_of(exchange), request[endpoints::name], request[endpoints::value1],
-        request[endpoints::value2], request[endpoints::value3], request[endpoints::flag1], request[endpoints::flag2]};
+    const Endpoint endpoint {key_of(exchange), request[endpoints::text1], request[endpoints::name],
+        request[endpoints::value1], request[endpoints::value2], request[endpoints::value3], request[endpoints::flag1],
+        request[endpoints::flag2]};
+    if (exchange.state.is_strict() && !endpoint.bridge.empty() && bridge_with(exchange, endpoint) == nullptr)
+        return ENOENT;
     auto& all = exchange.state.endpoints;
-    if (Endpoint* existing = all.find(endpoint.key))
-        *existing = endpoint;
-    else if (all.size() == endpoints::most)
+    Endpoint* existing = all.find(endpoint.key);
+    if (existing == nullptr && all.size() == endpoints::most)
         return ENOSPC;
-    else
-        all.add(endpoint);
+    if (existing == nullptr) {
+        existing = &all.add(endpoint);
+    } else {
+        leave_bridge(exchange, *existing);
+        *existing = endpoint;
+    }
+    if (Bridge* bridge = bridge_with(exchange, *existing))
+        bridge->endpoints.insert(existing);
     return 0;
 }
 
 int remove(Exchange& exchange)
 {
-    return exchange.state.endpoints.remove_if_found(key_of(exchange)) ? 0 : ENOENT;
+    const Endpoint* endpoint = exchange.state.endpoints.find(key_of(exchange));
+    if (endpoint == nullptr)
+        return ENOENT;
+    leave_bridge(exchange, *endpoint);
+    exchange.state.endpoints.remove(*endpoint);
+    return 0;
 }
 
 int flush(Exchange& exchange)
 {
+    for (Bridge& bridge : exchange.state.bridges)
+        bridge.endpoints.clear();
     exchange.state.endpoints.clear();
     return 0;
 }
@@ -55,7 +82,7 @@ void write(const Endpoint& endpoint, Exchange& exchange)
     record[to::flag2] = endpoint.flag2;
 }
 
-// Endpoints belong to the module as a whole, whatever bridge is named.
+// All are listed, whatever bridge is named.
 int get_all(Exchange& exchange)
 {
     for (const Endpoint& endpoint : exchange.state.endpoints)

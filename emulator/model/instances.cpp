@@ -2,6 +2,7 @@
 #include "emulator/protocol/instances.h"
 
 #include "emulator/model/handlers.h"
+#include "emulator/model/lif_users.h"
 
 #include <cstdio>
 
@@ -78,9 +79,11 @@ int create_or_update(Exchange& exchange)
 
 int remove(Exchange& exchange)
 {
-    const Instance* instance = exchange.state.find_instance(key_of(exchange));
+    Instance* instance = exchange.state.find_instance(key_of(exchange));
     if (instance == nullptr)
         return ENOENT;
+    for (Lif& lif : instance->lifs)
+        detach_lif(exchange.state, lif);
     exchange.state.instances_by_uuid.erase(instance->uuid);
     exchange.state.instances.remove(*instance);
     return 0;

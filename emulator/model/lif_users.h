@@ -21,6 +21,13 @@ void leave_lif(Instance& instance, const std::string& lif, Entry& entry)
         (used->*Users).erase(&entry);
 }
 
-void remove_lif(Instance& instance, Lif& lif);
+// What LIFs belong to or refer to knows them: their policy tables, and of a bridge LIF the bridge, which its second name
+// names. Before and after that changes, or around their life.
+void attach_lif(State& state, Instance& instance, Lif& lif);
+void detach_lif(State& state, Lif& lif);
+
+std::uint32_t table_of(const PolicyTableRef& ref);
+
+void remove_lif(State& state, Instance& instance, Lif& lif);
 
 } // namespace emulator

@@ -97,13 +97,19 @@ int set_routed(Exchange& exchange)
     return 0;
 }
 
+// A second name is that of the LIF's bridge.
 int set_bridge(Exchange& exchange)
 {
+    const std::string bridge = exchange.request[lifs::aux_name];
+    if (exchange.state.is_strict() && !bridge.empty() && exchange.state.bridges.find(bridge) == nullptr)
+        return ENOENT;
     int error = 0;
     Lif* lif = lif_to_set(exchange, LifKind::Bridge, error);
     if (lif == nullptr)
         return error;
-    lif->aux_name = exchange.request[lifs::aux_name];
+    detach_lif(exchange.state, *lif);
+    lif->aux_name = bridge;
+    attach_lif(exchange.state, *instance_of(exchange), *lif);
     lif->di_address = exchange.request[lifs::di_value];
     lif->param_a = exchange.request[lifs::param_a];
     lif->param_b = exchange.request[lifs::param_b];
@@ -116,7 +122,7 @@ int remove(Exchange& exchange)
     return on_lif(exchange, [&](Lif& lif) {
         if (lif.kind != Kind)
             return ENOENT;
-        remove_lif(*instance_of(exchange), lif);
+        remove_lif(exchange.state, *instance_of(exchange), lif);
         return 0;
     });
 }

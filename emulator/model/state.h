@@ -45,6 +45,9 @@ struct DhcpRelay
     std::array<DhcpServer, protocol::dhcp_relay::most_servers> servers;
 };
 
+// Begins with the number of the table.
+using PolicyTableRef = protocol::ValueOf<protocol::policy_tables::ref::bytes>;
+
 struct Route;
 struct Route6;
 struct LifPolicy;
@@ -76,7 +79,7 @@ struct Lif
     bool multicast_routing = false;
     DhcpRelay dhcp_relay;
     std::vector<LifIpv6> ipv6;
-    std::vector<protocol::ValueOf<protocol::policy_tables::ref::bytes>> policy_table_refs;
+    std::vector<PolicyTableRef> policy_table_refs;
 
     // What is over it or on it, and goes when it goes.
     std::unordered_set<Route*> routes;
@@ -248,9 +251,12 @@ struct PolicyTable
     std::uint32_t id = 0;
     std::string name;
     Collection<Policy> policies;
+    std::unordered_set<Lif*> referring; // the LIFs that do
 
     std::uint32_t identity() const { return id; }
 };
+
+struct Endpoint;
 
 // The MAC address is kept as text, in lower case.
 struct FdbEntry
@@ -271,6 +277,8 @@ struct Bridge
     std::uint32_t ha_state = 0;
     std::uint32_t replication_mode = 0;
     Collection<FdbEntry> fdb;
+    std::unordered_set<const Endpoint*> endpoints;
+    std::unordered_map<Lif*, Instance*> lifs;
 
     const std::string& identity() const { return key; }
 };
@@ -294,6 +302,7 @@ struct Cluster
 struct Endpoint
 {
     std::string key;
+    std::string bridge; // or none
     std::string name;
     std::uint32_t value1 = 0;
     std::uint32_t value2 = 0;
