@@ -224,6 +224,34 @@ TEST_F(EmulatedRouter, Ipv6RoutesAreCountedReadAndDeleted)
     succeed([] { return LUMOZEPH_PMTUTableCearv6(); });
 }
 
+TEST_F(EmulatedRouter, TheIpv6NetworksOfEnabledLifsAreRoutes)
+{
+    const auto routes = [&] {
+        void* block = nullptr;
+        std::uint32_t count = 0;
+        succeed([&] { return LUMOZEPH_GetRoutesv6("blue", &block, &count); });
+        Bytes all(static_cast<const char*>(block), std::size_t {count} * 776);
+        free(block);
+        return all;
+    };
+    succeed([] { return LUMOZEPH_SetLifIpv6("blue", "uplink", 0xb80d0120, 0x0200000000000000, 64); });
+    const Bytes connected = routes();
+    ASSERT_EQ(connected.size(), 776u);
+    EXPECT_STREQ(connected.c_str(), "blue");
+    EXPECT_EQ(get(connected, 68, 8), 0xb80d0120u);
+    EXPECT_EQ(get(connected, 76, 8), 0u);
+    EXPECT_EQ(get(connected, 84, 1), 64u);
+    EXPECT_EQ(connected.substr(101, 16), Bytes(16, '\0'));
+    EXPECT_STREQ(connected.c_str() + 117, "uplink");
+    succeed([] { return LUMOZEPH_SetRoutev6(0, 0, 0, 0xb80d0120, 0x0100000000000000, nullptr, "blue"); });
+    EXPECT_EQ(routes().size(), 2 * 776u);
+    succeed([] { return LUMOZEPH_DisableLif("blue", "uplink"); });
+    EXPECT_EQ(routes().size(), 776u);
+    succeed([] { return LUMOZEPH_EnableLif("blue", "uplink"); });
+    succeed([] { return LUMOZEPH_DelLifIpv6("blue", "uplink", 0xb80d0120, 0x0200000000000000, 64); });
+    EXPECT_EQ(routes().size(), 776u);
+}
+
 TEST_F(EmulatedRouter, NeighboursAreDumpedAndCleared)
 {
     succeed([] { return LUMOZEPH_SetArp(ip(10, 0, 0, 9), "00:11:22:33:44:55", "uplink", "blue"); });

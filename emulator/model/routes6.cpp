@@ -1,4 +1,4 @@
-// IPv6 routes and the path-MTU table. A route is reported as the record in which it was sent.
+// IPv6 routes and the path-MTU table.
 #include "emulator/protocol/routes6.h"
 
 #include "emulator/model/addresses.h"
@@ -18,7 +18,8 @@ namespace {
 
 Route6 route_of(const Exchange& exchange)
 {
-    return {exchange.request[routes6::sent], exchange.request[routes6::identity], exchange.request[routes6::lif]};
+    const Input& request = exchange.request;
+    return {request[routes6::dest], request[routes6::prefix_len], request[routes6::gateway], request[routes6::lif]};
 }
 
 // A next hop is on a network of its LIF, or of any if it names none. Every LIF is on the network of local addresses.
@@ -57,7 +58,7 @@ int set(Exchange& exchange)
     const Route6 route = route_of(exchange);
     if (instance->routes6.find(route.identity()) != nullptr)
         return 0;
-    if (instance->routes6.size() == routes6::most)
+    if (!has_room_for_subnets6(*instance, 1))
         return ENOSPC;
     use_lif<&Lif::routes6>(*instance, route.lif, instance->routes6.add(route));
     return 0;
@@ -68,7 +69,7 @@ int remove(Exchange& exchange)
     Instance* instance = instance_of(exchange);
     if (instance == nullptr)
         return ENOENT;
-    const Route6* route = instance->routes6.find(exchange.request[routes6::identity]);
+    const Route6* route = instance->routes6.find(route_of(exchange).identity());
     if (route == nullptr)
         return ESRCH;
     leave_lif<&Lif::routes6>(*instance, route->lif, *route);
@@ -81,8 +82,25 @@ int count(Exchange& exchange)
     const Instance* instance = instance_of(exchange);
     if (instance == nullptr)
         return ENOENT;
-    exchange.add<routes6::count>(static_cast<std::uint32_t>(instance->routes6.size()));
+    exchange.add<routes6::count>(
+        static_cast<std::uint32_t>(instance->routes6.size() + instance->addresses_on_subnets6));
     return 0;
+}
+
+// The network that an address of a LIF is on.
+Route6 connected_route(const Lif& lif, const LifIpv6& ipv6)
+{
+    return {network_of(ipv6.address, ipv6.prefix_length), ipv6.prefix_length, {}, lif.name};
+}
+
+void write(const Instance& instance, const Route6& route, Exchange& exchange)
+{
+    const Record record = exchange.add(routes6::entry);
+    record[routes6::instance] = instance.name;
+    record[routes6::dest] = route.dest;
+    record[routes6::prefix_len] = route.prefix_length;
+    record[routes6::gateway] = route.gateway;
+    record[routes6::lif] = route.lif;
 }
 
 int get_all(Exchange& exchange)
@@ -90,8 +108,12 @@ int get_all(Exchange& exchange)
     const Instance* instance = instance_of(exchange);
     if (instance == nullptr)
         return ENOENT;
+    for (const Lif& lif : instance->lifs)
+        if (lif.enabled)
+            for (const LifIpv6& ipv6 : lif.ipv6)
+                write(*instance, connected_route(lif, ipv6), exchange);
     for (const Route6& route : instance->routes6)
-        exchange.add(routes6::entry).begin_with(route.sent);
+        write(*instance, route, exchange);
     return 0;
 }
 

@@ -126,14 +126,15 @@ struct Route
     auto identity() const { return std::tie(dest, mask); }
 };
 
-// Kept and reported as it was sent.
+// To a gateway, or to the LIF's network itself if that is zero.
 struct Route6
 {
-    protocol::ValueOf<protocol::routes6::sent> sent {};
-    protocol::ValueOf<protocol::routes6::identity> told_by {}; // a part of it
-    std::string lif;                                           // another
+    Ipv6Address dest {};
+    std::uint8_t prefix_length = 0;
+    Ipv6Address gateway {};
+    std::string lif; // or none
 
-    const auto& identity() const { return told_by; }
+    auto identity() const { return std::tie(dest, prefix_length, gateway, lif); }
 };
 
 struct LifPolicy
@@ -224,6 +225,7 @@ struct Instance
     std::size_t lifs_on_subnets = 0;
     // How many enabled LIFs are on each IPv6 network, by the lengths of their prefixes.
     std::map<std::uint8_t, std::map<Ipv6Address, std::size_t>> subnets6;
+    std::size_t addresses_on_subnets6 = 0;
     Collection<Route6> routes6;
     Collection<LifPolicy> lif_policies;
     Collection<Neighbour> neighbours;

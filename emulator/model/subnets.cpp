@@ -12,6 +12,11 @@ bool has_room_for_a_subnet(const Instance& instance)
     return instance.routes.size() + instance.lifs_on_subnets < protocol::routes::most;
 }
 
+bool has_room_for_subnets6(const Instance& instance, std::size_t addresses)
+{
+    return instance.routes6.size() + instance.addresses_on_subnets6 + addresses <= protocol::routes6::most;
+}
+
 bool is_on_a_subnet(const Lif& lif)
 {
     return lif.enabled && lif.address != 0;
@@ -19,9 +24,11 @@ bool is_on_a_subnet(const Lif& lif)
 
 void join_subnet(Instance& instance, Lif& lif)
 {
-    if (lif.enabled)
+    if (lif.enabled) {
+        instance.addresses_on_subnets6 += lif.ipv6.size();
         for (const LifIpv6& ipv6 : lif.ipv6)
             ++instance.subnets6[ipv6.prefix_length][network_of(ipv6.address, ipv6.prefix_length)];
+    }
     if (!is_on_a_subnet(lif))
         return;
     ++instance.lifs_on_subnets;
@@ -35,7 +42,8 @@ void join_subnet(Instance& instance, Lif& lif)
 
 void leave_subnet(Instance& instance, const Lif& lif)
 {
-    if (lif.enabled)
+    if (lif.enabled) {
+        instance.addresses_on_subnets6 -= lif.ipv6.size();
         for (const LifIpv6& ipv6 : lif.ipv6) {
             const auto of_length = instance.subnets6.find(ipv6.prefix_length);
             const auto counted = of_length->second.find(network_of(ipv6.address, ipv6.prefix_length));
@@ -44,6 +52,7 @@ void leave_subnet(Instance& instance, const Lif& lif)
             if (of_length->second.empty())
                 instance.subnets6.erase(of_length);
         }
+    }
     if (!is_on_a_subnet(lif))
         return;
     --instance.lifs_on_subnets;

@@ -7,8 +7,9 @@ namespace emulator {
 
 bool is_on_a_subnet(const Lif& lif);
 
-// Whether another LIF may be on one: the network is listed among the routes.
+// Whether another LIF may be on one, or have more addresses on IPv6 networks: the networks are listed among the routes.
 bool has_room_for_a_subnet(const Instance& instance);
+bool has_room_for_subnets6(const Instance& instance, std::size_t addresses);
 
 // Before and after a LIF's address, mask or state changes, or around its life.
 void join_subnet(Instance& instance, Lif& lif);

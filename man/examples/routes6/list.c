@@ -37,4 +37,5 @@ int main(void)
 
 /* prints:
  * instance blue
+ * instance blue
  */
