@@ -16,7 +16,7 @@ namespace {
 class Emulated : public testing::Test
 {
 protected:
-    explicit Emulated(emulator::Strictness strictness = emulator::Strictness::Strict) : device(strictness) {}
+    explicit Emulated(emulator::Settings settings = {}) : device(settings) {}
 
     EmulatedDevice device;
 
@@ -90,7 +90,7 @@ constexpr std::uint32_t ip(unsigned a, unsigned b, unsigned c, unsigned d)
 class EmulatedRouter : public Emulated
 {
 protected:
-    explicit EmulatedRouter(emulator::Strictness strictness = emulator::Strictness::Strict) : Emulated(strictness)
+    explicit EmulatedRouter(emulator::Settings settings = {}) : Emulated(settings)
     {
         succeed([] { return LUMOZEPH_SetLumoInstance("blue", 1, nullptr, 2); });
         succeed([] { return LUMOZEPH_SetLif("uplink", "second", 0, 0, 11, 12, 13, 14, "blue", nullptr); });
@@ -404,6 +404,43 @@ TEST_F(Emulated, HousekeepingIsAnswered)
     EXPECT_THAT(call([&] { return LUMOZEPH_PerformFullSyncSave(1, &value); }), Succeeds());
     EXPECT_THAT(call([&] { return LUMOZEPH_GetFullSyncSaveStatus(&value); }), Succeeds());
     EXPECT_EQ(value, 2u);
+}
+
+TEST_F(EmulatedRouter, AFlushForgetsNeighboursAndForwardingEntries)
+{
+    const auto set = [&] {
+        succeed([] { return LUMOZEPH_SetArp(ip(10, 0, 0, 9), "00:11:22:33:44:55", "uplink", "blue"); });
+        succeed([] { return LUMOZEPH_BridgeAdd("bridge", 1); });
+        succeed([] { return LUMOZEPH_BridgeSetFdbEntry("bridge", "00:11:22:33:44:55", 1, 2, 3, 4); });
+    };
+    const auto flush = [&](const char* what) { return call([=] { return LUMOZEPH_GenericFlush(0, 0, 0, 0, what, 0); }); };
+    const auto has_neighbours = [&] {
+        Bytes image(7471104, '\0');
+        succeed([&] { return LUMOZEPH_GetArps("blue", nullptr, image.data()); });
+        return image[99] != '\0';
+    };
+    const auto has_forwarding_entries = [&] {
+        LumoBridgeFdbList* fdb = nullptr;
+        succeed([&] { return LUMOZEPH_GetBridgeFdbEntries("bridge", 1, 2, &fdb); });
+        const bool any = fdb->count != 0;
+        LUMOZEPH_ReleaseBridgeFdbEntries(fdb);
+        return any;
+    };
+    set();
+    EXPECT_THAT(flush("nothing"), Succeeds());
+    EXPECT_THAT(flush("blue"), Succeeds());
+    EXPECT_FALSE(has_neighbours());
+    EXPECT_TRUE(has_forwarding_entries());
+    set();
+    EXPECT_THAT(flush("bridge"), Succeeds());
+    EXPECT_TRUE(has_neighbours());
+    EXPECT_FALSE(has_forwarding_entries());
+    set();
+    EXPECT_THAT(flush(nullptr), Succeeds());
+    EXPECT_FALSE(has_neighbours());
+    EXPECT_FALSE(has_forwarding_entries());
+    // The LIF knows that it has no neighbours any more.
+    succeed([] { return LUMOZEPH_DelLif("uplink", "", "blue"); });
 }
 
 TEST_F(Emulated, TheModuleCannotBeUnloadedWhileItIsInUse)
@@ -858,7 +895,7 @@ TEST_F(EmulatedRouter, WhatBelongsToABridgeGoesWithIt)
 class LenientRouter : public EmulatedRouter
 {
 protected:
-    LenientRouter() : EmulatedRouter(emulator::Strictness::Lenient) {}
+    LenientRouter() : EmulatedRouter({.strictness = emulator::Strictness::Lenient}) {}
 };
 
 TEST_F(LenientRouter, TakesWhatTheStrictOneRefuses)

@@ -43,6 +43,12 @@ bool spells(const char* path, std::string_view device)
     return *path == '\0';
 }
 
+std::string_view environment(const char* name)
+{
+    const char* const value = std::getenv(name); // NOLINT(concurrency-mt-unsafe): the program's threads read it, too
+    return value != nullptr ? value : "";
+}
+
 } // namespace
 
 std::optional<Node> device_at(const char* path)
@@ -82,9 +88,12 @@ Door& Door::of_this_process()
 
 std::unique_ptr<Module> Door::new_module()
 {
-    const char* const lenient = std::getenv("LUMOZEPH_EMULATOR_LENIENT"); // NOLINT(concurrency-mt-unsafe): as for libc
-    const bool is_lenient = lenient != nullptr && *lenient != '\0';
-    return std::make_unique<Module>(is_lenient ? Strictness::Lenient : Strictness::Strict);
+    Settings settings;
+    if (!environment("LUMOZEPH_EMULATOR_LENIENT").empty())
+        settings.strictness = Strictness::Lenient;
+    if (environment("LUMOZEPH_EMULATOR_CLOCK") == "manual")
+        settings.clock = Clock::Manual;
+    return std::make_unique<Module>(settings);
 }
 
 int Door::open(Node node, int flags)
@@ -277,6 +286,15 @@ try {
     return 0;
 } catch (const std::bad_alloc&) {
     return -ENOMEM;
+}
+
+int Door::advance(Time by)
+{
+    const Gate::Passage passage(gate_);
+    if (passage.refused())
+        return -EDEADLK;
+    module_->advance(by);
+    return 0;
 }
 
 int Door::watch(LumoEmulatorWatcher watcher, void* context)

@@ -41,6 +41,7 @@ public:
     int control(int number, std::uint32_t request, std::uint64_t argument);
 
     int reset();
+    int advance(Time by);
     int watch(LumoEmulatorWatcher watcher, void* context);
 
 private:

@@ -136,7 +136,7 @@ void refuse_what_preloading_does_not_reach(fs::path program)
 
 } // namespace
 
-int run_in_process(char** program, Strictness strictness, int (*execute)(char** program))
+int run_in_process(char** program, Settings settings, int (*execute)(char** program))
 {
     if (const auto file = find_program(program[0]))
         refuse_what_preloading_does_not_reach(*file);
@@ -148,8 +148,10 @@ int run_in_process(char** program, Strictness strictness, int (*execute)(char** 
     if (const std::string others = environment("LD_PRELOAD"); !others.empty())
         preloaded += ":" + others;
     setenv("LD_PRELOAD", preloaded.c_str(), 1); // NOLINT(concurrency-mt-unsafe): there are no other threads
-    if (strictness == Strictness::Lenient)
+    if (settings.strictness == Strictness::Lenient)
         setenv("LUMOZEPH_EMULATOR_LENIENT", "1", 1); // NOLINT(concurrency-mt-unsafe): there are no other threads
+    if (settings.clock == Clock::Manual)
+        setenv("LUMOZEPH_EMULATOR_CLOCK", "manual", 1); // NOLINT(concurrency-mt-unsafe): there are no other threads
     return execute(program);
 }
 

@@ -7,6 +7,6 @@ namespace emulator {
 
 // Executes the program with the door preloaded. Returns what execute() returns, which is called last, and throws if the
 // program is one that preloading does not reach.
-int run_in_process(char** program, Strictness strictness, int (*execute)(char** program));
+int run_in_process(char** program, Settings settings, int (*execute)(char** program));
 
 } // namespace emulator

@@ -50,11 +50,21 @@ typedef void (*LumoEmulatorWatcher)(const struct LumoEmulatorCommand* command, v
 /**
  * Puts a new module in the place of this process's: what was set is forgotten. Descriptors of the device stay open, and
  * the watcher stays. The new module accepts what makes no sense if the environment now has LUMOZEPH_EMULATOR_LENIENT, with
- * any text but none; so does the first one, if the environment had it then.
+ * any text but none, and its time stands still until it is advanced if LUMOZEPH_EMULATOR_CLOCK is "manual". The same holds
+ * for the first module and the environment at its time.
  *
  * @return  0, or -1 with the reason in errno
  */
 int32_t lumozeph_emulator_reset(void);
+
+/**
+ * Lets the module's time pass, beside what passes by itself. What takes time has then happened: connections have come up,
+ * counters have moved on, and what was learned has been forgotten.
+ *
+ * @param nanoseconds  how much, up to 100 years
+ * @return             0, or -1 with the reason in errno
+ */
+int32_t lumozeph_emulator_advance(uint64_t nanoseconds);
 
 /**
  * Has every command shown from now on. When this returns, the watcher that was there before is not running and is not

@@ -1,15 +1,29 @@
-// BFD sessions and port connections. The model has no sessions.
+// BFD sessions and port connections. There is a session between every port that is plumbed for BFD and every node of a
+// cluster.
 #include "emulator/protocol/bfd.h"
 
-#include "emulator/model/answers.h"
 #include "emulator/model/handlers.h"
 #include "emulator/model/plumbing.h"
+
+#include <algorithm>
 
 namespace emulator {
 
 using namespace protocol;
 
+static_assert(connections::most * clusters::most_nodes <= bfd::most_sessions);
+
 namespace {
+
+enum class SessionState : std::uint8_t
+{
+    Down = 1,
+    Beginning = 2,
+    Up = 3
+};
+
+constexpr std::chrono::seconds until_it_begins {1};
+constexpr std::chrono::seconds until_it_is_up {2};
 
 std::string port_of(const Exchange& exchange)
 {
@@ -18,23 +32,59 @@ std::string port_of(const Exchange& exchange)
 
 int plumb(Exchange& exchange)
 {
-    return plumb({port_of(exchange), exchange.request[bfd::sent]}, exchange.state.bfd_connections);
+    return plumb<BfdConnection>({port_of(exchange), exchange.request[bfd::text], exchange.request[bfd::mac], Link::Up,
+                                    exchange.state.stopwatch.now()},
+        exchange.state.bfd_connections);
 }
 
 int unplumb(Exchange& exchange)
 {
-    return unplumb(port_of(exchange), exchange.state.bfd_connections);
+    return exchange.state.bfd_connections.remove_if_found(port_of(exchange)) ? 0 : ENOENT;
 }
 
 int get_connections(Exchange& exchange)
 {
-    for (const Connection& connection : exchange.state.bfd_connections)
-        exchange.add(bfd::record::layout).begin_with(connection.sent);
+    namespace to = bfd::record;
+    for (const BfdConnection& connection : exchange.state.bfd_connections) {
+        const Record record = exchange.add(to::layout);
+        record[to::port] = connection.name;
+        record[to::text] = connection.text;
+        record[to::mac] = connection.mac;
+    }
+    return 0;
+}
+
+void write_session(const BfdConnection& port, const Cluster& cluster, const ClusterNode& node, Exchange& exchange)
+{
+    const Time begun = std::max(port.since, node.since);
+    const Time passed = exchange.state.stopwatch.now() - begun;
+    const bool can_begin = port.link == Link::Up && node.link == Link::Up && passed >= until_it_begins;
+    const SessionState state = !can_begin                ? SessionState::Down
+                               : passed < until_it_is_up ? SessionState::Beginning
+                                                         : SessionState::Up;
+    namespace to = bfd::session_record;
+    const Record record = exchange.add(to::layout);
+    record[to::addr1] = port.mac;
+    record[to::addr2] = node.mac;
+    record[to::value3] = static_cast<std::uint8_t>(state);
+    record[to::value4] = cluster.profile_value1;
+    record[to::value5] = static_cast<std::uint64_t>(std::chrono::floor<std::chrono::seconds>(passed).count());
+}
+
+// The key is that of a cluster, or none for all.
+int get_sessions(Exchange& exchange)
+{
+    const std::string key = exchange.request[bfd::key];
+    for (const Cluster& cluster : exchange.state.clusters)
+        if (key.empty() || key == cluster.key)
+            for (const BfdConnection& port : exchange.state.bfd_connections)
+                for (const ClusterNode& node : cluster.nodes)
+                    write_session(port, cluster, node, exchange);
     return 0;
 }
 
 constexpr Handler answers[] = {
-    {"GetBridgeBFDSessions", accepted},
+    {"GetBridgeBFDSessions", get_sessions},
     {"PlumbBFDPortConnection", plumb},
     {"UnPlumbBFDPortConnection", unplumb},
     {"GetBFDPortConnections", get_connections},

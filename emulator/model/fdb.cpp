@@ -62,6 +62,9 @@ void write(const FdbEntry& entry, Exchange& exchange)
     record[to::selector2] = entry.selectors[1];
     record[to::flags] = entry.flags;
     record[to::value] = entry.value;
+    if (entry.learned)
+        record[to::value5] = static_cast<std::uint32_t>(
+            std::chrono::floor<std::chrono::seconds>(exchange.state.stopwatch.now() - *entry.learned).count());
 }
 
 int get_fdb(Exchange& exchange)

@@ -1,7 +1,6 @@
 // Flush, full-sync save and preparation for unloading.
 #include "emulator/protocol/housekeeping.h"
 
-#include "emulator/model/answers.h"
 #include "emulator/model/handlers.h"
 
 namespace emulator {
@@ -20,6 +19,32 @@ int prepare_unload(Exchange& exchange)
     return is_in_use ? EBUSY : 0;
 }
 
+void flush(Instance& instance)
+{
+    instance.neighbours.clear();
+    for (Lif& lif : instance.lifs)
+        lif.neighbours.clear();
+}
+
+// The neighbours of instances and the forwarding entries of bridges: of those that the text names, or, without it, of all.
+int flush(Exchange& exchange)
+{
+    State& state = exchange.state;
+    const std::string name = exchange.request[housekeeping::text];
+    if (name.empty()) {
+        for (Instance& instance : state.instances)
+            flush(instance);
+        for (Bridge& bridge : state.bridges)
+            bridge.fdb.clear();
+        return 0;
+    }
+    if (Instance* instance = state.find_instance(name))
+        flush(*instance);
+    if (Bridge* bridge = state.bridges.find(name))
+        bridge->fdb.clear();
+    return 0;
+}
+
 int save(Exchange& exchange)
 {
     if (exchange.room < bare<housekeeping::saved>.size)
@@ -36,7 +61,7 @@ int save_status(Exchange& exchange)
 
 constexpr Handler answers[] = {
     {"PreUnload", prepare_unload},
-    {"GenericFlush", accepted},
+    {"GenericFlush", flush},
     {"PerformFullSyncSave", save},
     {"GetFullSyncSaveStatus", save_status},
 };

@@ -3,10 +3,30 @@
 
 #include "emulator/model/state.h"
 
+#include <cerrno>
+
 namespace emulator {
 
 // A connection of the same name is replaced.
-int plumb(const Connection& connection, Collection<Connection>& all);
-int unplumb(const std::string& name, Collection<Connection>& all);
+template <class Connection>
+int plumb(const Connection& connection, Collection<Connection>& all)
+{
+    if (connection.name.empty())
+        return EINVAL;
+    if (Connection* existing = all.find(connection.name))
+        *existing = connection;
+    else if (all.size() == protocol::connections::most)
+        return ENOSPC;
+    else
+        all.add(connection);
+    return 0;
+}
+
+// What is plumbed takes a second to come up, unless the other end cannot be reached.
+template <class Connection>
+bool is_up(const Connection& connection, Time now)
+{
+    return connection.link == Link::Up && now >= connection.since + std::chrono::seconds(1);
+}
 
 } // namespace emulator

@@ -1,4 +1,4 @@
-// Software receive-side scaling. Any name is a target; the model counts nothing.
+// Software receive-side scaling. Any name is a target.
 #include "emulator/protocol/rss.h"
 
 #include "emulator/model/handlers.h"
@@ -41,14 +41,27 @@ int change(Exchange& exchange)
     return error;
 }
 
-int get_stats(Exchange& exchange, const RssTarget&)
+int get_stats(Exchange& exchange, const RssTarget& target)
 {
-    exchange.add(rss::stats_record::layout)[rss::stats_record::queues] = rss::most_queues;
+    namespace to = rss::stats_record;
+    const Record record = exchange.add(to::layout);
+    record[to::queues] = rss::most_queues;
+    for (std::size_t queue = 0; queue < rss::most_queues; ++queue)
+        record[to::word][queue][element<U32>] = target.words[queue];
+    const Table* const columns[] = {&to::counter1, &to::counter2, &to::counter3};
+    for (const auto& [place, counter] : target.counters)
+        record[*columns[place / rss::most_queues]][place % rss::most_queues][element<U64>] =
+            counter.at(exchange.state.stopwatch.now());
     return 0;
 }
 
-int reset_stats(Exchange&, const RssTarget&)
+int reset_stats(Exchange& exchange)
 {
+    const std::string name = target_name(exchange);
+    if (name.empty())
+        return EINVAL;
+    if (const auto found = exchange.state.rss_targets.find(name); found != exchange.state.rss_targets.end())
+        found->second.counters.reset(exchange.state.stopwatch.now());
     return 0;
 }
 
@@ -83,7 +96,7 @@ int set_table(const Exchange& exchange, RssTarget& target)
 
 constexpr Handler answers[] = {
     {"SoftRSSGetStats", read<get_stats>},
-    {"SoftRSSStatsReset", read<reset_stats>},
+    {"SoftRSSStatsReset", reset_stats},
     {"SoftRSSGetTunables", read<get_tunables>},
     {"SoftRSSSetTunables", change<set_tunables>},
     {"SoftRSSGetIndTable", read<get_table>},

@@ -3,6 +3,7 @@
 
 #include "emulator/model/collection.h"
 #include "emulator/model/module.h"
+#include "emulator/model/time.h"
 #include "emulator/protocol/clusters.h"
 #include "emulator/protocol/connections.h"
 #include "emulator/protocol/dhcp_relay.h"
@@ -80,6 +81,7 @@ struct Lif
     DhcpRelay dhcp_relay;
     std::vector<LifIpv6> ipv6;
     std::vector<PolicyTableRef> policy_table_refs;
+    Counters counters;
 
     // What is over it or on it, and goes when it goes.
     std::unordered_set<Route*> routes;
@@ -169,6 +171,7 @@ struct Neighbour
     Ipv6Address ipv6_address {};
     std::string lif;
     std::string mac;
+    std::optional<Time> learned {}; // when it was seen, if it was not set
 
     auto identity() const { return std::tie(family, entry, ipv4_address, ipv6_address, lif); }
 };
@@ -229,12 +232,14 @@ struct Instance
     Collection<Route6> routes6;
     Collection<LifPolicy> lif_policies;
     Collection<Neighbour> neighbours;
+    std::chrono::seconds neighbour_ageing {1200};
     MulticastSettings multicast;
     Collection<LocalReceiver> local_receivers;
     Collection<RemoteReceiver> remote_receivers;
     MulticastRouter multicast_router;
     std::uint32_t control_plane_address = 0;
     std::uint32_t sync_state = 0;
+    Counters control_plane_counters;
 
     const std::string& identity() const { return name; }
 };
@@ -267,6 +272,7 @@ struct FdbEntry
     std::string mac;
     std::uint32_t value = 0;
     std::uint8_t flags = 0;
+    std::optional<Time> learned {}; // when it was seen, if it was not set
 
     auto identity() const { return std::tie(selectors[0], selectors[1], mac); }
 };
@@ -279,16 +285,26 @@ struct Bridge
     std::uint32_t ha_state = 0;
     std::uint32_t replication_mode = 0;
     Collection<FdbEntry> fdb;
+    std::chrono::seconds fdb_ageing {300};
     std::unordered_set<const Endpoint*> endpoints;
     std::unordered_map<Lif*, Instance*> lifs;
 
     const std::string& identity() const { return key; }
 };
 
+// Whether what is at the other end can be reached.
+enum class Link
+{
+    Up,
+    Down
+};
+
 struct ClusterNode
 {
     std::string name;
     MacAddress mac {};
+    Link link = Link::Up;
+    Time since {}; // when it was set
 };
 
 struct Cluster
@@ -315,11 +331,23 @@ struct Endpoint
     const std::string& identity() const { return key; }
 };
 
-// A plumbed connection, as it was sent from the name on.
 struct Connection
 {
     std::string name;
-    protocol::ValueOf<protocol::connections::sent> sent {};
+    std::array<std::string, 4> texts;
+    Link link = Link::Up;
+    Time since {}; // when it was plumbed
+
+    const std::string& identity() const { return name; }
+};
+
+struct BfdConnection
+{
+    std::string name;
+    std::string text;
+    MacAddress mac {};
+    Link link = Link::Up;
+    Time since {}; // when it was plumbed
 
     const std::string& identity() const { return name; }
 };
@@ -328,11 +356,25 @@ struct RssTarget
 {
     std::uint64_t tunables = 0;
     protocol::ValueOf<protocol::rss::entries> table {};
+    std::array<std::uint32_t, protocol::rss::most_queues> words {};
+    Counters counters; // the first of each queue, then the second and the third ones
+};
+
+// The local transport node.
+struct TransportNode
+{
+    std::array<std::string, 3> texts;
+    std::uint32_t value = 0;
+    protocol::ValueOf<protocol::clusters::transport::block> block {};
 };
 
 struct State
 {
-    Strictness strictness = Strictness::Strict;
+    explicit State(Settings settings) : strictness(settings.strictness), stopwatch(settings.clock) {}
+
+    Strictness strictness;
+    Stopwatch stopwatch;
+    Time next_ageing = Time::max(); // when something that was learned is to be forgotten
 
     std::uint32_t log_level = 4;
     std::uint32_t extended_log_level = 0;
@@ -348,15 +390,18 @@ struct State
     Collection<Bridge> bridges;
     std::vector<Cluster> clusters;
     Collection<Endpoint> endpoints;
-    std::optional<protocol::ValueOf<protocol::clusters::transport::sent>> local_transport_node; // as it was sent
+    std::optional<TransportNode> local_transport_node;
     std::map<MacAddress, std::uint32_t> pmacs;
 
     Collection<Connection> connections;
-    Collection<Connection> bfd_connections;
+    std::chrono::seconds deletion_time {0}; // how long a connection takes to go
+    std::vector<Time> deletions;            // when those will have gone that are going
+    Collection<BfdConnection> bfd_connections;
     std::map<std::string, RssTarget> rss_targets;
 
     std::uint32_t control_plane_active = 0;
     std::uint32_t saves = 0; // full-sync saves performed
+    Counters counters;
 
     bool is_strict() const { return strictness == Strictness::Strict; }
 

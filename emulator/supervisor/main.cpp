@@ -12,6 +12,7 @@
 #include <cstring>
 #include <fcntl.h>
 #include <fmt/core.h>
+#include <map>
 #include <memory>
 #include <string>
 #include <sys/ioctl.h>
@@ -63,7 +64,7 @@ struct CloseFile
 };
 using File = std::unique_ptr<std::FILE, CloseFile>;
 
-int run(const std::string& trace_path, emulator::Strictness strictness, char** program)
+int run(const std::string& trace_path, emulator::Settings settings, char** program)
 {
     File trace;
     if (trace_path == "-") {
@@ -75,7 +76,7 @@ int run(const std::string& trace_path, emulator::Strictness strictness, char** p
             return emulator_failed;
         }
     }
-    emulator::Module module(strictness);
+    emulator::Module module(settings);
     return end_like(emulator::run_in_world(module, trace.get(), [program] { return execute(program); }));
 }
 
@@ -132,6 +133,11 @@ int main(int argc, char** argv)
         ->excludes(trace_option);
     bool lenient = false;
     run_command->add_flag("--lenient", lenient, "Accept what the module refuses as making no sense");
+    emulator::Settings settings;
+    run_command->add_option("--clock", settings.clock, "How the module's time passes: real (by itself) or manual")
+        ->type_name("CLOCK")
+        ->transform(CLI::Transformer(std::map<std::string, emulator::Clock> {
+            {"real", emulator::Clock::Real}, {"manual", emulator::Clock::Manual}}));
     CLI::App* const check_command = app.add_subcommand("check", "Say whether this machine can run the emulator");
 
     try {
@@ -140,8 +146,8 @@ int main(int argc, char** argv)
             return check();
         if (*program == nullptr)
             throw CLI::RequiredError("-- PROGRAM");
-        const auto strictness = lenient ? emulator::Strictness::Lenient : emulator::Strictness::Strict;
-        return in_process ? emulator::run_in_process(program, strictness, execute) : run(trace, strictness, program);
+        settings.strictness = lenient ? emulator::Strictness::Lenient : emulator::Strictness::Strict;
+        return in_process ? emulator::run_in_process(program, settings, execute) : run(trace, settings, program);
     } catch (const CLI::ParseError& error) {
         // --help and --version come this way, too.
         if (error.get_exit_code() == 0)

@@ -398,6 +398,14 @@ TEST(Options, LenientHasTheModuleAcceptWhatItRefusesOtherwise)
         Process({EMULATOR, "run", "--lenient", "--", DYNAMIC_CLIENT, "endpoint-of-no-bridge"}).wait().out, "endpoint ok\n");
 }
 
+TEST(Options, TheClockIsRealOrManual)
+{
+    EXPECT_EQ(Process({EMULATOR, "run", "--clock", "manual", "--", DYNAMIC_CLIENT, "get"}).wait().out, "4\n");
+    const Ended ended = Process({EMULATOR, "run", "--clock", "broken", "--", DYNAMIC_CLIENT, "get"}).wait();
+    EXPECT_EQ(ended.status, 125);
+    EXPECT_THAT(ended.err, HasSubstr("broken"));
+}
+
 TEST(Options, HelpAndVersionExitWith0)
 {
     const Ended help = Process({EMULATOR, "--help"}).wait();

@@ -11,7 +11,13 @@ namespace fake {
 class EmulatedDevice : public Device
 {
 public:
-    explicit EmulatedDevice(emulator::Strictness strictness = emulator::Strictness::Strict) : module_(strictness) {}
+    explicit EmulatedDevice(emulator::Settings settings = {}) : module_(settings) {}
+
+    void advance(emulator::Time by)
+    {
+        const std::lock_guard lock(mutex_);
+        module_.advance(by);
+    }
 
     Answer answer(const Sent& sent) override
     {
