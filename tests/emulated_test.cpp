@@ -413,7 +413,9 @@ TEST_F(EmulatedRouter, AFlushForgetsNeighboursAndForwardingEntries)
         succeed([] { return LUMOZEPH_BridgeAdd("bridge", 1); });
         succeed([] { return LUMOZEPH_BridgeSetFdbEntry("bridge", "00:11:22:33:44:55", 1, 2, 3, 4); });
     };
-    const auto flush = [&](const char* what) { return call([=] { return LUMOZEPH_GenericFlush(0, 0, 0, 0, what, 0); }); };
+    const auto flush = [&](const char* what) {
+        return call([=] { return LUMOZEPH_GenericFlush(0, 0, 0, 0, what, 0); });
+    };
     const auto has_neighbours = [&] {
         Bytes image(7471104, '\0');
         succeed([&] { return LUMOZEPH_GetArps("blue", nullptr, image.data()); });

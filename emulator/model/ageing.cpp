@@ -26,7 +26,10 @@ public:
         return false;
     }
 
-    Time next() const { return next_ == Time::max() ? next_ : in_whole_seconds(next_ - Time(1)) + std::chrono::seconds(1); }
+    Time next() const
+    {
+        return next_ == Time::max() ? next_ : in_whole_seconds(next_ - Time(1)) + std::chrono::seconds(1);
+    }
 
 private:
     Time now_;

@@ -11,8 +11,6 @@ namespace emulator {
 
 using namespace protocol;
 
-static_assert(connections::most * clusters::most_nodes <= bfd::most_sessions);
-
 namespace {
 
 enum class SessionState : std::uint8_t
@@ -32,6 +30,12 @@ std::string port_of(const Exchange& exchange)
 
 int plumb(Exchange& exchange)
 {
+    State& state = exchange.state;
+    std::size_t nodes = 0;
+    for (const Cluster& cluster : state.clusters)
+        nodes += cluster.nodes.size();
+    if (state.bfd_connections.find(port_of(exchange)) == nullptr && !has_room_for_sessions(state, nodes))
+        return ENOSPC;
     return plumb<BfdConnection>({port_of(exchange), exchange.request[bfd::text], exchange.request[bfd::mac], Link::Up,
                                     exchange.state.stopwatch.now()},
         exchange.state.bfd_connections);
@@ -71,7 +75,35 @@ void write_session(const BfdConnection& port, const Cluster& cluster, const Clus
     record[to::value5] = static_cast<std::uint64_t>(std::chrono::floor<std::chrono::seconds>(passed).count());
 }
 
-// The key is that of a cluster, or none for all.
+void step(MacAddress& address, std::uint64_t by)
+{
+    for (std::size_t i = address.size(); i-- > 0 && by != 0; by >>= 8) {
+        by += std::to_integer<std::uint64_t>(address[i]);
+        address[i] = static_cast<std::byte>(by & 0xff);
+    }
+}
+
+void write_sessions(const BfdSessions& sessions, Exchange& exchange)
+{
+    namespace to = bfd::session_record;
+    MacAddress addr1 = sessions.addr1;
+    MacAddress addr2 = sessions.addr2;
+    for (std::uint32_t i = 0; i < sessions.count; ++i) {
+        const Record record = exchange.add(to::layout);
+        record[to::value1] = sessions.value1;
+        record[to::addr1] = addr1;
+        record[to::addr2] = addr2;
+        record[to::value2] = sessions.value2;
+        record[to::value3] = sessions.value3;
+        record[to::value4] = sessions.value4;
+        record[to::value5] = sessions.value5;
+        record[to::value6] = sessions.value6;
+        step(addr1, sessions.addr1_step);
+        step(addr2, sessions.addr2_step);
+    }
+}
+
+// The key is that of a cluster or of other sessions, or none for all.
 int get_sessions(Exchange& exchange)
 {
     const std::string key = exchange.request[bfd::key];
@@ -80,6 +112,9 @@ int get_sessions(Exchange& exchange)
             for (const BfdConnection& port : exchange.state.bfd_connections)
                 for (const ClusterNode& node : cluster.nodes)
                     write_session(port, cluster, node, exchange);
+    for (const BfdSessions& sessions : exchange.state.bfd_sessions)
+        if (key.empty() || key == sessions.key)
+            write_sessions(sessions, exchange);
     return 0;
 }
 

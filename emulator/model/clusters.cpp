@@ -75,8 +75,8 @@ int set_node(Exchange& exchange)
     Cluster* cluster = cluster_of(exchange);
     if (cluster == nullptr)
         return ENOENT;
-    const ClusterNode node {exchange.request[clusters::node], exchange.request[clusters::mac], Link::Up,
-        exchange.state.stopwatch.now()};
+    const ClusterNode node {
+        exchange.request[clusters::node], exchange.request[clusters::mac], Link::Up, exchange.state.stopwatch.now()};
     const auto existing = std::find_if(cluster->nodes.begin(), cluster->nodes.end(),
         [&](const ClusterNode& candidate) { return candidate.name == node.name; });
     if (existing != cluster->nodes.end()) {
@@ -86,7 +86,9 @@ int set_node(Exchange& exchange)
     std::size_t nodes = 0;
     for (const Cluster& any : exchange.state.clusters)
         nodes += any.nodes.size();
-    if (nodes == clusters::most_nodes)
+    const bool has_room =
+        nodes < clusters::most_nodes && has_room_for_sessions(exchange.state, exchange.state.bfd_connections.size());
+    if (!has_room)
         return ENOSPC;
     cluster->nodes.push_back(node);
     return 0;

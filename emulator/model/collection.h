@@ -52,6 +52,8 @@ class Collection
     using Position = typename Entries::iterator;
 
 public:
+    using value_type = Entry;
+
     Collection() = default;
     Collection(Collection&&) noexcept = default;
     Collection& operator=(Collection&&) noexcept = default;

@@ -80,8 +80,8 @@ int get_virtual_mac(Exchange& exchange)
 int check_deletion(Exchange& exchange)
 {
     const auto& deletions = exchange.state.deletions;
-    exchange.add<connections::value>(static_cast<std::uint32_t>(std::count_if(deletions.begin(), deletions.end(),
-        [now = exchange.state.stopwatch.now()](Time end) { return end > now; })));
+    exchange.add<connections::value>(static_cast<std::uint32_t>(std::count_if(
+        deletions.begin(), deletions.end(), [now = exchange.state.stopwatch.now()](Time end) { return end > now; })));
     return 0;
 }
 

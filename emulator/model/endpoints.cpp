@@ -33,7 +33,7 @@ int add(Exchange& exchange)
     const Input& request = exchange.request;
     const Endpoint endpoint {key_of(exchange), request[endpoints::text1], request[endpoints::name],
         request[endpoints::value1], request[endpoints::value2], request[endpoints::value3], request[endpoints::flag1],
-        request[endpoints::flag2]};
+        request[endpoints::flag2], {}, {}};
     if (exchange.state.is_strict() && !endpoint.bridge.empty() && bridge_with(exchange, endpoint) == nullptr)
         return ENOENT;
     auto& all = exchange.state.endpoints;
@@ -90,13 +90,25 @@ int get_all(Exchange& exchange)
     return 0;
 }
 
-// Statistics and status have no counters, only the endpoint's key.
-template <const Layout& Reported, const Text& Key>
-int get_key(Exchange& exchange)
+int get_stats(Exchange& exchange)
 {
-    if (exchange.state.endpoints.find(key_of(exchange)) == nullptr)
+    const Endpoint* endpoint = exchange.state.endpoints.find(key_of(exchange));
+    if (endpoint == nullptr)
         return ENOENT;
-    exchange.add(Reported)[Key] = key_of(exchange);
+    const Record record = exchange.add(endpoints::stats_record::layout);
+    record[endpoints::stats_record::key] = endpoint->key;
+    record[endpoints::stats_record::rest] = endpoint->statistics;
+    return 0;
+}
+
+int get_status(Exchange& exchange)
+{
+    const Endpoint* endpoint = exchange.state.endpoints.find(key_of(exchange));
+    if (endpoint == nullptr)
+        return ENOENT;
+    const Record record = exchange.add(endpoints::status_record::layout);
+    record[endpoints::status_record::key] = endpoint->key;
+    record[endpoints::status_record::rest] = endpoint->status;
     return 0;
 }
 
@@ -105,8 +117,8 @@ constexpr Handler answers[] = {
     {"DelBridgeEndpoint", remove},
     {"FlushBridgeEndpointOn", flush},
     {"FlushBridgeEndpointOff", flush},
-    {"GetBeStats", get_key<endpoints::stats_record::layout, endpoints::stats_record::key>},
-    {"GetBeStatus", get_key<endpoints::status_record::layout, endpoints::status_record::key>},
+    {"GetBeStats", get_stats},
+    {"GetBeStatus", get_status},
     {"GetBeAll", get_all},
     {"GetBridgeEndpoints", get_all},
 };

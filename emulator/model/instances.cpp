@@ -4,8 +4,6 @@
 #include "emulator/model/handlers.h"
 #include "emulator/model/lif_users.h"
 
-#include <cstdio>
-
 namespace emulator {
 
 using namespace protocol;
@@ -23,19 +21,6 @@ bool is_uuid_text(const std::string& text)
             return false;
     }
     return true;
-}
-
-// The same instances created in the same order have the same UUIDs in every run.
-std::string next_uuid(State& state)
-{
-    std::string uuid;
-    do {
-        char text[37];
-        std::snprintf(text, sizeof text, "10000000-0000-4000-8000-%012llx",
-            static_cast<unsigned long long>(++state.instances_created));
-        uuid = text;
-    } while (state.find_instance(uuid) != nullptr);
-    return uuid;
 }
 
 std::string key_of(const Exchange& exchange)

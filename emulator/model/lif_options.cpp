@@ -58,8 +58,8 @@ int enable(Exchange& exchange)
 {
     return on_lif(exchange, [&](Lif& lif) {
         const Instance& instance = *instance_of(exchange);
-        const bool has_room = (lif.address == 0 || has_room_for_a_subnet(instance)) &&
-                              has_room_for_subnets6(instance, lif.ipv6.size());
+        const bool has_room =
+            (lif.address == 0 || has_room_for_a_subnet(instance)) && has_room_for_subnets6(instance, lif.ipv6.size());
         if (Value && !lif.enabled && !has_room)
             return ENOSPC;
         move(exchange, lif, [&] { lif.enabled = Value; });
@@ -97,8 +97,8 @@ int add_ipv6(Exchange& exchange)
         if (exchange.state.is_strict() && added.prefix_length > longest_prefix)
             return EINVAL;
         const auto ipv6 = find_ipv6(lif, added.address);
-        const bool has_room = lif.ipv6.size() < lifs::most_ipv6 &&
-                              (!lif.enabled || has_room_for_subnets6(*instance_of(exchange), 1));
+        const bool has_room =
+            lif.ipv6.size() < lifs::most_ipv6 && (!lif.enabled || has_room_for_subnets6(*instance_of(exchange), 1));
         if (ipv6 == lif.ipv6.end() && !has_room)
             return ENOSPC;
         move(exchange, lif, [&] {

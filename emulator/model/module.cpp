@@ -70,6 +70,17 @@ Module::Module(Settings settings) : state_(std::make_unique<State>(settings)) {}
 
 Module::~Module() = default;
 
+State& Module::state()
+{
+    forget_what_has_aged(*state_);
+    return *state_;
+}
+
+void Module::replace(std::unique_ptr<State> state)
+{
+    state_ = std::move(state);
+}
+
 void Module::advance(Time by)
 {
     state_->stopwatch.advance(by);

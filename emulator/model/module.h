@@ -46,6 +46,10 @@ public:
     // Lets time pass, more than what has passed by itself if the clock is a real one.
     void advance(Time by);
 
+    // For those who read or write all of it (emulator/state/).
+    State& state();
+    void replace(std::unique_ptr<State> state);
+
 private:
     std::unique_ptr<State> state_;
 };

@@ -100,11 +100,13 @@ int dump(Exchange& exchange)
     const Instance* instance = instance_of(exchange);
     if (instance == nullptr)
         return ENOENT;
-    for (const Neighbour& neighbour : instance->neighbours) {
-        // Only ARP has a table of its own for proxy entries; that of neighbours holds both.
-        const bool asked = Of == Family::Ipv6 || neighbour.entry == entry_of(exchange);
-        if (neighbour.family == Of && asked && on_interface(exchange, neighbour))
-            write<Of>(neighbour, exchange);
+    for (const Entry entry : {Entry::Plain, Entry::Proxy}) {
+        // Only ARP has a table of its own for proxy entries; that of neighbours holds both, these last.
+        if (Of == Family::Ipv4 && entry != entry_of(exchange))
+            continue;
+        for (const Neighbour& neighbour : instance->neighbours)
+            if (neighbour.family == Of && neighbour.entry == entry && on_interface(exchange, neighbour))
+                write<Of>(neighbour, exchange);
     }
     // An entry of zeros ends the dump.
     exchange.add(Of == Family::Ipv4 ? neighbours::entry::of_arp : neighbours::entry::of_ipv6);

@@ -1,5 +1,9 @@
 #include "emulator/model/state.h"
 
+#include "emulator/protocol/bfd.h"
+
+#include <cstdio>
+
 namespace emulator {
 
 Instance* State::find_instance(const std::string& key)
@@ -8,6 +12,29 @@ Instance* State::find_instance(const std::string& key)
         return named;
     const auto found = instances_by_uuid.find(key);
     return found == instances_by_uuid.end() ? nullptr : found->second;
+}
+
+std::string next_uuid(State& state)
+{
+    std::string uuid;
+    do {
+        char text[37];
+        std::snprintf(text, sizeof text, "10000000-0000-4000-8000-%012llx",
+            static_cast<unsigned long long>(++state.instances_created));
+        uuid = text;
+    } while (state.find_instance(uuid) != nullptr);
+    return uuid;
+}
+
+bool has_room_for_sessions(const State& state, std::uint64_t more)
+{
+    std::uint64_t nodes = 0;
+    for (const Cluster& cluster : state.clusters)
+        nodes += cluster.nodes.size();
+    std::uint64_t sessions = nodes * state.bfd_connections.size() + more;
+    for (const BfdSessions& others : state.bfd_sessions)
+        sessions += others.count;
+    return sessions <= protocol::bfd::most_sessions;
 }
 
 } // namespace emulator

@@ -7,6 +7,7 @@
 #include "emulator/protocol/clusters.h"
 #include "emulator/protocol/connections.h"
 #include "emulator/protocol/dhcp_relay.h"
+#include "emulator/protocol/endpoints.h"
 #include "emulator/protocol/policy_tables.h"
 #include "emulator/protocol/routes6.h"
 #include "emulator/protocol/rss.h"
@@ -277,6 +278,37 @@ struct FdbEntry
     auto identity() const { return std::tie(selectors[0], selectors[1], mac); }
 };
 
+// What the module has found out. Programs only read it.
+struct BridgeNetwork
+{
+    static constexpr std::size_t counters = 12;
+
+    std::uint16_t selector1 = 0;
+    std::uint32_t selector2 = 0;
+    std::uint64_t value1 = 0;
+    std::uint32_t value2 = 0;
+    std::uint16_t value5 = 0;
+    std::uint32_t value6 = 0;
+    std::uint32_t value7 = 0;
+    std::uint8_t value8 = 0;
+    Counters data;
+
+    auto identity() const { return std::tie(selector1, selector2); }
+};
+
+struct BridgePort
+{
+    static constexpr std::size_t counters = 16;
+
+    std::uint64_t value1 = 0;
+    std::uint32_t value2 = 0;
+    std::uint16_t selector1 = 0;
+    std::uint32_t selector2 = 0;
+    Counters data;
+
+    std::uint64_t identity() const { return value1; }
+};
+
 struct Bridge
 {
     std::string key;
@@ -286,6 +318,8 @@ struct Bridge
     std::uint32_t replication_mode = 0;
     Collection<FdbEntry> fdb;
     std::chrono::seconds fdb_ageing {300};
+    Collection<BridgeNetwork> networks;
+    Collection<BridgePort> ports;
     std::unordered_set<const Endpoint*> endpoints;
     std::unordered_map<Lif*, Instance*> lifs;
 
@@ -327,6 +361,9 @@ struct Endpoint
     std::uint16_t value3 = 0;
     std::uint8_t flag1 = 0;
     std::uint8_t flag2 = 0;
+    // What the module reports of it behind its key.
+    std::array<std::byte, protocol::endpoints::stats_record::rest.width> statistics {};
+    std::array<std::byte, protocol::endpoints::status_record::rest.width> status {};
 
     const std::string& identity() const { return key; }
 };
@@ -360,6 +397,25 @@ struct RssTarget
     Counters counters; // the first of each queue, then the second and the third ones
 };
 
+// BFD sessions beside those of the ports that are plumbed, as many as there may be: each has addresses so much further than
+// the one before.
+struct BfdSessions
+{
+    std::string name;
+    std::uint32_t count = 1;
+    std::string key; // under which they are listed alone
+    std::uint16_t value1 = 0;
+    MacAddress addr1 {};
+    std::uint32_t addr1_step = 0;
+    MacAddress addr2 {};
+    std::uint32_t addr2_step = 0;
+    std::uint32_t value2 = 0;
+    std::uint8_t value3 = 0;
+    std::uint32_t value4 = 0;
+    std::uint64_t value5 = 0;
+    std::uint64_t value6 = 0;
+};
+
 // The local transport node.
 struct TransportNode
 {
@@ -370,9 +426,9 @@ struct TransportNode
 
 struct State
 {
-    explicit State(Settings settings) : strictness(settings.strictness), stopwatch(settings.clock) {}
+    explicit State(Settings chosen) : settings(chosen), stopwatch(chosen.clock) {}
 
-    Strictness strictness;
+    Settings settings;
     Stopwatch stopwatch;
     Time next_ageing = Time::max(); // when something that was learned is to be forgotten
 
@@ -397,16 +453,23 @@ struct State
     std::chrono::seconds deletion_time {0}; // how long a connection takes to go
     std::vector<Time> deletions;            // when those will have gone that are going
     Collection<BfdConnection> bfd_connections;
+    std::vector<BfdSessions> bfd_sessions;
     std::map<std::string, RssTarget> rss_targets;
 
     std::uint32_t control_plane_active = 0;
     std::uint32_t saves = 0; // full-sync saves performed
     Counters counters;
 
-    bool is_strict() const { return strictness == Strictness::Strict; }
+    bool is_strict() const { return settings.strictness == Strictness::Strict; }
 
     // By name or by UUID text; null if there is none.
     Instance* find_instance(const std::string& key);
 };
+
+// The same instances created in the same order have the same UUIDs in every run.
+std::string next_uuid(State& state);
+
+// Whether so many BFD sessions more can be listed.
+bool has_room_for_sessions(const State& state, std::uint64_t more);
 
 } // namespace emulator

@@ -48,7 +48,8 @@ int get_of_lif(Exchange& exchange)
 {
     return on_lif(exchange, [&](const Lif& lif) {
         const Time now = exchange.state.stopwatch.now();
-        write(CountersOf::Interface, lif.counters, exchange.request[stats::cached] ? in_whole_seconds(now) : now, exchange);
+        write(CountersOf::Interface, lif.counters, exchange.request[stats::cached] ? in_whole_seconds(now) : now,
+            exchange);
         return 0;
     });
 }
