@@ -42,6 +42,8 @@ public:
 
     int reset();
     int advance(Time by);
+    int load(const char* path);
+    int save(const char* path);
     int watch(LumoEmulatorWatcher watcher, void* context);
 
 private:
@@ -52,6 +54,7 @@ private:
     int set_non_blocking(int number, std::uint64_t value_at);
 
     // As the environment asks for.
+    static Settings settings();
     static std::unique_ptr<Module> new_module();
 
     Gate gate_;

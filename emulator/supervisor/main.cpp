@@ -4,6 +4,7 @@
 #include "emulator/protocol/access.h"
 #include "emulator/protocol/commands.h"
 #include "emulator/protocol/envelope.h"
+#include "emulator/state/state_file.h"
 #include "emulator/supervisor/world.h"
 
 #include <CLI/CLI.hpp>
@@ -64,7 +65,14 @@ struct CloseFile
 };
 using File = std::unique_ptr<std::FILE, CloseFile>;
 
-int run(const std::string& trace_path, emulator::Settings settings, char** program)
+// What the world begins with, and where it is written when it ends.
+struct States
+{
+    std::string load;
+    std::string save;
+};
+
+int run(const std::string& trace_path, emulator::Settings settings, const States& states, char** program)
 {
     File trace;
     if (trace_path == "-") {
@@ -77,7 +85,12 @@ int run(const std::string& trace_path, emulator::Settings settings, char** progr
         }
     }
     emulator::Module module(settings);
-    return end_like(emulator::run_in_world(module, trace.get(), [program] { return execute(program); }));
+    if (!states.load.empty())
+        emulator::load_state(module, states.load);
+    const emulator::Ending ending = emulator::run_in_world(module, trace.get(), [program] { return execute(program); });
+    if (!states.save.empty())
+        emulator::save_state(module, states.save);
+    return end_like(ending);
 }
 
 // Asks for a setting, from inside a world. Returns an exit status.
@@ -129,8 +142,10 @@ int main(int argc, char** argv)
         run_command->add_option("--trace", trace, "Write a line of JSON for each command answered (-: standard error)")
             ->type_name("FILE");
     bool in_process = false;
-    run_command->add_flag("--in-process", in_process, "Preload the module into the program instead of making a world")
-        ->excludes(trace_option);
+    CLI::Option* const in_process_flag =
+        run_command
+            ->add_flag("--in-process", in_process, "Preload the module into the program instead of making a world")
+            ->excludes(trace_option);
     bool lenient = false;
     run_command->add_flag("--lenient", lenient, "Accept what the module refuses as making no sense");
     emulator::Settings settings;
@@ -138,6 +153,11 @@ int main(int argc, char** argv)
         ->type_name("CLOCK")
         ->transform(CLI::Transformer(std::map<std::string, emulator::Clock> {
             {"real", emulator::Clock::Real}, {"manual", emulator::Clock::Manual}}));
+    States states;
+    run_command->add_option("--load", states.load, "Begin with the state that a file describes")->type_name("FILE");
+    CLI::Option* const save_option =
+        run_command->add_option("--save", states.save, "Write the state when the world ends")->type_name("FILE");
+    in_process_flag->excludes(save_option);
     CLI::App* const check_command = app.add_subcommand("check", "Say whether this machine can run the emulator");
 
     try {
@@ -147,7 +167,8 @@ int main(int argc, char** argv)
         if (*program == nullptr)
             throw CLI::RequiredError("-- PROGRAM");
         settings.strictness = lenient ? emulator::Strictness::Lenient : emulator::Strictness::Strict;
-        return in_process ? emulator::run_in_process(program, settings, execute) : run(trace, settings, program);
+        return in_process ? emulator::run_in_process(program, settings, states.load, execute)
+                          : run(trace, settings, states, program);
     } catch (const CLI::ParseError& error) {
         // --help and --version come this way, too.
         if (error.get_exit_code() == 0)

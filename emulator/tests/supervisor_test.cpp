@@ -394,8 +394,8 @@ TEST(Trace, TellsOfCommandsThatFail)
 TEST(Options, LenientHasTheModuleAcceptWhatItRefusesOtherwise)
 {
     EXPECT_EQ(run({DYNAMIC_CLIENT, "endpoint-of-no-bridge"}).out, "endpoint ENOENT\n");
-    EXPECT_EQ(
-        Process({EMULATOR, "run", "--lenient", "--", DYNAMIC_CLIENT, "endpoint-of-no-bridge"}).wait().out, "endpoint ok\n");
+    EXPECT_EQ(Process({EMULATOR, "run", "--lenient", "--", DYNAMIC_CLIENT, "endpoint-of-no-bridge"}).wait().out,
+        "endpoint ok\n");
 }
 
 TEST(Options, TheClockIsRealOrManual)
@@ -404,6 +404,35 @@ TEST(Options, TheClockIsRealOrManual)
     const Ended ended = Process({EMULATOR, "run", "--clock", "broken", "--", DYNAMIC_CLIENT, "get"}).wait();
     EXPECT_EQ(ended.status, 125);
     EXPECT_THAT(ended.err, HasSubstr("broken"));
+}
+
+TEST(States, AreLoadedAndSaved)
+{
+    std::string first = testing::TempDir() + "state-XXXXXX";
+    std::string second = testing::TempDir() + "state-XXXXXX";
+    close(mkstemp(first.data()));
+    close(mkstemp(second.data()));
+    const auto run_with = [](const Words& options, const Words& program) {
+        Words words {EMULATOR, "run"};
+        words.insert(words.end(), options.begin(), options.end());
+        words.emplace_back("--");
+        words.insert(words.end(), program.begin(), program.end());
+        return Process(words).wait();
+    };
+    EXPECT_EQ(run_with({"--save", first}, {DYNAMIC_CLIENT, "set", "9"}).status, 0);
+    EXPECT_EQ(run_with({"--load", first, "--save", second}, {DYNAMIC_CLIENT, "get"}).out, "9\n");
+    EXPECT_EQ(run_with({"--load", second, "--in-process"}, {DYNAMIC_CLIENT, "get"}).out, "9\n");
+    for (const char* in_process : {"--lenient", "--in-process"}) {
+        std::ofstream(first) << "{\n  \"loglevel\": 1\n}\n";
+        const Ended ended = run_with({"--load", first, in_process}, {DYNAMIC_CLIENT, "get"});
+        EXPECT_EQ(ended.status, 125);
+        EXPECT_THAT(ended.err, HasSubstr(first + ":2:3: expected one of logLevel"));
+        EXPECT_EQ(ended.out, "");
+    }
+    EXPECT_EQ(run_with({"--load", "/no/such/file"}, {DYNAMIC_CLIENT, "get"}).status, 125);
+    EXPECT_EQ(run_with({"--save", "/no/such/file"}, {DYNAMIC_CLIENT, "get"}).status, 125);
+    unlink(first.c_str());
+    unlink(second.c_str());
 }
 
 TEST(Options, HelpAndVersionExitWith0)

@@ -736,6 +736,27 @@ std::uint32_t connections_up()
     return up;
 }
 
+TEST_F(Reset, GoesBackToWhatWasSaved)
+{
+    std::string path = testing::TempDir() + "state-XXXXXX";
+    ::close(mkstemp(path.data()));
+    EXPECT_EQ(LUMOZEPH_SetLumoInstance("blue", 7, nullptr, 0), 0);
+    EXPECT_EQ(lumozeph_emulator_save(path.c_str()), 0);
+    EXPECT_EQ(lumozeph_emulator_reset(), 0);
+    EXPECT_EQ(lumozeph_emulator_load(path.c_str()), 0);
+    LumoInstanceInfo* info = nullptr;
+    ASSERT_EQ(LUMOZEPH_GetInstance("blue", &info), 0);
+    EXPECT_EQ(+info->value1, 7u);
+    LUMOZEPH_ReleaseInstance(info);
+
+    truncate(path.c_str(), 1);
+    EXPECT_EQ(ended(lumozeph_emulator_load(path.c_str())), "EINVAL");
+    EXPECT_EQ(ended(lumozeph_emulator_load("/no/such/file")), "EINVAL");
+    EXPECT_EQ(ended(lumozeph_emulator_save("/no/such/file")), "EIO");
+    EXPECT_EQ(LUMOZEPH_DelLumoInstance("blue"), 0);
+    unlink(path.c_str());
+}
+
 TEST_F(Reset, TakesTheClockFromTheEnvironment)
 {
     constexpr std::uint64_t second = 1000000000;
