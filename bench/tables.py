@@ -204,12 +204,28 @@ def layers(results):
     )
 
 
+def python(results):
+    rows = [
+        (name[len("python/") :], time(one["library_ns"]), time(one["limit_ns"]), time(one["library_ns"] - one["limit_ns"]))
+        for name, one in benchmarks(results, "python.json").items()
+    ]
+    return table(("call, with its release", "Python", "C", "more"), rows)
+
+
+def rust(results):
+    return table(
+        ("call, with its release", "Rust", "C", "ratio"), compared(benchmarks(results, "rust.json"), "rust/")
+    )
+
+
 def emulator(results):
     rows = []
     for name, place in (
         ("outside", "outside"),
         ("all", "in the emulated world"),
         ("one", "the same, one processor"),
+        ("opens", "where opens are traced"),
+        ("injection", "with injection"),
         ("in_process", "in process"),
     ):
         for key, one in benchmarks(results, f"round_trip.{name}.json").items():
@@ -231,7 +247,22 @@ def module(results):
     ) + f"\n\nA resolution over 8000 routes and 10,000 LIFs: {time(found['resolution']['seconds_per_entry'] * 1e9)}."
 
 
-TABLES = (machine, sets, gets, lists, texts, growth, threads, netlink, allocators, loading, layers, emulator, module)
+def work(results):
+    with open(os.path.join(results, "ordinary_work.json"), encoding="utf-8") as file:
+        found = json.load(file)
+    return table(
+        ("work", "outside", "namespaces", "injection", "opens traced"),
+        [
+            (name, time(one["outside"] * 1e9), *(f"{one[world]:.2f}" for world in ("namespaces", "injection", "opens")))
+            for name, one in found.items()
+        ],
+    )
+
+
+TABLES = (
+    *(machine, sets, gets, lists, texts, growth, threads, netlink, allocators, loading),
+    *(layers, python, rust, emulator, work, module),
+)
 
 
 def main():

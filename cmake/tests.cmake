@@ -6,11 +6,15 @@ set(CMAKE_COMPILE_WARNING_AS_ERROR ${warning_as_error})
 
 include(GoogleTest)
 
-# Every test in a process of its own; all in one where a process starts slowly, because it is instrumented or emulated.
+# Every test in a process of its own; half of them in one where a process starts slowly, because it is instrumented or
+# emulated.
 function(lumozeph_add_tests program prefix timeout)
   if(LUMOZEPH_INSTRUMENTED OR CMAKE_CROSSCOMPILING)
-    add_test(NAME ${prefix}${program} COMMAND ${program} --gtest_brief=1)
-    set_tests_properties(${prefix}${program} PROPERTIES TIMEOUT 600)
+    foreach(half 0 1)
+      add_test(NAME ${prefix}${program}.${half} COMMAND ${program} --gtest_brief=1)
+      set_tests_properties(${prefix}${program}.${half} PROPERTIES
+        TIMEOUT 600 ENVIRONMENT "GTEST_TOTAL_SHARDS=2;GTEST_SHARD_INDEX=${half}")
+    endforeach()
   else()
     gtest_discover_tests(${program} TEST_PREFIX "${prefix}" PROPERTIES TIMEOUT ${timeout} DISCOVERY_TIMEOUT 60)
   endif()

@@ -1,34 +1,33 @@
-// Recognises the descriptors of the device among those of the programs in the world.
+// A file descriptor that is closed with its owner.
 #pragma once
 
-#include <cstdint>
-#include <sys/stat.h>
+#include <unistd.h>
+#include <utility>
 
 namespace emulator {
 
-// A descriptor of the file that stands for the device. Programs are given copies of it, by which they are recognised,
-// however often they are duplicated or inherited.
-class DeviceDescriptor
+class Descriptor
 {
 public:
-    DeviceDescriptor();
-    ~DeviceDescriptor();
-    DeviceDescriptor(const DeviceDescriptor&) = delete;
-    DeviceDescriptor& operator=(const DeviceDescriptor&) = delete;
+    Descriptor() = default;
+    explicit Descriptor(int number) : number_(number) {}
+    Descriptor(Descriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
+    Descriptor& operator=(Descriptor&& other) noexcept
+    {
+        std::swap(number_, other.number_);
+        return *this;
+    }
+    ~Descriptor()
+    {
+        if (number_ >= 0)
+            close(number_);
+    }
 
     int number() const { return number_; }
-
-    // Whether a descriptor of this thread's is a copy.
-    bool is_copied_to(std::uint32_t thread, std::uint64_t descriptor);
+    explicit operator bool() const { return number_ >= 0; }
 
 private:
-    bool identify(std::uint64_t descriptor);
-
-    int number_;
-    struct stat device_ = {};
-    std::uint32_t thread_ = 0; // the one asked about last
-    int descriptors_ = -1;     // its /proc/THREAD/fd
-    struct stat found_ = {};   // what identify() found there
+    int number_ = -1;
 };
 
 } // namespace emulator

@@ -5,16 +5,24 @@
 #include "emulator/protocol/commands.h"
 #include "emulator/protocol/envelope.h"
 #include "emulator/state/state_file.h"
+#include "emulator/supervisor/control.h"
+#include "emulator/supervisor/descriptor.h"
+#include "emulator/supervisor/failure.h"
+#include "emulator/supervisor/readiness.h"
 #include "emulator/supervisor/world.h"
 
 #include <CLI/CLI.hpp>
+#include <array>
 #include <cerrno>
+#include <chrono>
 #include <csignal>
+#include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
 #include <fmt/core.h>
 #include <map>
-#include <memory>
+#include <optional>
 #include <string>
 #include <sys/ioctl.h>
 #include <sys/prctl.h>
@@ -28,6 +36,20 @@ namespace {
 constexpr int emulator_failed = 125;
 constexpr int cannot_be_invoked = 126;
 constexpr int not_found = 127;
+
+// The better one first.
+constexpr std::array<std::pair<const char*, emulator::Mode>, 2> modes {
+    {{"namespaces", emulator::Mode::Namespaces}, {"injection", emulator::Mode::Injection}}};
+
+// Where standard streams are closed, other files must not be taken for them. They are closed for the program again.
+void fill_standard_streams()
+{
+    int opened = 0;
+    while ((opened = open("/dev/null", O_RDWR | O_CLOEXEC)) >= 0 && opened <= STDERR_FILENO)
+        continue;
+    if (opened >= 0)
+        close(opened);
+}
 
 int execute(char** program)
 {
@@ -55,42 +77,124 @@ int end_like(const emulator::Ending& ending)
     return 128 + ending.signal;
 }
 
-struct CloseFile
+// None where nothing is to be written.
+emulator::Descriptor open_to_write(const std::string& path, int flags)
 {
-    void operator()(std::FILE* file) const
-    {
-        if (file != stderr)
-            std::fclose(file);
-    }
-};
-using File = std::unique_ptr<std::FILE, CloseFile>;
+    if (path.empty())
+        return {};
+    emulator::Descriptor file(open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | flags, 0666));
+    if (!file)
+        emulator::fail(fmt::format("cannot write '{}'", path));
+    return file;
+}
 
-// What the world begins with, and where it is written when it ends.
-struct States
+emulator::Descriptor open_trace(const std::string& path)
 {
+    return path == "-" ? emulator::Descriptor(fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, 3))
+                       : open_to_write(path, O_TRUNC | O_APPEND);
+}
+
+// What 'run' and 'serve' are asked for.
+struct Asked
+{
+    std::optional<std::string> world;
+    std::optional<emulator::Mode> mode;
+    std::string trace;
+    bool opens = false;
+    bool linger = false;
+    double grace = 2;
+    std::optional<double> timeout;
+    bool lenient = false;
+    emulator::Clock clock = emulator::Clock::Real;
     std::string load;
     std::string save;
 };
 
-int run(const std::string& trace_path, emulator::Settings settings, const States& states, char** program)
+std::chrono::milliseconds milliseconds(double seconds)
 {
-    File trace;
-    if (trace_path == "-") {
-        trace.reset(stderr);
-    } else if (!trace_path.empty()) {
-        trace.reset(std::fopen(trace_path.c_str(), "we"));
-        if (!trace) {
-            fmt::print(stderr, "lumozeph-emulator: cannot write '{}': {}\n", trace_path, std::strerror(errno));
-            return emulator_failed;
-        }
-    }
-    emulator::Module module(settings);
-    if (!states.load.empty())
-        emulator::load_state(module, states.load);
-    const emulator::Ending ending = emulator::run_in_world(module, trace.get(), [program] { return execute(program); });
-    if (!states.save.empty())
-        emulator::save_state(module, states.save);
-    return end_like(ending);
+    return std::chrono::ceil<std::chrono::milliseconds>(std::chrono::duration<double>(seconds));
+}
+
+// What a world writes.
+struct Outputs
+{
+    emulator::Descriptor trace;
+    emulator::Descriptor state;
+};
+
+// What is there stays until there is something else to write: it may be what the world begins with.
+Outputs open_outputs(const Asked& asked)
+{
+    return {open_trace(asked.trace), open_to_write(asked.save, 0)};
+}
+
+emulator::Settings settings_for(const Asked& asked)
+{
+    using emulator::Strictness;
+    return {asked.lenient ? Strictness::Lenient : Strictness::Strict, asked.clock};
+}
+
+// What the world's module begins with.
+void load(emulator::Module& module, const Asked& asked)
+{
+    if (!asked.load.empty())
+        emulator::load_state(module, asked.load);
+}
+
+emulator::Wishes wishes_for(const Asked& asked, const Outputs& outputs)
+{
+    using emulator::Traced;
+    emulator::Wishes wishes;
+    wishes.name = asked.world;
+    wishes.mode = asked.mode;
+    wishes.trace = outputs.trace.number();
+    wishes.traced = asked.opens ? Traced::CommandsAndOpens : Traced::Commands;
+    wishes.state = outputs.state.number();
+    wishes.lifetime.leftovers = asked.linger ? emulator::Leftovers::WaitFor : emulator::Leftovers::End;
+    wishes.lifetime.grace = milliseconds(asked.grace);
+    if (asked.timeout)
+        wishes.lifetime.timeout = milliseconds(*asked.timeout);
+    return wishes;
+}
+
+int run(const Asked& asked, char** program)
+{
+    emulator::Module module(settings_for(asked));
+    load(module, asked);
+    const Outputs outputs = open_outputs(asked);
+    const std::string name = asked.world.value_or(fmt::format("run-{}", getpid()));
+    setenv("LUMOZEPH_WORLD", name.c_str(), 1);
+    return end_like(emulator::run_in_world(module, wishes_for(asked, outputs), [program] { return execute(program); }));
+}
+
+int serve(const Asked& asked)
+{
+    emulator::Module module(settings_for(asked));
+    load(module, asked);
+    const Outputs outputs = open_outputs(asked);
+    return end_like(emulator::serve_world(module, wishes_for(asked, outputs), emulator::notify_readiness));
+}
+
+int join(const std::string& world, char** program)
+{
+    setenv("LUMOZEPH_WORLD", world.c_str(), 1);
+    return end_like(emulator::join_world(world, [program] { return execute(program); }));
+}
+
+int list()
+{
+    for (const std::string& name : emulator::names_of_worlds())
+        if (const auto description = emulator::describe_world(name))
+            fmt::print("{} {}\n", name, *description);
+    return 0;
+}
+
+int stop(const std::string& world)
+{
+    if (emulator::stop_world(world))
+        return 0;
+    fmt::print(stderr, "lumozeph-emulator: there is no world '{}'\n", world);
+    return emulator_failed;
 }
 
 // Asks for a setting, from inside a world. Returns an exit status.
@@ -106,17 +210,70 @@ int ask_once()
     return device >= 0 && ioctl(device, number_of("GetLogLevel"), bytes.data()) >= 0 ? 0 : 1;
 }
 
+// Why no world of this kind can be made here; empty if one can.
+std::string refusal(emulator::Mode mode)
+{
+    try {
+        emulator::Module module;
+        emulator::Wishes wishes;
+        wishes.mode = mode;
+        const emulator::Ending ending = emulator::run_in_world(module, wishes, ask_once);
+        if (ending.signal == 0 && ending.status == 0)
+            return {};
+        return "the supervisor may not read the memory of its children";
+    } catch (const std::exception& error) {
+        return error.what();
+    }
+}
+
 int check()
 {
-    emulator::Module module;
-    const emulator::Ending ending = emulator::run_in_world(module, nullptr, ask_once);
-    if (ending.signal == 0 && ending.status == 0) {
-        fmt::print("this machine can run the emulator\n");
-        return 0;
+    const char* best = nullptr;
+    for (const auto& [name, mode] : modes) {
+        const std::string why = refusal(mode);
+        fmt::print("{}: {}\n", name, why.empty() ? "works" : why);
+        // What is printed later must not be printed by a process of the next world, too.
+        std::fflush(stdout);
+        if (why.empty() && best == nullptr)
+            best = name;
     }
-    if (ending.status != emulator_failed)
-        fmt::print(stderr, "lumozeph-emulator: the supervisor may not read the memory of its children\n");
-    return emulator_failed;
+    if (best == nullptr) {
+        fmt::print(stderr, "lumozeph-emulator: this machine cannot run the emulator\n");
+        return emulator_failed;
+    }
+    fmt::print("this machine can run the emulator; it uses {}\n", best);
+    return 0;
+}
+
+void add_options_of_world(CLI::App& command, Asked& asked)
+{
+    const CLI::Range in_seconds(0.0, 1e6);
+    command.add_option("--mode", asked.mode, "How the device comes into the world: namespaces or injection")
+        ->type_name("MODE")
+        ->transform(CLI::Transformer(std::map<std::string, emulator::Mode>(modes.begin(), modes.end())));
+    CLI::Option* const trace =
+        command
+            .add_option("--trace", asked.trace, "Write a line of JSON for each command answered (-: standard error)")
+            ->type_name("FILE");
+    command.add_flag("--opens", asked.opens, "Trace the opens of the device, too; slows all opens in the world")
+        ->needs(trace);
+    command.add_option("--grace", asked.grace, "Seconds between SIGTERM and SIGKILL for what must end (2)")
+        ->type_name("SECONDS")
+        ->check(in_seconds);
+    command.add_option("--timeout", asked.timeout, "End all after so many seconds; exit with 124")
+        ->type_name("SECONDS")
+        ->check(in_seconds);
+    command.add_option("--save", asked.save, "Write the state when the world ends")->type_name("FILE");
+}
+
+void add_options_of_module(CLI::App& command, Asked& asked)
+{
+    command.add_option("--load", asked.load, "Begin with the state that a file describes")->type_name("FILE");
+    command.add_flag("--lenient", asked.lenient, "Accept what the module refuses as making no sense");
+    command.add_option("--clock", asked.clock, "How the module's time passes: real (by itself) or manual")
+        ->type_name("CLOCK")
+        ->transform(CLI::Transformer(std::map<std::string, emulator::Clock> {
+            {"real", emulator::Clock::Real}, {"manual", emulator::Clock::Manual}}));
 }
 
 } // namespace
@@ -124,6 +281,8 @@ int check()
 // NOLINTNEXTLINE(bugprone-exception-escape): what is thrown up to here ends the program, as it should
 int main(int argc, char** argv)
 {
+    fill_standard_streams();
+
     // What follows the first "--" is the program's, to the letter.
     int own = 1;
     while (own < argc && std::strcmp(argv[own], "--") != 0)
@@ -136,39 +295,48 @@ int main(int argc, char** argv)
     app.footer("The exit status of 'run' is that of PROGRAM; 125 if the emulator failed, 126 if PROGRAM cannot be\n"
                "invoked, 127 if it is not found. If a signal ends PROGRAM, the same signal ends the emulator.");
 
-    std::string trace;
+    Asked asked;
     CLI::App* const run_command = app.add_subcommand("run", "Run a program: run [OPTIONS] -- PROGRAM [ARGS...]");
-    CLI::Option* const trace_option =
-        run_command->add_option("--trace", trace, "Write a line of JSON for each command answered (-: standard error)")
-            ->type_name("FILE");
-    bool in_process = false;
-    CLI::Option* const in_process_flag =
-        run_command
-            ->add_flag("--in-process", in_process, "Preload the module into the program instead of making a world")
-            ->excludes(trace_option);
-    bool lenient = false;
-    run_command->add_flag("--lenient", lenient, "Accept what the module refuses as making no sense");
-    emulator::Settings settings;
-    run_command->add_option("--clock", settings.clock, "How the module's time passes: real (by itself) or manual")
-        ->type_name("CLOCK")
-        ->transform(CLI::Transformer(std::map<std::string, emulator::Clock> {
-            {"real", emulator::Clock::Real}, {"manual", emulator::Clock::Manual}}));
-    States states;
-    run_command->add_option("--load", states.load, "Begin with the state that a file describes")->type_name("FILE");
-    CLI::Option* const save_option =
-        run_command->add_option("--save", states.save, "Write the state when the world ends")->type_name("FILE");
-    in_process_flag->excludes(save_option);
+    CLI::App* const serve_command = app.add_subcommand("serve", "Hold a world without a program: serve --world NAME");
+    CLI::App* const join_command =
+        app.add_subcommand("join", "Run a program in a world: join NAME -- PROGRAM [ARGS...]");
+    CLI::App* const list_command = app.add_subcommand("list", "List the worlds that have names");
+    CLI::App* const stop_command = app.add_subcommand("stop", "End a world");
     CLI::App* const check_command = app.add_subcommand("check", "Say whether this machine can run the emulator");
+
+    add_options_of_world(*run_command, asked);
+    run_command->add_option("--world", asked.world, "Give the world a name, by which others can join it")
+        ->type_name("NAME");
+    run_command->add_flag("--linger", asked.linger, "Wait for what PROGRAM leaves running, instead of ending it");
+    bool in_process = false;
+    CLI::Option* const in_process_flag = run_command->add_flag(
+        "--in-process", in_process, "Preload the module into the program instead of making a world");
+    for (CLI::Option* const option : run_command->get_options())
+        if (option != in_process_flag)
+            in_process_flag->excludes(option);
+    add_options_of_module(*run_command, asked);
+    add_options_of_world(*serve_command, asked);
+    add_options_of_module(*serve_command, asked);
+    serve_command->add_option("--world", asked.world, "The world's name")->type_name("NAME")->required();
+    join_command->add_option("NAME", asked.world, "The world's name")->required();
+    stop_command->add_option("NAME", asked.world, "The world's name")->required();
 
     try {
         app.parse(own, argv);
         if (check_command->parsed())
             return check();
+        if (list_command->parsed())
+            return list();
+        if (stop_command->parsed())
+            return stop(*asked.world);
+        if (serve_command->parsed())
+            return serve(asked);
         if (*program == nullptr)
             throw CLI::RequiredError("-- PROGRAM");
-        settings.strictness = lenient ? emulator::Strictness::Lenient : emulator::Strictness::Strict;
-        return in_process ? emulator::run_in_process(program, settings, states.load, execute)
-                          : run(trace, settings, states, program);
+        if (join_command->parsed())
+            return join(*asked.world, program);
+        return in_process ? emulator::run_in_process(program, settings_for(asked), asked.load, execute)
+                          : run(asked, program);
     } catch (const CLI::ParseError& error) {
         // --help and --version come this way, too.
         if (error.get_exit_code() == 0)

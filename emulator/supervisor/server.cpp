@@ -2,15 +2,19 @@
 
 #include "emulator/protocol/access.h"
 #include "emulator/protocol/envelope.h"
+#include "emulator/supervisor/failure.h"
 #include "emulator/supervisor/memory.h"
 
 #include <array>
 #include <cerrno>
+#include <climits>
 #include <cstring>
 #include <fcntl.h>
+#include <fmt/format.h>
+#include <linux/audit.h>
+#include <linux/openat2.h>
 #include <sys/ioctl.h>
 #include <sys/syscall.h>
-#include <system_error>
 #include <unistd.h>
 
 // Newer than the oldest headers that the emulator is built with.
@@ -30,149 +34,215 @@ namespace {
 // No command takes more input; a longer one is refused without being read.
 constexpr std::uint32_t longest_input = 4096;
 
+#if defined(__x86_64__)
+constexpr std::uint32_t native_architecture = AUDIT_ARCH_X86_64;
+#elif defined(__aarch64__)
+constexpr std::uint32_t native_architecture = AUDIT_ARCH_AARCH64;
+#endif
+
+// A call on a descriptor that cannot be looked at fails as the kernel has it, or because the supervisor may not look.
+bool kernel_knows(int error)
+{
+    return error == EBADF || error == ESRCH;
+}
+
 } // namespace
 
-Server::Server(Module& module, std::FILE* trace) : module_(module), trace_(trace)
+SharedModule::Applied SharedModule::apply(const Asked& asked, std::span<const std::byte> input)
+{
+    const std::lock_guard one(one_at_a_time_);
+    Applied applied {++applied_, {EINVAL, {}}};
+    if (asked.in_len == input.size())
+        applied.answer = module_.answer(asked.number, input, asked.room);
+    return applied;
+}
+
+void SharedModule::use(const std::function<void(Module&)>& user)
+{
+    const std::lock_guard one(one_at_a_time_);
+    user(module_);
+}
+
+void prepare(int listener)
+{
+    // Hands the processor straight to the other side and back. Kernels before 6.6 do without.
+    ioctl(listener, SECCOMP_IOCTL_NOTIF_SET_FLAGS, SECCOMP_USER_NOTIF_FD_SYNC_WAKE_UP);
+}
+
+Server::Server(SharedModule& module, const Device& device, int listener)
+    : module_(module), device_(device), listener_(listener)
 {
     seccomp_notif_sizes sizes {};
     if (syscall(SYS_seccomp, SECCOMP_GET_NOTIF_SIZES, 0, &sizes) != 0)
-        throw std::system_error(errno, std::generic_category(), "the kernel has no seccomp user notification");
-    notification_.resize(std::max<std::size_t>(sizes.seccomp_notif, sizeof(seccomp_notif)));
+        fail("the kernel has no seccomp user notification");
+    received_.resize(std::max<std::size_t>(sizes.seccomp_notif, sizeof(seccomp_notif)));
     response_.resize(std::max<std::size_t>(sizes.seccomp_notif_resp, sizeof(seccomp_notif_resp)));
 }
 
-Server::~Server()
+bool Server::receive()
 {
-    if (listener_ >= 0)
-        close(listener_);
+    std::fill(received_.begin(), received_.end(), std::byte {0});
+    if (ioctl(listener_, SECCOMP_IOCTL_NOTIF_RECV, received_.data()) != 0)
+        return false;
+    std::memcpy(&notification_, received_.data(), sizeof notification_);
+    return true;
 }
 
-void Server::listen(int listener)
+void Server::answer()
 {
-    listener_ = listener;
-    // Hands the processor straight to the other side and back. Kernels before 6.6 do without.
-    ioctl(listener_, SECCOMP_IOCTL_NOTIF_SET_FLAGS, SECCOMP_USER_NOTIF_FD_SYNC_WAKE_UP);
-}
-
-void Server::serve_one()
-{
-    std::fill(notification_.begin(), notification_.end(), std::byte {0});
-    if (ioctl(listener_, SECCOMP_IOCTL_NOTIF_RECV, notification_.data()) != 0)
-        return; // Whoever it was has gone.
-    Notification notification;
-    std::memcpy(&notification, notification_.data(), sizeof notification);
-
-    const auto& arguments = notification.data.args;
-    switch (notification.data.nr) {
+    const auto& call = notification_.data;
+    // Other architectures number their calls differently, but hand over no other call than ioctl.
+    switch (call.arch == native_architecture ? call.nr : SYS_ioctl) {
 #ifdef SYS_open
     case SYS_open:
-        answer_open(notification, arguments[0], arguments[1]);
+        answer_open(static_cast<std::uint32_t>(AT_FDCWD), call.args[0], call.args[1]);
         break;
 #endif
     case SYS_openat:
-        answer_open(notification, arguments[1], arguments[2]);
+        answer_open(call.args[0], call.args[1], call.args[2]);
         break;
-    case SYS_openat2: {
-        std::uint64_t flags = 0; // the first member of struct open_how
-        Memory(static_cast<pid_t>(notification.pid)).read(arguments[2], std::as_writable_bytes(std::span(&flags, 1)));
-        answer_open(notification, arguments[1], flags);
-        break;
-    }
-    case SYS_ioctl:
-        answer_ioctl(notification);
+    case SYS_openat2:
+        answer_openat2(call.args[0], call.args[1], call.args[2]);
         break;
     default:
-        let_continue(notification);
+        answer_ioctl();
     }
 }
 
-bool Server::opens_device(const Notification& notification, std::uint64_t path) const
+void Server::answer_openat2(std::uint64_t folder, std::uint64_t path, std::uint64_t how)
 {
-    std::array<std::byte, upgrade_path.size() + 1> buffer {};
-    const Memory memory(static_cast<pid_t>(notification.pid));
-    const std::size_t length = memory.read_some(path, buffer);
-    const char* text = reinterpret_cast<const char*>(buffer.data());
-    const std::size_t end = strnlen(text, length);
-    return end < length && is_device_path({text, end});
+    std::uint64_t flags = 0; // the first member of struct open_how
+    Memory(static_cast<pid_t>(notification_.pid)).read(how, std::as_writable_bytes(std::span(&flags, 1)));
+    answer_open(folder, path, flags);
 }
 
-void Server::answer_open(const Notification& notification, std::uint64_t path, std::uint64_t flags)
+void Server::answer_open(std::uint64_t folder, std::uint64_t path, std::uint64_t flags)
 {
-    if (!opens_device(notification, path)) {
-        let_continue(notification);
+    std::array<std::byte, PATH_MAX> buffer;
+    const Memory memory(static_cast<pid_t>(notification_.pid));
+    const std::size_t length = memory.read_some(path, buffer);
+    const bool unreadable = length == 0 && errno == EPERM;
+    const char* const text = reinterpret_cast<const char*>(buffer.data());
+    const std::size_t end = strnlen(text, length);
+    const bool is_whole = end < length && (flags & O_PATH) == 0;
+    if (device_.is_file()) {
+        if (is_whole)
+            see_open(folder, text, flags);
+        let_continue();
+    } else if (unreadable) {
+        respond(EIO); // It might be the device.
+    } else if (is_whole && is_device_path({text, end})) {
+        module_.trace_open(notification_.pid, {text, end}, flags);
+        give(flags);
+    } else {
+        let_continue();
+    }
+}
+
+// Finds out what the kernel is going to open. Whoever changes the path meanwhile deceives the trace alone.
+void Server::see_open(std::uint64_t folder, const std::string& path, std::uint64_t flags)
+{
+    Descriptor start;
+    const bool is_absolute = path.starts_with('/');
+    if (is_absolute || static_cast<int>(folder) == AT_FDCWD) {
+        const std::string its = fmt::format("/proc/{}/{}", notification_.pid, is_absolute ? "root" : "cwd");
+        start = Descriptor(open(its.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+    } else {
+        start = copier_.copy(notification_.pid, folder);
+    }
+    open_how how {};
+    how.flags = O_PATH | O_CLOEXEC | (flags & O_NOFOLLOW);
+    // The links of /proc would lead into the supervisor's own files.
+    how.resolve = RESOLVE_NO_MAGICLINKS | (is_absolute ? RESOLVE_IN_ROOT : 0);
+    const Descriptor found(static_cast<int>(syscall(SYS_openat2, start.number(), path.c_str(), &how, sizeof how)));
+    if (!found)
+        return;
+    if (const std::string_view device = device_.path_of(found.number()); !device.empty())
+        module_.trace_open(notification_.pid, device, flags);
+}
+
+void Server::give(std::uint64_t flags)
+{
+    const Descriptor opened = MarkedDevice::open(flags);
+    if (!opened) {
+        respond(errno);
         return;
     }
     seccomp_notif_addfd added {};
-    added.id = notification.id;
+    added.id = notification_.id;
     added.flags = SECCOMP_ADDFD_FLAG_SEND;
-    added.srcfd = static_cast<std::uint32_t>(device_.number());
+    added.srcfd = static_cast<std::uint32_t>(opened.number());
     added.newfd_flags = (flags & O_CLOEXEC) != 0 ? O_CLOEXEC : 0;
     // Answers the call with the new descriptor's number. Fails when the process may have no more descriptors.
     if (ioctl(listener_, SECCOMP_IOCTL_NOTIF_ADDFD, &added) < 0)
-        respond(notification, errno);
+        respond(errno);
 }
 
-void Server::answer_ioctl(const Notification& notification)
+void Server::answer_ioctl()
 {
-    if (device_.is_copied_to(notification.pid, notification.data.args[0]))
-        respond(notification, command(notification));
+    const Descriptor copy = copier_.copy(notification_.pid, notification_.data.args[0]);
+    using Is = Device::Is;
+    const Is is = copy ? device_.opened_as(copy.number(), static_cast<pid_t>(notification_.pid))
+                       : (kernel_knows(errno) ? Is::Another : Is::Unclear);
+    if (is == Is::Another)
+        let_continue();
+    else if (is == Is::Meant && notification_.data.arch == native_architecture && notification_.data.nr == SYS_ioctl)
+        respond(command());
     else
-        let_continue(notification);
+        // It might be the device, for which the kernel has answers of its own; or it is, and the envelope holds
+        // pointers of another width.
+        respond(EIO);
 }
 
-int Server::command(const Notification& notification)
+int Server::command()
 {
-    const auto number = static_cast<std::uint32_t>(notification.data.args[1]);
-    const std::uint64_t envelope_at = notification.data.args[2];
-    const Memory memory(static_cast<pid_t>(notification.pid));
+    const auto number = static_cast<std::uint32_t>(notification_.data.args[1]);
+    const std::uint64_t envelope_at = notification_.data.args[2];
+    const Memory memory(static_cast<pid_t>(notification_.pid));
 
     std::array<std::byte, envelope::layout.size> bytes {};
     if (!memory.read(envelope_at, bytes))
-        return EFAULT;
+        return errno == EPERM ? EIO : EFAULT;
     const Input sent(bytes);
-    const std::uint32_t in_len = sent[envelope::in_len];
-    const std::uint32_t room = sent[envelope::out_len];
+    const Asked asked {notification_.pid, number, sent[envelope::in_len], sent[envelope::out_len]};
 
-    std::vector<std::byte> input(std::min(in_len, longest_input));
+    std::vector<std::byte> input(std::min(asked.in_len, longest_input));
     if (!memory.read(sent[envelope::in_ptr], input))
         return EFAULT;
     // The process may have been killed and its number given to another one while its memory was read.
-    if (!still_waiting(notification))
+    if (!still_waiting())
         return EINTR;
 
-    Answer answer;
-    if (in_len > longest_input)
-        answer.error = EINVAL;
-    else
-        answer = module_.answer(number, input, room);
+    SharedModule::Applied applied = module_.apply(asked, input);
+    Answer& answer = applied.answer;
     if (answer.error == 0) {
         const auto length = static_cast<std::uint32_t>(answer.reply.size());
         if (!memory.write({{{sent[envelope::out_ptr], answer.reply},
                 {envelope_at + envelope::out_len.offset, std::as_bytes(std::span(&length, 1))}}}))
             answer.error = EFAULT;
     }
-    trace_.write({notification.pid, number, in_len, room}, answer);
+    module_.trace(asked, applied);
     return answer.error;
 }
 
-bool Server::still_waiting(const Notification& notification) const
+bool Server::still_waiting() const
 {
-    return ioctl(listener_, SECCOMP_IOCTL_NOTIF_ID_VALID, &notification.id) == 0;
+    return ioctl(listener_, SECCOMP_IOCTL_NOTIF_ID_VALID, &notification_.id) == 0;
 }
 
-void Server::let_continue(const Notification& notification)
+void Server::let_continue()
 {
     seccomp_notif_resp response {};
-    response.id = notification.id;
+    response.id = notification_.id;
     response.flags = SECCOMP_USER_NOTIF_FLAG_CONTINUE;
     std::memcpy(response_.data(), &response, sizeof response);
     ioctl(listener_, SECCOMP_IOCTL_NOTIF_SEND, response_.data());
 }
 
-void Server::respond(const Notification& notification, int error)
+void Server::respond(int error)
 {
     seccomp_notif_resp response {};
-    response.id = notification.id;
+    response.id = notification_.id;
     response.error = -error;
     std::memcpy(response_.data(), &response, sizeof response);
     ioctl(listener_, SECCOMP_IOCTL_NOTIF_SEND, response_.data());

@@ -2,48 +2,85 @@
 #pragma once
 
 #include "emulator/model/module.h"
-#include "emulator/supervisor/descriptor.h"
+#include "emulator/supervisor/client.h"
+#include "emulator/supervisor/device.h"
 #include "emulator/supervisor/trace.h"
 
 #include <cstdint>
-#include <cstdio>
+#include <functional>
 #include <linux/seccomp.h>
+#include <mutex>
+#include <string>
+#include <string_view>
 #include <vector>
 
 namespace emulator {
 
+// The module that all programs in a world share: one command at a time.
+class SharedModule
+{
+public:
+    SharedModule(Module& module, Trace& trace) : module_(module), trace_(trace) {}
+
+    struct Applied
+    {
+        std::uint64_t order; // counts the commands
+        Answer answer;
+    };
+
+    Applied apply(const Asked& asked, std::span<const std::byte> input);
+
+    // Between two commands.
+    void use(const std::function<void(Module&)>& user);
+
+    void trace(const Asked& asked, const Applied& applied) { trace_.write(applied.order, asked, applied.answer); }
+    void trace_open(std::uint32_t pid, std::string_view path, std::uint64_t flags)
+    {
+        trace_.write_open(pid, path, flags);
+    }
+
+private:
+    Module& module_;
+    Trace& trace_;
+    std::mutex one_at_a_time_;
+    std::uint64_t applied_ = 0;
+};
+
+// Answers the calls of one listener, one after the other. Other servers may do the same beside it.
 class Server
 {
 public:
-    Server(Module& module, std::FILE* trace);
-    ~Server();
-    Server(const Server&) = delete;
-    Server& operator=(const Server&) = delete;
+    Server(SharedModule& module, const Device& device, int listener);
 
-    // From now on, listener is where the filter's notifications come from. Takes it over.
-    void listen(int listener);
-    int listener() const { return listener_; }
+    // Waits for a call. False if none came: a signal did, or everybody has left.
+    bool receive();
 
-    // Answers one notification, if one is there.
-    void serve_one();
+    // Answers the call that was received.
+    void answer();
 
 private:
     using Notification = seccomp_notif;
 
-    void answer_open(const Notification& notification, std::uint64_t path, std::uint64_t flags);
-    void answer_ioctl(const Notification& notification);
-    int command(const Notification& notification);
-    bool opens_device(const Notification& notification, std::uint64_t path) const;
-    bool still_waiting(const Notification& notification) const;
-    void let_continue(const Notification& notification);
-    void respond(const Notification& notification, int error);
+    void answer_open(std::uint64_t folder, std::uint64_t path, std::uint64_t flags);
+    void answer_openat2(std::uint64_t folder, std::uint64_t path, std::uint64_t how);
+    void see_open(std::uint64_t folder, const std::string& path, std::uint64_t flags);
+    void give(std::uint64_t flags);
+    void answer_ioctl();
+    int command();
+    bool still_waiting() const;
+    void let_continue();
+    void respond(int error);
 
-    Module& module_;
-    Trace trace_;
-    DeviceDescriptor device_;
-    int listener_ = -1;
-    std::vector<std::byte> notification_; // the kernel says how large these are
+    SharedModule& module_;
+    const Device& device_;
+    int listener_;
+    Copier copier_;
+    std::vector<std::byte> received_; // the kernel says how large these are
     std::vector<std::byte> response_;
+    Notification notification_ {};
 };
+
+// Prepares a listener for servers.
+void prepare(int listener);
 
 } // namespace emulator

@@ -1,269 +1,262 @@
 #include "emulator/supervisor/world.h"
 
-#include "emulator/supervisor/filter.h"
-#include "emulator/supervisor/server.h"
+#include "emulator/state/state_file.h"
+#include "emulator/supervisor/control.h"
+#include "emulator/supervisor/failure.h"
+#include "emulator/supervisor/guest.h"
+#include "emulator/supervisor/mounts.h"
+#include "emulator/supervisor/namespaces.h"
+#include "emulator/supervisor/output.h"
+#include "emulator/supervisor/supervisor.h"
 
-#include <array>
-#include <cerrno>
 #include <csignal>
-#include <cstring>
-#include <fmt/core.h>
-#include <fstream>
-#include <optional>
-#include <poll.h>
+#include <cstdlib>
+#include <fcntl.h>
+#include <fmt/format.h>
+#include <memory>
 #include <stdexcept>
-#include <string>
 #include <sys/prctl.h>
-#include <sys/signalfd.h>
-#include <sys/socket.h>
-#include <sys/wait.h>
-#include <system_error>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace emulator {
 
 namespace {
 
-constexpr int passed_on[] = {SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGUSR1, SIGUSR2};
-
-[[noreturn]] void fail(const char* what)
-{
-    throw std::system_error(errno, std::generic_category(), what);
-}
-
-// The signals that the supervisor hears of by a descriptor while it lives, and how they were set before.
-class Signals
+// Keeps where the process is, which is elsewhere when the files around it are mounted anew.
+class Place
 {
 public:
-    Signals()
+    Place() : directory_(getcwd(nullptr, 0), std::free), mask_(umask(022)) {}
+    ~Place()
     {
-        sigset_t heard;
-        sigemptyset(&heard);
-        sigaddset(&heard, SIGCHLD);
-        for (const int signal : passed_on)
-            sigaddset(&heard, signal);
-        sigprocmask(SIG_BLOCK, &heard, &mask_before_);
-        // A parent that ignores SIGCHLD would never learn how its children end.
-        struct sigaction child
-        {};
-        child.sa_handler = SIG_DFL;
-        sigaction(SIGCHLD, &child, &child_before_);
-        descriptor_ = signalfd(-1, &heard, SFD_CLOEXEC | SFD_NONBLOCK);
-        if (descriptor_ < 0)
-            fail("signalfd");
-    }
-    ~Signals()
-    {
-        close(descriptor_);
-        restore();
-    }
-    Signals(const Signals&) = delete;
-    Signals& operator=(const Signals&) = delete;
-
-    void restore() const
-    {
-        sigaction(SIGCHLD, &child_before_, nullptr);
-        sigprocmask(SIG_SETMASK, &mask_before_, nullptr);
-    }
-
-    int descriptor() const { return descriptor_; }
-
-    std::optional<signalfd_siginfo> next() const
-    {
-        signalfd_siginfo signal {};
-        if (read(descriptor_, &signal, sizeof signal) != sizeof signal)
-            return std::nullopt;
-        return signal;
-    }
-
-private:
-    sigset_t mask_before_ {};
-    struct sigaction child_before_
-    {};
-    int descriptor_ = -1;
-};
-
-// One descriptor, from the child to the supervisor.
-void send_descriptor(int socket, int descriptor)
-{
-    char nothing = 0;
-    iovec data {&nothing, 1};
-    alignas(cmsghdr) std::array<char, CMSG_SPACE(sizeof(int))> control {};
-    msghdr message {};
-    message.msg_iov = &data;
-    message.msg_iovlen = 1;
-    message.msg_control = control.data();
-    message.msg_controllen = control.size();
-    cmsghdr* header = CMSG_FIRSTHDR(&message);
-    header->cmsg_level = SOL_SOCKET;
-    header->cmsg_type = SCM_RIGHTS;
-    header->cmsg_len = CMSG_LEN(sizeof(int));
-    std::memcpy(CMSG_DATA(header), &descriptor, sizeof descriptor);
-    if (sendmsg(socket, &message, 0) != 1)
-        fail("sendmsg");
-}
-
-// -1 when the child ended instead.
-int receive_descriptor(int socket)
-{
-    char nothing = 0;
-    iovec data {&nothing, 1};
-    alignas(cmsghdr) std::array<char, CMSG_SPACE(sizeof(int))> control {};
-    msghdr message {};
-    message.msg_iov = &data;
-    message.msg_iovlen = 1;
-    message.msg_control = control.data();
-    message.msg_controllen = control.size();
-    ssize_t length = 0;
-    do
-        length = recvmsg(socket, &message, MSG_CMSG_CLOEXEC);
-    while (length < 0 && errno == EINTR);
-    const cmsghdr* header = CMSG_FIRSTHDR(&message);
-    if (length != 1 || header == nullptr || header->cmsg_type != SCM_RIGHTS)
-        return -1;
-    int descriptor = -1;
-    std::memcpy(&descriptor, CMSG_DATA(header), sizeof descriptor);
-    return descriptor;
-}
-
-constexpr int could_not_start = 125;
-
-// The child: dies with the supervisor, enters the filter, hands the listener over and becomes the program.
-[[noreturn]] void become(pid_t supervisor, int socket, const Signals& signals, const std::function<int()>& program)
-{
-    prctl(PR_SET_PDEATHSIG, SIGKILL);
-    if (getppid() != supervisor)
-        _exit(could_not_start);
-    const int listener = enter_filter();
-    if (listener < 0) {
-        const int error = errno;
-        fmt::print(stderr, "lumozeph-emulator: {}\n",
-            error == EBUSY ? "cannot run inside another emulated world"
-                           : fmt::format("the kernel lacks seccomp user notification: {}", std::strerror(error)));
-        _exit(could_not_start);
-    }
-    send_descriptor(socket, listener);
-    close(listener);
-    close(socket);
-    signals.restore();
-    _exit(program());
-}
-
-void kill_children()
-{
-    std::ifstream children(fmt::format("/proc/self/task/{}/children", getpid()));
-    for (pid_t child = 0; children >> child;)
-        kill(child, SIGKILL);
-}
-
-// Kills whatever is left, generation by generation: the children of whoever dies become the supervisor's.
-void kill_everybody()
-{
-    for (;;) {
-        kill_children();
-        const pid_t reaped = waitpid(-1, nullptr, WNOHANG);
-        if (reaped < 0 && errno == ECHILD)
+        umask(mask_);
+        // A directory that has been removed or cannot be reached stays where it is.
+        if (directory_ && chdir(directory_.get()) != 0)
             return;
-        if (reaped == 0)
-            poll(nullptr, 0, 1);
+    }
+    Place(const Place&) = delete;
+    Place& operator=(const Place&) = delete;
+
+private:
+    std::unique_ptr<char, decltype(&std::free)> directory_;
+    mode_t mask_;
+};
+
+DeviceFiles make_device_files_around()
+{
+    const Place place;
+    return make_device_files();
+}
+
+// What a supervisor does once the device is there.
+using Work = std::function<void(Mode, const Premises&, const Link&)>;
+
+Handed handed_in(Mode mode, Traced traced)
+{
+    if (traced == Traced::CommandsAndOpens)
+        return Handed::CommandsAndOpens;
+    return mode == Mode::Namespaces ? Handed::Commands : Handed::CommandsAndOpensForWriting;
+}
+
+void supervise(Mode mode, Traced traced, int namespaces, const Link& link, const Work& work)
+{
+    const Handed handed = handed_in(mode, traced);
+    if (mode == Mode::Namespaces) {
+        const MountedDevice device(make_device_files_around());
+        const OfNamespace inhabitants;
+        work(mode, {device, handed, inhabitants, namespaces, "namespaces"}, link);
+        return;
+    }
+    if (!MarkedDevice::open(O_RDWR))
+        fail("cannot open /dev/null");
+    const MarkedDevice device;
+    const Descendants inhabitants;
+    inhabitants.check();
+    work(mode, {device, handed, inhabitants, 0, "injection"}, link);
+}
+
+Group group_in(Mode mode, const Foreground& foreground)
+{
+    return mode == Mode::Namespaces && foreground.is_alone() ? Group::Own : Group::Shared;
+}
+
+// Starts a supervisor. Throws if the machine refuses.
+Front make_world(Mode mode, Traced traced, const Foreground& foreground, const Work& work)
+{
+    if (mode == Mode::Namespaces && what_forbids_device_files() != nullptr)
+        throw std::runtime_error(what_forbids_device_files());
+    const int namespaces = needed_namespaces();
+    // If the supervisor is killed, its children are the caller's at once.
+    const Descendants adopted;
+    auto [here, there] = Link::pair();
+    const pid_t supervisor = mode == Mode::Namespaces ? fork_apart() : fork();
+    if (supervisor < 0)
+        fail("cannot start a process");
+    if (supervisor > 0) {
+        there.close();
+        return {supervisor, std::move(here), group_in(mode, foreground), foreground};
+    }
+    here.close();
+    // Who is stopped must notice, too, that whoever started the world has gone.
+    prctl(PR_SET_PDEATHSIG, SIGCONT);
+    work_until_end(there, [&](const Link& link) { supervise(mode, traced, namespaces, link, work); });
+}
+
+Front make_best_world(const Wishes& wishes, const Foreground& foreground, const Work& work)
+{
+    if (wishes.mode)
+        return make_world(*wishes.mode, wishes.traced, foreground, work);
+    try {
+        return make_world(Mode::Namespaces, wishes.traced, foreground, work);
+    } catch (const std::runtime_error& refusal) {
+        return make_world(Mode::Injection, wishes.traced, foreground, work);
     }
 }
 
-class World
+// A name's socket, as long as the world needs it.
+class Door
 {
 public:
-    World(Server& server, const Signals& signals, pid_t program) : server_(server), signals_(signals), program_(program)
-    {}
-
-    Ending serve()
+    explicit Door(const std::optional<std::string>& name)
     {
-        while (!(ending_ && deserted_)) {
-            std::array<pollfd, 2> events {
-                {{deserted_ ? -1 : server_.listener(), POLLIN, 0}, {signals_.descriptor(), POLLIN, 0}}};
-            if (poll(events.data(), events.size(), -1) < 0 && errno != EINTR)
-                fail("poll");
-            if ((events[0].revents & POLLIN) != 0)
-                server_.serve_one();
-            else if ((events[0].revents & (POLLHUP | POLLERR)) != 0)
-                deserted_ = true;
-            if ((events[1].revents & POLLIN) != 0)
-                while (const auto signal = signals_.next())
-                    hear(*signal);
-        }
-        return *ending_;
+        if (name)
+            socket_.emplace(*name);
+    }
+    ~Door() { shut(); }
+    Door(const Door&) = delete;
+    Door& operator=(const Door&) = delete;
+
+    ControlSocket* socket() { return socket_ ? &*socket_ : nullptr; }
+
+    // Both the front and the supervisor do this in the end, as one may have been killed.
+    void shut()
+    {
+        if (!socket_)
+            return;
+        socket_->close();
+        socket_->remove();
+    }
+
+    void leave_to_supervisor()
+    {
+        if (socket_)
+            socket_->close();
     }
 
 private:
-    void hear(const signalfd_siginfo& signal)
-    {
-        const int number = static_cast<int>(signal.ssi_signo);
-        if (number == SIGCHLD)
-            reap();
-        else if (ending_)
-            end();
-        // The terminal has sent its signals to the program, too.
-        else if (signal.ssi_code != SI_KERNEL)
-            kill(program_, number);
-    }
-
-    void reap()
-    {
-        int status = 0;
-        for (pid_t child = 0; (child = waitpid(-1, &status, WNOHANG)) > 0;) {
-            if (child != program_)
-                continue;
-            if (WIFSIGNALED(status)) {
-                ending_ = Ending {0, WTERMSIG(status)};
-                end();
-            } else {
-                ending_ = Ending {WEXITSTATUS(status), 0};
-            }
-        }
-    }
-
-    void end()
-    {
-        kill_everybody();
-        deserted_ = true;
-    }
-
-    Server& server_;
-    const Signals& signals_;
-    pid_t program_;
-    std::optional<Ending> ending_;
-    bool deserted_ = false; // nobody is left under the filter
+    std::optional<ControlSocket> socket_;
 };
+
+// Does what is left to be done when the world has ended.
+void wind_up(const Wishes& wishes, SharedModule& module, Trace& trace, Door& door)
+{
+    trace.finish(wishes.lifetime.grace);
+    if (wishes.state >= 0)
+        module.use([&](Module& used) { replace_content(wishes.state, json::print(state_of(used))); });
+    // Who takes the name over finds the state written.
+    door.shut();
+}
 
 } // namespace
 
-Ending run_in_world(Module& module, std::FILE* trace, const std::function<int()>& program)
+Ending run_in_world(Module& module, const Wishes& wishes, const std::function<int()>& program)
 {
-    Server server(module, trace);
-    // Orphans become the supervisor's children, so that none is lost.
-    if (prctl(PR_SET_CHILD_SUBREAPER, 1, 0, 0, 0) != 0)
-        fail("prctl");
-    const Signals signals;
-    std::array<int, 2> sockets {};
-    if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, sockets.data()) != 0)
-        fail("socketpair");
+    Door door(wishes.name);
+    Trace trace(wishes.trace, wishes.traced);
+    SharedModule shared(module, trace);
+    const Signals signals = heard_by_front();
+    const Foreground foreground;
+    Front front = make_best_world(wishes, foreground, [&](Mode mode, const Premises& premises, const Link& link) {
+        Supervisor supervisor(shared, premises, wishes.lifetime, link, door.socket());
+        link.send(Word::Ready);
+        supervisor.run(group_in(mode, foreground), [&] {
+            signals.restore();
+            return program();
+        });
+        wind_up(wishes, shared, trace, door);
+    });
+    door.leave_to_supervisor();
+    return front.wait(signals);
+}
 
-    const pid_t supervisor = getpid();
-    const pid_t child = fork();
-    if (child < 0)
-        fail("fork");
-    if (child == 0)
-        become(supervisor, sockets[1], signals, program);
-    close(sockets[1]);
-    const int listener = receive_descriptor(sockets[0]);
-    close(sockets[0]);
-    if (listener < 0) {
-        int status = 0;
-        while (waitpid(child, &status, 0) < 0 && errno == EINTR)
-            continue;
-        return WIFSIGNALED(status) ? Ending {0, WTERMSIG(status)} : Ending {WEXITSTATUS(status), 0};
+Ending serve_world(Module& module, const Wishes& wishes, const std::function<void()>& ready)
+{
+    require_filter();
+    Door door(wishes.name);
+    Trace trace(wishes.trace, wishes.traced);
+    SharedModule shared(module, trace);
+    const Signals signals = heard_by_front();
+    const Foreground foreground;
+    Front front = make_best_world(wishes, foreground, [&](Mode, const Premises& premises, const Link& link) {
+        Supervisor supervisor(shared, premises, wishes.lifetime, link, door.socket());
+        link.send(Word::Ready);
+        supervisor.serve();
+        wind_up(wishes, shared, trace, door);
+    });
+    door.leave_to_supervisor();
+    ready();
+    return front.wait(signals);
+}
+
+Ending join_world(const std::string& name, const std::function<int()>& program)
+{
+    require_filter();
+    std::optional<Link> world = connect_to(name);
+    if (!world)
+        throw std::runtime_error(fmt::format("there is no world '{}'", name));
+    world->send(Word::Join);
+    auto answer = world->receive();
+    const auto handed = static_cast<Handed>(answer ? answer->number : 0);
+    if (answer && answer->word == Word::Handed)
+        answer = world->receive();
+    if (!answer || answer->word != Word::Ready)
+        throw std::runtime_error(answer ? answer->text : "the world has ended");
+    const int namespaces = answer->number;
+
+    const Signals signals = heard_by_front();
+    const Foreground foreground;
+    const Mode mode = namespaces != 0 ? Mode::Namespaces : Mode::Injection;
+    auto [here, there] = Link::pair();
+    const pid_t worker = fork();
+    if (worker < 0)
+        fail("cannot start a process");
+    if (worker == 0) {
+        here.close();
+        work_until_end(there, [&](const Link& link) {
+            if (namespaces != 0)
+                enter_namespaces(answer->passed, namespaces);
+            link.send(Word::Ready);
+            Guest(*world, link).run(group_in(mode, foreground), handed, [&] {
+                signals.restore();
+                return program();
+            });
+        });
     }
-    server.listen(listener);
-    return World(server, signals, child).serve();
+    there.close();
+    world.reset();
+    return Front(worker, std::move(here), group_in(mode, foreground), foreground).wait(signals);
+}
+
+bool stop_world(const std::string& name)
+{
+    const std::optional<Link> world = connect_to(name);
+    if (!world)
+        return false;
+    world->send(Word::Stop);
+    while (world->receive())
+        continue;
+    return true;
+}
+
+std::optional<std::string> describe_world(const std::string& name)
+{
+    const std::optional<Link> world = connect_to(name);
+    if (!world)
+        return std::nullopt;
+    world->send(Word::Describe);
+    const auto answer = world->receive();
+    return answer ? std::optional(answer->text) : std::nullopt;
 }
 
 } // namespace emulator

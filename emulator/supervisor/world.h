@@ -2,23 +2,49 @@
 #pragma once
 
 #include "emulator/model/module.h"
+#include "emulator/supervisor/front.h"
+#include "emulator/supervisor/lifetime.h"
+#include "emulator/supervisor/trace.h"
 
-#include <cstdio>
 #include <functional>
+#include <optional>
+#include <string>
 
 namespace emulator {
 
-// How the program in the world ended.
-struct Ending
+// How the device comes into the world.
+enum class Mode
 {
-    int status = 0; // its exit status, if no signal ended it
-    int signal = 0; // the signal that ended it, or 0
+    Namespaces, // as a file, in namespaces of the world's own
+    Injection,  // opens of its paths are answered with a descriptor
 };
 
-// Runs program, in a child process, in a world of its own and serves it and all its descendants until the last has
-// left. What program returns becomes its exit status; usually it calls exec and does not return. Signals that ask for
-// an end are passed on to it. When a signal has ended it, whatever it left behind is killed. trace: one line of JSON
-// for each command answered, or null.
-Ending run_in_world(Module& module, std::FILE* trace, const std::function<int()>& program);
+// What a world is to be like.
+struct Wishes
+{
+    std::optional<std::string> name;
+    std::optional<Mode> mode; // the best one that the machine allows, if none is given
+    int trace = -1;           // where to write a line of JSON for each command answered, if anywhere
+    Traced traced = Traced::Commands;
+    int state = -1; // where to write the module's state when the world has ended, if anywhere
+    Lifetime lifetime;
+};
+
+// Runs program, in a child process, in a world of its own and serves it and all its descendants. What program returns
+// becomes its exit status; usually it calls exec and does not return. The signals that ask for an end are passed on to
+// it. Throws if no world can be made.
+Ending run_in_world(Module& module, const Wishes& wishes, const std::function<int()>& program);
+
+// Holds a world without a program until a signal or a visitor asks for its end. ready: is called when it can be joined.
+Ending serve_world(Module& module, const Wishes& wishes, const std::function<void()>& ready);
+
+// The same as run_in_world(), in a world that is there already.
+Ending join_world(const std::string& name, const std::function<int()>& program);
+
+// Asks a world to end, and waits until it has. False if there is none of this name.
+bool stop_world(const std::string& name);
+
+// Tells of a world; nothing if there is none of this name.
+std::optional<std::string> describe_world(const std::string& name);
 
 } // namespace emulator

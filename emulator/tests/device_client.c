@@ -6,13 +6,18 @@
 #include <errno.h>
 #include <fcntl.h>
 #include <linux/fs.h>
+#include <linux/userfaultfd.h>
 #include <pthread.h>
 #include <stdint.h>
 #include <stdio.h>
 #include <stdlib.h>
 #include <string.h>
+#include <sys/epoll.h>
+#include <sys/file.h>
 #include <sys/ioctl.h>
 #include <sys/mman.h>
+#include <sys/prctl.h>
+#include <sys/stat.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -183,6 +188,134 @@ static int endpoint_of_no_bridge(void)
     return report("endpoint", ioctl(open(NORMAL, O_RDWR), 45, &envelope));
 }
 
+/* A command whose number the kernel itself knows for every file, as what writes a block size where it is told. */
+static int create_instance_on(int device)
+{
+    static unsigned char request[776] = "instance";
+    struct envelope envelope = {sizeof request, request, 0, NULL};
+    const int result = ioctl(device, 2, &envelope);
+    if (envelope.in_len != sizeof request)
+        printf("overwritten ");
+    return report("create", result);
+}
+
+static int create_instance(const char* path)
+{
+    const int device = open(path, O_RDWR);
+    return device < 0 ? report("open", -1) : create_instance_on(device);
+}
+
+static int undumpable(void)
+{
+    return prctl(PR_SET_DUMPABLE, 0, 0, 0, 0) == 0 ? create_instance(NORMAL) : 1;
+}
+
+static int drop_user(void)
+{
+    return setuid(65534) == 0 ? create_instance(NORMAL) : 1;
+}
+
+/* What opens of a device with these flags give. */
+static void try_open(const char* what, int flags)
+{
+    const int device = open(NORMAL, flags, 0600);
+    if (device >= 0)
+        printf("%s %s\n", what, (fcntl(device, F_GETFL) & O_ACCMODE) == (flags & O_ACCMODE) ? "ok" : "other access");
+    else
+        report(what, -1);
+    close(device);
+}
+
+static int is_device(void)
+{
+    struct epoll_event event = {.events = EPOLLIN};
+    const int one = open(NORMAL, O_RDWR);
+    const int other = open(NORMAL, O_RDWR);
+    struct stat found;
+    try_open("write-only", O_WRONLY);
+    try_open("directory", O_RDWR | O_DIRECTORY);
+    try_open("exclusive", O_RDWR | O_CREAT | O_EXCL);
+    try_open("non-blocking", O_RDWR | O_NONBLOCK);
+    printf("%s\n", fstat(one, &found) == 0 && S_ISCHR(found.st_mode) ? "character device" : "no device");
+    printf("%s\n", flock(one, LOCK_EX) == 0 && write(one, "abc", 3) == 3 && lseek(other, 0, SEEK_CUR) == 0 &&
+                           fstat(one, &found) == 0 && found.st_size == 0
+                       ? "empty"
+                       : "keeps what is written");
+    return report("epoll", epoll_ctl(epoll_create1(0), EPOLL_CTL_ADD, one, &event)) == 1 ? 0 : 1;
+}
+
+/* A page that is not there until a handler says so, or a null pointer with errno. */
+static void* missing_page(int* handler)
+{
+    struct uffdio_api api = {.api = UFFD_API};
+    struct uffdio_register range = {.mode = UFFDIO_REGISTER_MODE_MISSING};
+    char* const page = mmap(NULL, 4096, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    *handler = (int)syscall(SYS_userfaultfd, O_CLOEXEC);
+    range.range.start = (uintptr_t)page;
+    range.range.len = 4096;
+    return *handler >= 0 && ioctl(*handler, UFFDIO_API, &api) == 0 && ioctl(*handler, UFFDIO_REGISTER, &range) == 0
+               ? page
+               : NULL;
+}
+
+/* Calls with an envelope that never comes. */
+static int hang(void)
+{
+    int handler = -1;
+    void* const page = missing_page(&handler);
+    const int device = open(NORMAL, O_RDWR);
+    if (page == NULL)
+        return report("userfaultfd", -1);
+    printf("hanging\n");
+    fflush(stdout);
+    return report("ioctl", ioctl(device, 9, page));
+}
+
+/* The envelope comes when its handler has opened a file and asked the device. */
+static void* handle_fault(void* argument)
+{
+    static char zeros[4096];
+    struct uffd_msg message;
+    const int handler = *(int*)argument;
+    struct uffdio_copy copy = {.src = (uintptr_t)zeros, .len = 4096};
+    uint32_t value = 0;
+    if (read(handler, &message, sizeof message) != sizeof message)
+        return NULL;
+    copy.dst = message.arg.pagefault.address & ~(uint64_t)4095;
+    close(open("/dev/null", O_RDWR));
+    report("handler", get_on(open(NORMAL, O_RDWR), &value));
+    ioctl(handler, UFFDIO_COPY, &copy);
+    return NULL;
+}
+
+static int handled_fault(void)
+{
+    int handler = -1;
+    pthread_t thread;
+    void* const page = missing_page(&handler);
+    const int device = open(NORMAL, O_RDWR);
+    int result = 0;
+    if (page == NULL)
+        return report("userfaultfd", -1);
+    pthread_create(&thread, NULL, handle_fault, &handler);
+    result = ioctl(device, 42, page);
+    pthread_join(thread, NULL);
+    return report("ioctl", result);
+}
+
+#ifdef __x86_64__
+/* The same call as programs of 32 bits make it. */
+static int by_32_bits(void)
+{
+    unsigned char* const low = mmap(NULL, 4096, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_32BIT, -1, 0);
+    long result = 54; /* ioctl */
+    const long device = open(NORMAL, O_RDWR);
+    __asm__ volatile("int $0x80" : "+a"(result) : "b"(device), "c"(2L), "d"(low) : "memory");
+    errno = (int)-result;
+    return report(low[0] == 0 && low[1] == 0 ? "untouched" : "touched", result < 0 ? -1 : 0);
+}
+#endif
+
 int main(int argc, char** argv)
 {
     const char* const verb = argc > 1 ? argv[1] : "";
@@ -195,6 +328,8 @@ int main(int argc, char** argv)
         return get("kola_lumo");
     if (strcmp(verb, "get-on") == 0)
         return report("inherited", get_on(atoi(argv[2]), &value));
+    if (strcmp(verb, "create-on") == 0)
+        return create_instance_on(atoi(argv[2]));
     if (strcmp(verb, "set") == 0)
         return set((uint32_t)strtoul(argv[2], NULL, 0));
     if (strcmp(verb, "ioctl") == 0)
@@ -217,5 +352,23 @@ int main(int argc, char** argv)
         return endpoint_of_no_bridge();
     if (strcmp(verb, "openat2") == 0)
         return by_openat2();
+    if (strcmp(verb, "get-at") == 0)
+        return get(argv[2]);
+    if (strcmp(verb, "create") == 0)
+        return create_instance(argc > 2 ? argv[2] : NORMAL);
+    if (strcmp(verb, "undumpable") == 0)
+        return undumpable();
+    if (strcmp(verb, "drop-user") == 0)
+        return drop_user();
+    if (strcmp(verb, "is-device") == 0)
+        return is_device();
+    if (strcmp(verb, "hang") == 0)
+        return hang();
+    if (strcmp(verb, "handled-fault") == 0)
+        return handled_fault();
+#ifdef __x86_64__
+    if (strcmp(verb, "32-bits") == 0)
+        return by_32_bits();
+#endif
     return 2;
 }

@@ -1,160 +1,22 @@
 // The emulator's program, run as a user runs it.
-#include <algorithm>
-#include <array>
-#include <cerrno>
-#include <chrono>
-#include <csignal>
-#include <fcntl.h>
-#include <fstream>
-#include <gmock/gmock.h>
-#include <grp.h>
+#include "emulator/tests/in_mode.h"
+
 #include <poll.h>
-#include <string>
-#include <sys/mman.h>
-#include <sys/prctl.h>
-#include <sys/wait.h>
-#include <thread>
-#include <unistd.h>
-#include <vector>
+#include <pty.h>
+#include <set>
+#include <sys/stat.h>
 
 using testing::HasSubstr;
+using testing::MatchesRegex;
+using testing::Not;
 using testing::StartsWith;
 
 namespace {
 
-using Words = std::vector<std::string>;
-
-enum class User
-{
-    Self,
-    Ordinary
-};
-
-struct Ended
-{
-    int status = -1; // exit status, if it exited
-    int signal = 0;  // the signal that ended it, if one did
-    std::string out;
-    std::string err;
-};
-
-std::string content_of(int file)
-{
-    std::string content;
-    std::array<char, 4096> piece {};
-    lseek(file, 0, SEEK_SET);
-    for (ssize_t length = 0; (length = read(file, piece.data(), piece.size())) > 0;)
-        content.append(piece.data(), static_cast<std::size_t>(length));
-    return content;
-}
-
-// A process that has been started, with its output in memory.
-class Process
-{
-public:
-    explicit Process(const Words& words, User user = User::Self)
-        : out_(memfd_create("out", MFD_CLOEXEC)), err_(memfd_create("err", MFD_CLOEXEC))
-    {
-        std::vector<char*> arguments;
-        for (const std::string& word : words)
-            arguments.push_back(const_cast<char*>(word.c_str()));
-        arguments.push_back(nullptr);
-        pid_ = fork();
-        if (pid_ != 0)
-            return;
-        prctl(PR_SET_PDEATHSIG, SIGKILL);
-        dup2(open("/dev/null", O_RDONLY | O_CLOEXEC), 0);
-        dup2(out_, 1);
-        dup2(err_, 2);
-        if (user == User::Ordinary && (setgroups(0, nullptr) != 0 || setgid(65534) != 0 || setuid(65534) != 0))
-            _exit(99);
-        execv(arguments[0], arguments.data());
-        _exit(98);
-    }
-    ~Process()
-    {
-        if (pid_ > 0) {
-            kill(pid_, SIGKILL);
-            waitpid(pid_, nullptr, 0);
-        }
-        close(out_);
-        close(err_);
-    }
-    Process(const Process&) = delete;
-    Process& operator=(const Process&) = delete;
-
-    pid_t pid() const { return pid_; }
-    std::string out() const { return content_of(out_); }
-
-    // Waits until the output holds this many lines.
-    void wait_for_lines(std::ptrdiff_t lines) const
-    {
-        for (int i = 0; i < 1000; ++i) {
-            const std::string text = out();
-            if (std::count(text.begin(), text.end(), '\n') >= lines)
-                return;
-            std::this_thread::sleep_for(std::chrono::milliseconds(10));
-        }
-        FAIL() << "no " << lines << " lines in: " << out();
-    }
-
-    Ended wait()
-    {
-        int status = 0;
-        while (waitpid(pid_, &status, 0) < 0 && errno == EINTR)
-            continue;
-        pid_ = 0;
-        Ended ended {.out = content_of(out_), .err = content_of(err_)};
-        if (WIFEXITED(status))
-            ended.status = WEXITSTATUS(status);
-        else
-            ended.signal = WTERMSIG(status);
-        return ended;
-    }
-
-private:
-    int out_;
-    int err_;
-    pid_t pid_ = 0;
-};
-
-Words in_world(const Words& program)
-{
-    Words words {EMULATOR, "run", "--"};
-    words.insert(words.end(), program.begin(), program.end());
-    return words;
-}
-
-Ended run(const Words& program, User user = User::Self)
-{
-    return Process(in_world(program), user).wait();
-}
-
-Ended shell(const std::string& script)
-{
-    return run({"/bin/sh", "-c", script});
-}
-
-bool alive(pid_t pid)
-{
-    // A zombie has ended, whoever is to reap it.
-    std::ifstream stat("/proc/" + std::to_string(pid) + "/stat");
-    std::string number;
-    std::string name;
-    std::string state;
-    return stat >> number >> name >> state && state != "Z";
-}
-
-void expect_gone(pid_t pid)
-{
-    for (int i = 0; i < 500 && alive(pid); ++i)
-        std::this_thread::sleep_for(std::chrono::milliseconds(10));
-    EXPECT_FALSE(alive(pid)) << pid;
-}
-
 // Without and with the run-time linker, as the user who runs the tests and as an ordinary one.
 struct Client
 {
+    std::string mode;
     std::string name;
     std::string path;
     User user;
@@ -162,7 +24,7 @@ struct Client
 
 void PrintTo(const Client& client, std::ostream* out)
 {
-    *out << client.name;
+    *out << client.mode << client.name;
 }
 
 class Clients : public testing::TestWithParam<Client>
@@ -170,19 +32,20 @@ class Clients : public testing::TestWithParam<Client>
 protected:
     void SetUp() override
     {
-        if (GetParam().user == User::Self)
-            return;
-        if (geteuid() != 0)
+        if (GetParam().user == User::Ordinary && geteuid() != 0)
             GTEST_SKIP() << "only root can become another user";
-        if (Process({"/bin/sh", "-c", "test -x '" EMULATOR "'"}, User::Ordinary).wait().status != 0)
+        if (GetParam().user == User::Ordinary &&
+            Process({"/bin/sh", "-c", "test -x '" EMULATOR "'"}, User::Ordinary).wait().status != 0)
             GTEST_SKIP() << "the build tree is out of other users' reach";
+        if (const std::string why = refusal_of(GetParam().mode, GetParam().user); !why.empty())
+            GTEST_SKIP() << why;
     }
 
     Ended client(const Words& verb) const
     {
         Words words {GetParam().path};
         words.insert(words.end(), verb.begin(), verb.end());
-        return run(words, GetParam().user);
+        return Process(in_world({"--mode", GetParam().mode}, words), GetParam().user).wait();
     }
 };
 
@@ -218,6 +81,11 @@ TEST_P(Clients, GetEnottyForNumbersThatTheModuleDoesNotKnow)
         EXPECT_EQ(client({"ioctl", number}).out, "ioctl ENOTTY\n") << number;
 }
 
+TEST_P(Clients, MayGiveNumbersWhoseUpperHalvesTheKernelIgnores)
+{
+    EXPECT_EQ(client({"ioctl", "0x700000009"}).out, "ioctl ok\n");
+}
+
 TEST_P(Clients, MayDuplicateAndInheritTheDescriptor)
 {
     EXPECT_EQ(client({"dup"}).out, "dup ok\n");
@@ -244,13 +112,25 @@ TEST_P(Clients, HaveTheirOtherFilesUntouched)
     EXPECT_EQ(client({"other-files"}).out, "untouched\n");
 }
 
-INSTANTIATE_TEST_SUITE_P(Kinds, Clients,
-    testing::Values(Client {"Dynamic", DYNAMIC_CLIENT, User::Self}, Client {"Static", STATIC_CLIENT, User::Self},
-        Client {"DynamicAsOrdinaryUser", DYNAMIC_CLIENT, User::Ordinary},
-        Client {"StaticAsOrdinaryUser", STATIC_CLIENT, User::Ordinary}),
-    [](const auto& client) { return client.param.name; });
+std::vector<Client> clients()
+{
+    std::vector<Client> all;
+    for (const char* mode : {"namespaces", "injection"})
+        for (const auto& [user, suffix] : {std::pair(User::Self, ""), std::pair(User::Ordinary, "AsOrdinaryUser")}) {
+            all.push_back({mode, std::string("Dynamic") + suffix, DYNAMIC_CLIENT, user});
+            all.push_back({mode, std::string("Static") + suffix, STATIC_CLIENT, user});
+        }
+    return all;
+}
 
-TEST(World, IsSharedByAllProcessesInIt)
+INSTANTIATE_TEST_SUITE_P(Kinds, Clients, testing::ValuesIn(clients()),
+    [](const auto& client) { return client.param.mode + client.param.name; });
+
+class World : public InMode
+{};
+INSTANTIATE_TEST_SUITE_P(Modes, World, modes, [](const auto& mode) { return mode.param; });
+
+TEST_P(World, IsSharedByAllProcessesInIt)
 {
     const Ended ended = shell(
         DYNAMIC_CLIENT " set 9; (" STATIC_CLIENT " get | cat) ; " STATIC_CLIENT " set 10; exec " DYNAMIC_CLIENT " get");
@@ -258,21 +138,58 @@ TEST(World, IsSharedByAllProcessesInIt)
     EXPECT_EQ(ended.out, "set ok\n9\nset ok\n10\n");
 }
 
-TEST(World, IsNewInEveryRun)
+TEST_P(World, IsNewInEveryRun)
 {
     EXPECT_EQ(run({DYNAMIC_CLIENT, "set", "9"}).status, 0);
     EXPECT_EQ(run({DYNAMIC_CLIENT, "get"}).out, "4\n");
 }
 
-TEST(World, ServesWhatTheProgramLeavesRunning)
+TEST_P(World, EndsWithItsProgram)
+{
+    MarkedWorld world(in_world({"/bin/sh", "-c",
+        "sh -c 'trap \"echo asked; exit\" TERM; echo ready; while :; do sleep 0.01; done' & setsid sleep 1000 & "
+        "while ! kill -0 $!; do :; done; sleep 0.3; exit 5"}));
+    const Ended ended = world.process().wait();
+    EXPECT_EQ(ended.status, 5);
+    EXPECT_EQ(ended.out, "ready\nasked\n");
+    world.expect_gone();
+}
+
+TEST_P(World, KillsWhoDoesNotEndWhenAsked)
+{
+    const auto before = std::chrono::steady_clock::now();
+    MarkedWorld world(in_world(
+        {"/bin/sh", "-c", "(trap '' TERM; echo ready; exec sleep 1000) & sleep 0.3; exit 5"}, {"--grace", "0.5"}));
+    EXPECT_EQ(world.process().wait().status, 5);
+    EXPECT_GE(std::chrono::steady_clock::now() - before, std::chrono::milliseconds(500));
+    world.expect_gone();
+}
+
+TEST_P(World, WaitsForWhatTheProgramLeavesRunningIfAsked)
 {
     // The child outlives its parent, waits until the emulator has noticed, and uses the device.
-    const Ended ended = shell("(sleep 0.3; " DYNAMIC_CLIENT " get) & exit 5");
+    const Ended ended =
+        Process(in_world({"/bin/sh", "-c", "(sleep 0.3; " DYNAMIC_CLIENT " get) & exit 5"}, {"--linger"})).wait();
     EXPECT_EQ(ended.status, 5);
     EXPECT_EQ(ended.out, "4\n");
 }
 
-TEST(World, GivesTheProgramItsStandardStreamsAndNoOtherDescriptors)
+TEST_P(World, EndsWhenItsTimeIsOver)
+{
+    MarkedWorld world(in_world({"/bin/sh", "-c", "setsid sleep 1000 & sleep 1000"}, {"--timeout", "0.3"}));
+    EXPECT_EQ(world.process().wait().status, 124);
+    world.expect_gone();
+
+    const Words leaving {"/bin/sh", "-c", "sleep 1000 & exit 5"};
+    EXPECT_EQ(Process(in_world(leaving, {"--linger", "--timeout", "0.3"})).wait().status, 5);
+}
+
+TEST_P(World, TellsPrograms)
+{
+    EXPECT_THAT(shell("echo $LUMOZEPH_WORLD").out, MatchesRegex("run-[0-9]+\n"));
+}
+
+TEST_P(World, GivesTheProgramItsStandardStreamsAndNoOtherDescriptors)
 {
     const Words program {"/bin/sh", "-c", "echo /proc/self/fd/*; echo to-err >&2"};
     const Ended ended = run(program);
@@ -280,19 +197,337 @@ TEST(World, GivesTheProgramItsStandardStreamsAndNoOtherDescriptors)
     EXPECT_EQ(ended.err, "to-err\n");
 }
 
-TEST(World, LeavesSignalsAsTheyWere)
+TEST_P(World, LeavesSignalsAsTheyWere)
 {
     const Ended ended = run({"/bin/grep", "-E", "^Sig(Blk|Ign)", "/proc/self/status"});
     EXPECT_EQ(ended.out, Process({"/bin/grep", "-E", "^Sig(Blk|Ign)", "/proc/self/status"}).wait().out);
 }
 
-TEST(ExitStatus, IsTheProgramsOwn)
+class NamespacesWorld : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        if (const std::string why = refusal_of("namespaces"); !why.empty())
+            GTEST_SKIP() << why;
+    }
+
+    static Ended shell(const std::string& script)
+    {
+        return Process(in_world({"--mode", "namespaces"}, {"/bin/sh", "-c", script})).wait();
+    }
+};
+
+constexpr const char* folder = "/pelt/devices/char/zephdriver";
+
+TEST_F(NamespacesWorld, ShowsTheDeviceToWhoeverLooks)
+{
+    const Ended ended =
+        shell(std::string("cd ") + folder +
+              " && ls && test -c kola_lumo && test -r kola_lumo && test -w kola_lumo && test ! -L kola_lumo &&"
+              " stat -c %F kola_lumo_ugrade && readlink -f ../zephdriver/kola_lumo");
+    EXPECT_EQ(ended.status, 0) << ended.err;
+    EXPECT_EQ(
+        ended.out, "kola_lumo\nkola_lumo_ugrade\ncharacter special file\n/pelt/devices/char/zephdriver/kola_lumo\n");
+}
+
+TEST_F(NamespacesWorld, OpensTheDeviceByAnySpelling)
+{
+    for (const char* path :
+        {"//pelt/devices/char/zephdriver/kola_lumo", "/pelt/./devices/char/zephdriver/../zephdriver/kola_lumo",
+            "kola_lumo", "/proc/self/root/pelt/devices/char/zephdriver/kola_lumo", "/proc/self/cwd/kola_lumo",
+            "/dev/fd/3", "/proc/self/fd/3", "/tmp/../pelt/devices/char/zephdriver/kola_lumo_ugrade"}) {
+        const Ended ended =
+            shell(std::string("cd ") + folder + " && exec 3<>kola_lumo && exec " DYNAMIC_CLIENT " get-at " + path);
+        EXPECT_EQ(ended.out, "4\n") << path;
+    }
+    EXPECT_EQ(shell("link=$(mktemp -u) && ln -s /pelt/devices/char/zephdriver/kola_lumo $link && " DYNAMIC_CLIENT
+                    " get-at $link; rm $link")
+                  .out,
+        "4\n");
+}
+
+TEST_F(NamespacesWorld, LeavesTheNullDeviceAlone)
+{
+    const Ended ended =
+        shell("chmod 600 /pelt/devices/char/zephdriver/kola_lumo; rm -f /pelt/devices/char/zephdriver/kola_lumo;"
+              " echo text > /pelt/file");
+    EXPECT_NE(ended.status, 0);
+    struct stat null
+    {};
+    ASSERT_EQ(stat("/dev/null", &null), 0);
+    EXPECT_EQ(null.st_mode & 07777, 0666U);
+}
+
+TEST_F(NamespacesWorld, ShowsAllOtherFilesAsTheyAre)
+{
+    // The root's own entries are mounts and copies of links: types, targets and what is in them are compared.
+    const Words look {"/bin/sh", "-c",
+        "umask 027; pwd; umask; for entry in /* /.[!.]*; do [ $entry = /pelt ] || [ $entry = /proc ] || stat -c '%N "
+        "%F' $entry; done; "
+        "ls -A /usr/bin /etc | cksum; cksum /etc/passwd"};
+    const Ended inside = Process(in_world({"--mode", "namespaces"}, look)).wait();
+    EXPECT_EQ(inside.status, 0);
+    EXPECT_EQ(inside.out, Process(look).wait().out);
+}
+
+TEST_F(NamespacesWorld, OpensOtherFilesWithoutTheSupervisor)
+{
+    MarkedWorld world(in_world({"--mode", "namespaces"},
+        {"/bin/sh", "-c", "echo ready; sleep 0.3; echo text >/dev/null && cat /dev/null && echo opened; sleep 1000"}));
+    world.process().wait_for_lines(1);
+    kill(world.supervisor(), SIGSTOP);
+    world.process().wait_for_lines(2);
+    EXPECT_EQ(world.process().out(), "ready\nopened\n");
+}
+
+// Gives whatever follows mounts of its own, which are copies of the world's.
+Words apart()
+{
+    Words all {"unshare -Urm", "unshare -Urm --propagation unchanged", "bwrap --dev-bind / /",
+        "bwrap --unshare-user --unshare-pid --dev-bind / / --proc /proc"};
+    if (geteuid() == 0)
+        all.emplace_back("unshare -m");
+    return all;
+}
+
+TEST_F(NamespacesWorld, ServesProgramsThatHaveMountsOfTheirOwn)
+{
+    for (const std::string& start : apart()) {
+        EXPECT_EQ(shell("exec " + start + " " DYNAMIC_CLIENT " create").out, "create ok\n") << start;
+        EXPECT_EQ(
+            shell("exec 3<>/pelt/devices/char/zephdriver/kola_lumo; exec " + start + " " DYNAMIC_CLIENT " create-on 3")
+                .out,
+            "create ok\n")
+            << start;
+    }
+}
+
+TEST_F(NamespacesWorld, ServesTheDeviceWhereOthersHaveMountedIt)
+{
+    const Ended ended =
+        shell("place=$(mktemp) && unshare -Urm sh -c 'mount --bind "
+              "/pelt/devices/char/zephdriver/kola_lumo $0 && exec " DYNAMIC_CLIENT " create $0' $place; "
+              "rm $place");
+    EXPECT_EQ(ended.out, "create ok\n") << ended.err;
+}
+
+TEST_F(NamespacesWorld, HasNoAnswerWhereItCannotTellTheDeviceFromAnother)
+{
+    const Ended null = shell("place=$(mktemp) && unshare -Urm sh -c 'mount --bind /dev/null $0 && exec " DYNAMIC_CLIENT
+                             " create $0' $place; rm $place");
+    EXPECT_EQ(null.out, "create EIO\n") << null.err;
+    if (geteuid() == 0) {
+        const Ended changed = shell("exec unshare -m sh -c 'mount -o remount,bind,rw,suid,exec,symfollow "
+                                    "/pelt/devices/char/zephdriver/kola_lumo && exec " DYNAMIC_CLIENT " create'");
+        EXPECT_EQ(changed.out, "create EIO\n") << changed.err;
+    }
+}
+
+TEST_F(NamespacesWorld, HasNoAnswerForADescriptorOfAnotherWorld)
+{
+    MarkedWorld other(in_world({"--mode", "namespaces"}, {"/bin/sh", "-c", "echo ready; exec sleep 1000"}));
+    other.process().wait_for_lines(1);
+    const std::string inside = "/proc/" + std::to_string(only_child_of(other.supervisor())) + "/root";
+    const Ended ended =
+        Process({"/bin/bash", "-c", "exec 3<>\"$0\" && exec \"$@\"", inside + "/pelt/devices/char/zephdriver/kola_lumo",
+                    EMULATOR, "run", "--mode", "namespaces", "--", DYNAMIC_CLIENT, "create-on", "3"})
+            .wait();
+    EXPECT_EQ(ended.out, "create EIO\n") << ended.err;
+}
+
+TEST_P(World, GivesOutADeviceAndNotAFile)
+{
+    const Ended ended = run({DYNAMIC_CLIENT, "is-device"});
+    EXPECT_EQ(ended.out,
+        "write-only ok\ndirectory ENOTDIR\nexclusive EEXIST\nnon-blocking ok\ncharacter device\nempty\n"
+        "epoll EPERM\n");
+}
+
+TEST_P(World, ServesProgramsThatMayNotBeRead)
+{
+    const bool capable = geteuid() == 0 || GetParam() == "namespaces";
+    EXPECT_EQ(run({DYNAMIC_CLIENT, "undumpable"}).out, capable ? "create ok\n" : "open EIO\n");
+    if (geteuid() == 0) {
+        EXPECT_EQ(run({DYNAMIC_CLIENT, "drop-user"}).out, "create ok\n");
+    }
+}
+
+TEST_P(World, ServesOrdinaryUsersProgramsThatMayNotBeReadOrSaysThatItCannot)
+{
+    if (geteuid() != 0)
+        GTEST_SKIP() << "only root can become another user";
+    if (const std::string why = refusal_of(GetParam(), User::Ordinary); !why.empty())
+        GTEST_SKIP() << why;
+    const std::string undumpable = Process(in_world({DYNAMIC_CLIENT, "undumpable"}), User::Ordinary).wait().out;
+    EXPECT_EQ(undumpable, GetParam() == "namespaces" ? "create ok\n" : "open EIO\n");
+
+    const Folder folder_of_all(0755);
+    const std::string unreadable = folder_of_all.path() / "client";
+    std::filesystem::copy(STATIC_CLIENT, unreadable);
+    std::filesystem::permissions(unreadable, std::filesystem::perms(0711));
+    const std::string refused = Process(in_world({unreadable, "create"}), User::Ordinary).wait().out;
+    EXPECT_EQ(refused, GetParam() == "namespaces" ? "create EIO\n" : "open EIO\n");
+}
+
+TEST_P(World, ServesWhoHasGivenUpTracingAndTheUser)
+{
+    if (geteuid() != 0)
+        GTEST_SKIP() << "only root can become another user";
+    Words words {"/usr/bin/setpriv", "--bounding-set", "-sys_ptrace", "--inh-caps", "-sys_ptrace"};
+    const Words program = in_world({DYNAMIC_CLIENT, "drop-user"});
+    words.insert(words.end(), program.begin(), program.end());
+    const Ended ended = Process(words).wait();
+    if (ended.err.starts_with("lumozeph-emulator: cannot make namespaces"))
+        GTEST_SKIP() << "without these privileges a user namespace is needed: " << ended.err;
+    EXPECT_EQ(ended.out, GetParam() == "namespaces" ? "create ok\n" : "open EIO\n");
+}
+
+TEST_P(World, HasNoAnswerForProgramsOf32Bits)
+{
+    const Ended ended = run({DYNAMIC_CLIENT, "32-bits"});
+    if (ended.signal == SIGSEGV || ended.out == "untouched ENOSYS\n" || ended.status == 2)
+        GTEST_SKIP() << "the machine does not run them";
+    EXPECT_EQ(ended.out, "untouched EIO\n");
+}
+
+TEST_P(World, IsNotHeldUpByAClientWhoseMemoryNeverComes)
+{
+    Process process(in_world({"/bin/sh", "-c",
+        DYNAMIC_CLIENT " hang & sleep 0.2; for i in 1 2 3; do " DYNAMIC_CLIENT " get; done; kill $!; wait; exit 0"}));
+    process.wait_for_lines(1);
+    if (process.out().starts_with("userfaultfd"))
+        GTEST_SKIP() << process.out();
+    process.wait_for_lines(4);
+    EXPECT_EQ(process.out(), "hanging\n4\n4\n4\n");
+    EXPECT_EQ(process.wait().status, 0);
+}
+
+TEST_P(World, ServesTheHandlersOfItsClientsFaults)
+{
+    const Ended ended = run({DYNAMIC_CLIENT, "handled-fault"});
+    if (ended.out.starts_with("userfaultfd"))
+        GTEST_SKIP() << ended.out;
+    EXPECT_EQ(ended.out, "handler ok\nioctl ok\n");
+}
+
+TEST_P(World, RunsWithFewDescriptorsOrSaysThatItNeedsMore)
+{
+    Words words {"/bin/sh", "-c", "ulimit -n $0; exec \"$@\"", ""};
+    const Words program = in_world({DYNAMIC_CLIENT, "get"});
+    words.insert(words.end(), program.begin(), program.end());
+    bool served = false;
+    for (int limit = 4; limit < 40; ++limit) {
+        words[3] = std::to_string(limit);
+        const Ended ended = Process(words).wait();
+        if (ended.status == 0) {
+            EXPECT_EQ(ended.out, "4\n") << limit;
+        } else if (ended.err.starts_with("lumozeph-emulator: ")) {
+            EXPECT_THAT(ended.err, HasSubstr("more descriptors are needed: see ulimit -n")) << limit;
+        }
+        served = ended.status == 0;
+    }
+    EXPECT_TRUE(served);
+}
+
+// The same for limits of other kinds, and for root and ordinary users.
+TEST_P(World, RunsUnderLimitsOrSaysWhyNot)
+{
+    Words limits {"-l 0", "-c 0", "-t 60"};
+    // Sanitizers need more themselves.
+    if (!INSTRUMENTED)
+        limits.insert(limits.end(), {"-f 0", "-u 1", "-v 20000", "-d 1000"});
+    for (const std::string& limit : limits)
+        for (const User user : {User::Self, User::Ordinary}) {
+            if (user == User::Ordinary && (geteuid() != 0 || !refusal_of(GetParam(), user).empty()))
+                continue;
+            Words words {"/bin/bash", "-c", "set -o pipefail; (ulimit $0; exec \"$@\" 2>&1) | cat", limit};
+            const Words program = in_world({STATIC_CLIENT, "get"});
+            words.insert(words.end(), program.begin(), program.end());
+            const Ended ended = Process(words, user).wait();
+            if (ended.status == 0) {
+                EXPECT_EQ(ended.out, "4\n") << limit;
+            } else {
+                EXPECT_EQ(ended.status, 125) << limit;
+                EXPECT_THAT(
+                    ended.out, MatchesRegex("lumozeph-emulator: cannot [^:]*: [^:]* .more [a-z ]* are needed: see "
+                                            "ulimit [^\n]*\n"))
+                    << limit;
+            }
+        }
+}
+
+TEST_P(World, RunsWithoutStandardStreamsAndTerminal)
+{
+    Words words {"/usr/bin/setsid", "-w", "/bin/bash", "-c", "exec \"$@\" <&- >&- 2>&-", ""};
+    const Words program = in_world({DYNAMIC_CLIENT, "create"});
+    words.insert(words.end(), program.begin(), program.end());
+    EXPECT_EQ(Process(words).wait().status, 0);
+}
+
+// A machine whose mounts differ from this one's by what a script does.
+class OtherMounts : public InMode
+{
+protected:
+    static Ended run_after(const std::string& script, const Words& program, User user)
+    {
+        const std::string become = user == User::Self ? "" : "setpriv --reuid 65534 --regid 65534 --clear-groups ";
+        Words words {"/usr/bin/unshare", "-m", "/bin/sh", "-c", script + " && exec " + become + "\"$@\"", ""};
+        const Words all = in_world(program);
+        words.insert(words.end(), all.begin(), all.end());
+        return Process(words).wait();
+    }
+
+    void SetUp() override
+    {
+        InMode::SetUp();
+        if (geteuid() != 0)
+            GTEST_SKIP() << "only root can mount";
+        if (Process({"/usr/bin/unshare", "-m", "/bin/true"}).wait().status != 0)
+            GTEST_SKIP() << "nobody can mount apart here, as in a chroot";
+    }
+};
+INSTANTIATE_TEST_SUITE_P(Modes, OtherMounts, modes, [](const auto& mode) { return mode.param; });
+
+TEST_P(OtherMounts, MayBeReadOnly)
+{
+    for (const User user : {User::Self, User::Ordinary}) {
+        const Ended ended =
+            run_after("mount --rbind /tmp /tmp && mount -o remount,bind,ro /tmp && mount -o remount,bind,ro /",
+                {STATIC_CLIENT, "get"}, user);
+        if (user == User::Self || refusal_of(GetParam(), user).empty()) {
+            EXPECT_EQ(ended.out, "4\n") << ended.err;
+        }
+    }
+}
+
+TEST_P(OtherMounts, MayLackProcOrTheEmulatorSaysThatItIsNeeded)
+{
+    if (INSTRUMENTED)
+        GTEST_SKIP() << "sanitizers need /proc themselves";
+    for (const User user : {User::Self, User::Ordinary}) {
+        const Ended ended =
+            run_after("umount -l /proc", {"/bin/sh", "-c", "sleep 1000 & exec " STATIC_CLIENT " get"}, user);
+        if (GetParam() == "namespaces" && user == User::Self) {
+            EXPECT_EQ(ended.out, "4\n") << ended.err;
+        } else {
+            EXPECT_EQ(ended.status, 125);
+            EXPECT_THAT(ended.err, MatchesRegex("lumozeph-emulator: cannot [^\n]*/proc[^\n]*\n"));
+        }
+    }
+}
+
+class ExitStatus : public InMode
+{};
+INSTANTIATE_TEST_SUITE_P(Modes, ExitStatus, modes, [](const auto& mode) { return mode.param; });
+
+TEST_P(ExitStatus, IsTheProgramsOwn)
 {
     for (const int status : {0, 1, 42, 125, 255})
         EXPECT_EQ(shell("exit " + std::to_string(status)).status, status);
 }
 
-TEST(ExitStatus, IsTheSignalThatEndedTheProgram)
+TEST_P(ExitStatus, IsTheSignalThatEndedTheProgram)
 {
     for (const int signal : {SIGTERM, SIGKILL, SIGSEGV, SIGABRT, SIGUSR1}) {
         const Ended ended = shell("kill -" + std::to_string(signal) + " $$");
@@ -300,39 +535,55 @@ TEST(ExitStatus, IsTheSignalThatEndedTheProgram)
     }
 }
 
-TEST(ExitStatus, Is127WhenTheProgramIsNotFound)
+TEST_P(ExitStatus, Is127WhenTheProgramIsNotFound)
 {
     const Ended ended = run({"/no/such/program"});
     EXPECT_EQ(ended.status, 127);
     EXPECT_EQ(ended.err, "lumozeph-emulator: cannot run '/no/such/program': No such file or directory\n");
 }
 
-TEST(ExitStatus, Is126WhenTheProgramCannotBeInvoked)
+TEST_P(ExitStatus, Is126WhenTheProgramCannotBeInvoked)
 {
     const Ended ended = run({"/dev"});
     EXPECT_EQ(ended.status, 126);
     EXPECT_EQ(ended.err, "lumozeph-emulator: cannot run '/dev': Permission denied\n");
 }
 
-TEST(ExitStatus, Is125WhenTheEmulatorFails)
+TEST_P(ExitStatus, Is125WhenTheEmulatorFails)
 {
-    for (const Words& wrong : std::vector<Words> {{EMULATOR}, {EMULATOR, "fly"}, {EMULATOR, "run"},
-             {EMULATOR, "run", "--"}, {EMULATOR, "run", "--wings", "--", "/bin/true"},
-             {EMULATOR, "run", "--trace", "/no/such/folder/file", "--", "/bin/true"}}) {
+    for (const Words& wrong :
+        std::vector<Words> {{EMULATOR}, {EMULATOR, "fly"}, {EMULATOR, "run"}, {EMULATOR, "run", "--"},
+            {EMULATOR, "run", "--wings", "--", "/bin/true"}, {EMULATOR, "run", "--mode", "magic", "--", "/bin/true"},
+            {EMULATOR, "run", "--trace", "/no/such/folder/file", "--", "/bin/true"}}) {
         const Ended ended = Process(wrong).wait();
         EXPECT_EQ(ended.status, 125) << testing::PrintToString(wrong);
         EXPECT_THAT(ended.err, StartsWith("lumozeph-emulator: "));
     }
 }
 
-TEST(ExitStatus, Is125InsideAnotherWorld)
+TEST_P(ExitStatus, Is125InsideAnotherWorld)
 {
     const Ended ended = run({EMULATOR, "run", "--", "/bin/true"});
     EXPECT_EQ(ended.status, 125);
-    EXPECT_EQ(ended.err, "lumozeph-emulator: cannot run inside another emulated world\n");
+    EXPECT_EQ(ended.err,
+        "lumozeph-emulator: cannot run inside another emulated world, or under another program with a seccomp "
+        "listener\n");
 }
 
-TEST(Signals, ArePassedOnToTheProgram)
+TEST_P(World, LeavesProgramsAModuleOfTheirOwnInProcess)
+{
+    if (INSTRUMENTED)
+        GTEST_SKIP() << "a program of a build with a sanitizer must load that first";
+    const Ended ended = run({"/bin/sh", "-c",
+        DYNAMIC_CLIENT " set 9; " EMULATOR " run --in-process -- " DYNAMIC_CLIENT " get; exec " DYNAMIC_CLIENT " get"});
+    EXPECT_EQ(ended.out, "set ok\n4\n9\n") << ended.err;
+}
+
+class Signals : public InMode
+{};
+INSTANTIATE_TEST_SUITE_P(Modes, Signals, modes, [](const auto& mode) { return mode.param; });
+
+TEST_P(Signals, ArePassedOnToTheProgram)
 {
     Process process(
         in_world({"/bin/sh", "-c", "trap 'echo heard; exit 7' TERM; echo ready; while :; do sleep 0.05; done"}));
@@ -343,96 +594,375 @@ TEST(Signals, ArePassedOnToTheProgram)
     EXPECT_EQ(ended.out, "ready\nheard\n");
 }
 
-TEST(Signals, ThatEndTheProgramEndWhatItHasStarted)
+TEST_P(Signals, ThatEndTheProgramEndWhatItHasStarted)
 {
-    Process process(in_world({"/bin/sh", "-c", "sleep 1000 & echo $!; setsid sleep 1000 & echo $!; wait"}));
-    process.wait_for_lines(2);
-    kill(process.pid(), SIGTERM);
-    const Ended ended = process.wait();
-    EXPECT_EQ(ended.signal, SIGTERM);
-    std::istringstream pids(ended.out);
-    for (pid_t pid = 0; pids >> pid;)
-        expect_gone(pid);
+    MarkedWorld world(in_world({"/bin/sh", "-c", "sleep 1000 & setsid sleep 1000 & echo ready; wait"}));
+    world.process().wait_for_lines(1);
+    kill(world.process().pid(), SIGTERM);
+    EXPECT_EQ(world.process().wait().signal, SIGTERM);
+    world.expect_gone();
 }
 
-TEST(Signals, AfterTheProgramHasEndedEndWhatItLeft)
+TEST_P(Signals, AfterTheProgramHasEndedEndWhatItLeft)
 {
-    Process process(in_world({"/bin/sh", "-c", "sleep 1000 & echo $!; exit 3"}));
-    process.wait_for_lines(1);
+    MarkedWorld world(in_world({"/bin/sh", "-c", "sleep 1000 & echo ready; exit 3"}, {"--linger"}));
+    world.process().wait_for_lines(1);
     std::this_thread::sleep_for(std::chrono::milliseconds(200));
-    kill(process.pid(), SIGTERM);
+    kill(world.process().pid(), SIGTERM);
+    EXPECT_EQ(world.process().wait().status, 3);
+    world.expect_gone();
+}
+
+TEST_P(Signals, ThatAreIgnoredStayIgnored)
+{
+    MarkedWorld world({"/bin/sh", "-c", "trap '' HUP; exec \"$@\"", "", EMULATOR, "run", "--mode", GetParam(),
+        "--linger", "--", "/bin/sh", "-c", "(sleep 0.4; echo left) & echo ready; exit 4"});
+    world.process().wait_for_lines(1);
+    kill(world.process().pid(), SIGHUP);
+    std::this_thread::sleep_for(std::chrono::milliseconds(150));
+    kill(world.process().pid(), SIGHUP);
+    const Ended ended = world.process().wait();
+    EXPECT_EQ(ended.status, 4);
+    EXPECT_EQ(ended.out, "ready\nleft\n");
+}
+
+// A shell with job control on a terminal of its own, to which keys are sent.
+class Terminal
+{
+public:
+    Terminal()
+    {
+        pid_ = forkpty(&keyboard_, nullptr, nullptr, nullptr);
+        if (pid_ != 0)
+            return;
+        prctl(PR_SET_PDEATHSIG, SIGKILL);
+        setenv("PS1", "", 1);
+        execl("/bin/sh", "sh", "-i", "+E", nullptr);
+        _exit(98);
+    }
+    ~Terminal()
+    {
+        kill(pid_, SIGKILL);
+        waitpid(pid_, nullptr, 0);
+        close(keyboard_);
+    }
+    Terminal(const Terminal&) = delete;
+    Terminal& operator=(const Terminal&) = delete;
+
+    void type(const std::string& keys) const { EXPECT_EQ(write(keyboard_, keys.data(), keys.size()), keys.size()); }
+
+    // Waits until the screen shows this, after all that was waited for before.
+    void expect(const std::string& text)
+    {
+        std::size_t found = std::string::npos;
+        for (int i = 0; i < 500 && (found = screen_.find(text, seen_)) == std::string::npos; ++i) {
+            pollfd readable {keyboard_, POLLIN, 0};
+            std::array<char, 4096> piece {};
+            if (poll(&readable, 1, 10) > 0)
+                if (const ssize_t length = read(keyboard_, piece.data(), piece.size()); length > 0)
+                    screen_.append(piece.data(), static_cast<std::size_t>(length));
+        }
+        ASSERT_NE(found, std::string::npos) << "no '" << text << "' in: " << screen_;
+        seen_ = found + text.size();
+    }
+
+private:
+    int keyboard_ = -1;
+    pid_t pid_ = -1;
+    std::string screen_;
+    std::size_t seen_ = 0;
+};
+
+std::string command(const Words& words)
+{
+    std::string line;
+    for (const std::string& word : words)
+        line += "'" + word + "' ";
+    return line;
+}
+
+TEST_P(Signals, OfTheTerminalArriveOnce)
+{
+    Terminal terminal;
+    terminal.type("stty -echo; " + command(in_world({"/bin/sh", "-c"})) + "\"" +
+                  "n=0; trap 'n=\\$((n+1))' INT; echo ready; read line; sleep 0.3; echo heard-\\$n" +
+                  "\"; echo status-$?\n");
+    terminal.expect("ready\r\n");
+    terminal.type("\x03");
+    std::this_thread::sleep_for(std::chrono::milliseconds(200));
+    terminal.type("\n");
+    terminal.expect("heard-1");
+    terminal.expect("status-0");
+}
+
+TEST_P(Signals, OfTheTerminalStopAndContinueTheWorld)
+{
+    Terminal terminal;
+    terminal.type("stty -echo; " + command(in_world({"/bin/sh", "-c", "echo ready; sleep 1; echo lived; exit 7"})) +
+                  "; echo status-$?\n");
+    terminal.expect("ready\r\n");
+    // A shell that has just forked stops for nobody until its child has become a program.
+    std::this_thread::sleep_for(std::chrono::milliseconds(200));
+    terminal.type("\x1a");
+    terminal.expect("Stopped");
+    terminal.type("fg; echo again-$?\n");
+    terminal.expect("lived\r\n");
+    terminal.expect("again-7");
+}
+
+TEST_P(Signals, OfTheTerminalReachTheJobsOfAShellInTheWorld)
+{
+    Terminal terminal;
+    terminal.type("stty -echo; " + command(in_world({"/bin/sh", "-i"})) + "; echo status-$?\n");
+    terminal.type("echo inside; sleep 1000; echo slept-$?\n");
+    terminal.expect("inside\r\n");
+    std::this_thread::sleep_for(std::chrono::milliseconds(100));
+    terminal.type("\x03");
+    terminal.type("echo still-$?; exit 5\n");
+    terminal.expect("still-130");
+    terminal.expect("status-5");
+    // The outer shell has its terminal again.
+    terminal.type("cat; echo read-$?\n");
+    terminal.type("line\n\x04");
+    terminal.expect("line");
+    terminal.expect("read-0");
+}
+
+TEST_P(Signals, ThatKillAProcessOfTheEmulatorEndTheWorld)
+{
+    const Words program {"/bin/sh", "-c", "sleep 1000 & setsid sleep 1000 & echo ready; wait"};
+    MarkedWorld first(in_world(program));
+    first.process().wait_for_lines(1);
+    kill(first.process().pid(), SIGKILL);
+    EXPECT_EQ(first.process().wait().signal, SIGKILL);
+    first.expect_gone();
+
+    MarkedWorld second(in_world(program));
+    second.process().wait_for_lines(1);
+    kill(second.supervisor(), SIGKILL);
+    const Ended ended = second.process().wait();
+    EXPECT_EQ(ended.status, 125);
+    EXPECT_EQ(ended.err, "lumozeph-emulator: the supervisor was killed\n");
+    second.expect_gone();
+}
+
+TEST_P(Signals, ThatStopTheProgramStopTheEmulatorUntilItGoesOn)
+{
+    Process process(in_world({"/bin/sh", "-c", "echo ready; kill -STOP $$; echo again; exit 6"}));
+    int status = 0;
+    ASSERT_EQ(waitpid(process.pid(), &status, WUNTRACED), process.pid());
+    EXPECT_TRUE(WIFSTOPPED(status));
+    EXPECT_EQ(process.out(), "ready\n");
+    kill(process.pid(), SIGCONT);
     const Ended ended = process.wait();
-    EXPECT_EQ(ended.status, 3);
-    expect_gone(std::stoi(ended.out));
+    EXPECT_EQ(ended.status, 6);
+    EXPECT_EQ(ended.out, "ready\nagain\n");
 }
 
-TEST(Signals, ThatKillTheEmulatorKillTheProgram)
-{
-    Process process(in_world({"/bin/sh", "-c", "echo $$; exec sleep 1000"}));
-    process.wait_for_lines(1);
-    const pid_t program = std::stoi(process.out());
-    kill(process.pid(), SIGKILL);
-    EXPECT_EQ(process.wait().signal, SIGKILL);
-    expect_gone(program);
-}
+class Trace : public InMode
+{};
+INSTANTIATE_TEST_SUITE_P(Modes, Trace, modes, [](const auto& mode) { return mode.param; });
 
-TEST(Trace, IsALineOfJsonForEachCommand)
+TEST_P(Trace, IsALineOfJsonForEachCommand)
 {
-    const Ended ended = Process({EMULATOR, "run", "--trace", "-", "--", DYNAMIC_CLIENT, "set", "9"}).wait();
+    const Ended ended =
+        Process(::in_world({"--mode", GetParam(), "--trace", "-"}, {DYNAMIC_CLIENT, "set", "9"})).wait();
     EXPECT_EQ(ended.status, 0);
-    EXPECT_THAT(
-        ended.err, testing::MatchesRegex(
-                       "\\{\"pid\":[0-9]+,\"command\":10,\"inLen\":4,\"room\":0,\"errno\":0,\"replyLen\":0\\}\n"));
+    EXPECT_THAT(ended.err,
+        MatchesRegex(
+            "\\{\"order\":1,\"pid\":[0-9]+,\"command\":10,\"inLen\":4,\"room\":0,\"errno\":0,\"replyLen\":0\\}\n"));
 }
 
-TEST(Trace, TellsOfCommandsThatFail)
+TEST_P(Trace, TellsOfCommandsThatFail)
 {
-    const Ended ended = Process({EMULATOR, "run", "--trace", "-", "--", DYNAMIC_CLIENT, "ioctl", "70"}).wait();
+    const Ended ended =
+        Process(::in_world({"--mode", GetParam(), "--trace", "-"}, {DYNAMIC_CLIENT, "ioctl", "70"})).wait();
     EXPECT_THAT(ended.err, HasSubstr("\"command\":70,\"inLen\":0,\"room\":4,\"errno\":25,\"replyLen\":0}"));
 }
 
-TEST(Options, LenientHasTheModuleAcceptWhatItRefusesOtherwise)
+std::string open_of(const std::string& path, int flags)
 {
-    EXPECT_EQ(run({DYNAMIC_CLIENT, "endpoint-of-no-bridge"}).out, "endpoint ENOENT\n");
-    EXPECT_EQ(Process({EMULATOR, "run", "--lenient", "--", DYNAMIC_CLIENT, "endpoint-of-no-bridge"}).wait().out,
-        "endpoint ok\n");
+    return "\\{\"pid\":[0-9]+,\"open\":\"" + path + "\",\"flags\":" + std::to_string(flags) + "\\}\n";
 }
 
-TEST(Options, TheClockIsRealOrManual)
+constexpr const char* normal = "/pelt/devices/char/zephdriver/kola_lumo";
+constexpr const char* upgrade = "/pelt/devices/char/zephdriver/kola_lumo_ugrade";
+
+TEST_P(Trace, TellsOfOpensIfAsked)
 {
-    EXPECT_EQ(Process({EMULATOR, "run", "--clock", "manual", "--", DYNAMIC_CLIENT, "get"}).wait().out, "4\n");
-    const Ended ended = Process({EMULATOR, "run", "--clock", "broken", "--", DYNAMIC_CLIENT, "get"}).wait();
+    const Words options {"--opens", "--trace", "-"};
+    const Ended ended = Process(in_world({DYNAMIC_CLIENT, "get-upgrade"}, options)).wait();
+    EXPECT_EQ(ended.out, "4\n");
+    EXPECT_THAT(ended.err, MatchesRegex(open_of(upgrade, O_RDWR) + "\\{\"order\":1,.*\"replyLen\":4\\}\n"));
+
+    const std::string script = std::string("exec 3<") + normal + " 4>>" + normal + "; cat <&3; cat /dev/null";
+    const Ended others = Process(in_world({"/bin/sh", "-c", script}, options)).wait();
+    EXPECT_EQ(others.status, 0);
+    EXPECT_THAT(others.err, MatchesRegex(open_of(normal, O_RDONLY) + open_of(normal, O_WRONLY | O_CREAT | O_APPEND)));
+}
+
+TEST_F(NamespacesWorld, TracesOpensByAnySpelling)
+{
+    const std::string script =
+        std::string("cd ") + folder + "; true <kola_lumo; link=$(mktemp -u); ln -s " + normal +
+        " $link; true <$link; rm $link; true <kola_lumo_nothing; true <../zephdriver/kola_lumo_ugrade; "
+        "cd /; true <//pelt/../pelt/./devices/char/zephdriver/kola_lumo; /usr/bin/python3 -c 'import os; "
+        "os.open(\"kola_lumo\", os.O_RDWR, dir_fd=os.open(\"/pelt/devices/char/zephdriver\", 0))'";
+    const Ended ended = Process(in_world({"--mode", "namespaces", "--opens", "--trace", "-"},
+                                    {"/bin/sh", "-c", "(" + script + ") 2>/dev/null"}))
+                            .wait();
+    EXPECT_THAT(
+        ended.err, MatchesRegex(open_of(normal, O_RDONLY) + open_of(normal, O_RDONLY) + open_of(upgrade, O_RDONLY) +
+                                open_of(normal, O_RDONLY) + open_of(normal, O_RDWR | O_CLOEXEC)));
+}
+
+// Commands enough to fill any pipe.
+const Words many_commands {"/bin/sh", "-c", "for i in 1 2 3; do " DYNAMIC_CLIENT " threads; done"};
+const std::string none_failed = "0 failures\n0 failures\n0 failures\n";
+
+TEST_P(Trace, MayEndBeforeTheWorld)
+{
+    const Ended ended = Process({"/bin/bash", "-c", "exec \"$@\" --trace >(exit) -- " DYNAMIC_CLIENT " threads", "",
+                                    EMULATOR, "run", "--mode", GetParam()})
+                            .wait();
+    EXPECT_EQ(ended.status, 0);
+    EXPECT_EQ(ended.out, "0 failures\n");
+}
+
+TEST_P(Trace, MayStandStill)
+{
+    std::array<int, 2> ends {};
+    ASSERT_EQ(pipe(ends.data()), 0);
+    const auto before = std::chrono::steady_clock::now();
+    const Ended ended =
+        Process(in_world(many_commands, {"--grace", "0.5", "--trace", "/proc/self/fd/" + std::to_string(ends[1])}))
+            .wait();
+    EXPECT_LT(std::chrono::steady_clock::now() - before, std::chrono::seconds(10));
+    EXPECT_EQ(ended.out, none_failed);
+    EXPECT_THAT(ended.err, HasSubstr("lines lost from the trace: "));
+    close(ends[0]);
+    close(ends[1]);
+}
+
+TEST_P(Trace, SaysWhatItLost)
+{
+    const Ended ended = Process(in_world(many_commands, {"--trace", "/dev/full"})).wait();
+    EXPECT_EQ(ended.out, none_failed);
+    EXPECT_EQ(ended.err, "lumozeph-emulator: lines lost from the trace: 2400 (No space left on device)\n");
+}
+
+TEST_P(Trace, MayGrowTooLarge)
+{
+    const Folder folder_of_trace(0700);
+    Words words {"/bin/bash", "-c", "(ulimit -f 1; exec \"$@\" 2>&1) | cat", ""};
+    const Words program = in_world({DYNAMIC_CLIENT, "threads"}, {"--trace", folder_of_trace.path() / "trace"});
+    words.insert(words.end(), program.begin(), program.end());
+    EXPECT_THAT(Process(words).wait().out,
+        MatchesRegex("0 failures\nlumozeph-emulator: lines lost from the trace: [0-9]+ .File too large.\n"));
+}
+
+TEST_P(Trace, NumbersCommandsInTheOrderOfTheirApplication)
+{
+    const Ended ended = Process(in_world({DYNAMIC_CLIENT, "threads"}, {"--trace", "-"})).wait();
+    std::istringstream lines(ended.err);
+    std::set<std::string> orders;
+    for (std::string line; std::getline(lines, line);)
+        orders.insert(line.substr(0, line.find(',')));
+    EXPECT_EQ(orders.size(), 800U);
+    EXPECT_EQ(orders.count("{\"order\":800"), 1U);
+}
+
+class Settings : public InMode
+{};
+INSTANTIATE_TEST_SUITE_P(Modes, Settings, modes, [](const auto& mode) { return mode.param; });
+
+TEST_P(Settings, LenientHasTheModuleAcceptWhatItRefusesOtherwise)
+{
+    const Words client {DYNAMIC_CLIENT, "endpoint-of-no-bridge"};
+    EXPECT_EQ(run(client).out, "endpoint ENOENT\n");
+    EXPECT_EQ(Process(in_world(client, {"--lenient"})).wait().out, "endpoint ok\n");
+}
+
+TEST_P(Settings, TheClockIsRealOrManual)
+{
+    const Words client {DYNAMIC_CLIENT, "get"};
+    EXPECT_EQ(Process(in_world(client, {"--clock", "real"})).wait().out, "4\n");
+    EXPECT_EQ(Process(in_world(client, {"--clock", "manual"})).wait().out, "4\n");
+    const Ended ended = Process(in_world(client, {"--clock", "broken"})).wait();
     EXPECT_EQ(ended.status, 125);
     EXPECT_THAT(ended.err, HasSubstr("broken"));
 }
 
-TEST(States, AreLoadedAndSaved)
+std::string content_of(const std::filesystem::path& path)
 {
-    std::string first = testing::TempDir() + "state-XXXXXX";
-    std::string second = testing::TempDir() + "state-XXXXXX";
-    close(mkstemp(first.data()));
-    close(mkstemp(second.data()));
-    const auto run_with = [](const Words& options, const Words& program) {
-        Words words {EMULATOR, "run"};
-        words.insert(words.end(), options.begin(), options.end());
-        words.emplace_back("--");
-        words.insert(words.end(), program.begin(), program.end());
-        return Process(words).wait();
-    };
-    EXPECT_EQ(run_with({"--save", first}, {DYNAMIC_CLIENT, "set", "9"}).status, 0);
-    EXPECT_EQ(run_with({"--load", first, "--save", second}, {DYNAMIC_CLIENT, "get"}).out, "9\n");
-    EXPECT_EQ(run_with({"--load", second, "--in-process"}, {DYNAMIC_CLIENT, "get"}).out, "9\n");
-    for (const char* in_process : {"--lenient", "--in-process"}) {
-        std::ofstream(first) << "{\n  \"loglevel\": 1\n}\n";
-        const Ended ended = run_with({"--load", first, in_process}, {DYNAMIC_CLIENT, "get"});
+    std::ifstream file(path);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+class States : public InMode
+{
+protected:
+    static Ended run(const Words& options, const Words& program) { return Process(in_world(program, options)).wait(); }
+
+    const Folder folder_ {0700};
+    const std::string first_ = folder_.path() / "first";
+    const std::string second_ = folder_.path() / "second";
+};
+INSTANTIATE_TEST_SUITE_P(Modes, States, modes, [](const auto& mode) { return mode.param; });
+
+TEST_P(States, AreLoadedAndSaved)
+{
+    EXPECT_EQ(run({"--save", first_}, {DYNAMIC_CLIENT, "set", "9"}).status, 0);
+    EXPECT_EQ(run({"--load", first_, "--save", second_}, {DYNAMIC_CLIENT, "get"}).out, "9\n");
+    EXPECT_EQ(content_of(second_), content_of(first_));
+    EXPECT_EQ(run({"--load", second_, "--save", second_}, {DYNAMIC_CLIENT, "set", "4"}).status, 0);
+    EXPECT_THAT(content_of(second_), Not(HasSubstr("logLevel")));
+    const Words in_process {EMULATOR, "run", "--load", first_, "--in-process", "--", DYNAMIC_CLIENT, "get"};
+    EXPECT_EQ(Process(in_process).wait().out, "9\n");
+}
+
+TEST_P(States, AreSavedWhateverBecomesOfTheProgram)
+{
+    const std::string script = "cd / && " DYNAMIC_CLIENT " set 5 && exit 3";
+    const Ended ended = run({"--save", first_}, {"/bin/sh", "-c", script});
+    EXPECT_EQ(ended.status, 3);
+    EXPECT_THAT(content_of(first_), StartsWith("{\n  \"logLevel\": 5,\n"));
+}
+
+TEST_P(States, AreSavedWhenWhoeverBeganTheWorldIsKilled)
+{
+    Process process(in_world({"/bin/sh", "-c", DYNAMIC_CLIENT " set 5; sleep 1000"}, {"--save", first_}));
+    process.wait_for_lines(1);
+    kill(process.pid(), SIGKILL);
+    for (int i = 0; i < 500 && content_of(first_).empty(); ++i)
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    EXPECT_THAT(content_of(first_), StartsWith("{\n  \"logLevel\": 5,\n"));
+}
+
+TEST_P(States, ThatSaySomethingElseAreRefused)
+{
+    std::ofstream(first_) << "{\n  \"loglevel\": 1\n}\n";
+    const Words client {DYNAMIC_CLIENT, "get"};
+    for (const Words& words : {in_world(client, {"--load", first_}),
+             Words {EMULATOR, "run", "--load", first_, "--in-process", "--", DYNAMIC_CLIENT, "get"}}) {
+        const Ended ended = Process(words).wait();
         EXPECT_EQ(ended.status, 125);
-        EXPECT_THAT(ended.err, HasSubstr(first + ":2:3: expected one of logLevel"));
+        EXPECT_THAT(ended.err, HasSubstr(first_ + ":2:3: expected one of logLevel"));
         EXPECT_EQ(ended.out, "");
     }
-    EXPECT_EQ(run_with({"--load", "/no/such/file"}, {DYNAMIC_CLIENT, "get"}).status, 125);
-    EXPECT_EQ(run_with({"--save", "/no/such/file"}, {DYNAMIC_CLIENT, "get"}).status, 125);
-    unlink(first.c_str());
-    unlink(second.c_str());
+    EXPECT_EQ(run({"--load", "/no/such/file"}, client).status, 125);
+}
+
+TEST_P(States, ThatCannotBeSavedFailTheEmulator)
+{
+    const Words client {DYNAMIC_CLIENT, "get"};
+    const Ended unwritable = run({"--save", "/no/such/file"}, client);
+    EXPECT_EQ(unwritable.status, 125);
+    EXPECT_EQ(unwritable.out, "");
+    const Ended full = run({"--save", "/dev/full"}, client);
+    EXPECT_EQ(full.status, 125);
+    EXPECT_EQ(full.out, "4\n");
+    EXPECT_EQ(full.err, "lumozeph-emulator: cannot write the state: No space left on device\n");
 }
 
 TEST(Options, HelpAndVersionExitWith0)
@@ -450,7 +980,8 @@ TEST(Options, CheckSaysWhetherTheMachineWillDo)
 {
     const Ended ended = Process({EMULATOR, "check"}).wait();
     EXPECT_EQ(ended.status, 0);
-    EXPECT_EQ(ended.out, "this machine can run the emulator\n");
+    EXPECT_THAT(ended.out,
+        MatchesRegex("namespaces: [^\n]+\ninjection: works\nthis machine can run the emulator; it uses [a-z]+\n"));
 }
 
 } // namespace

@@ -77,6 +77,8 @@ def run(commands, folder, environment):
 
 def first_mistake(document, environment):
     with tempfile.TemporaryDirectory() as folder:
+        # Worlds have names, which are nobody else's here.
+        environment = environment | {"XDG_RUNTIME_DIR": folder}
         for file in document.path.parent.iterdir():
             if file.is_file():
                 shutil.copy(file, folder)
@@ -105,13 +107,14 @@ def main():
     path, root, libdir = sys.argv[1:]
     installed = Path(root)
     environment = {
-        "PATH": f"{installed}/bin:/usr/local/bin:/usr/bin:/bin",
+        "PATH": f"{installed}/bin:{installed}/sbin:/usr/local/bin:/usr/bin:/bin",
         "PKG_CONFIG_PATH": f"{installed}/{libdir}/pkgconfig",
         "CMAKE_PREFIX_PATH": root,
         "LD_LIBRARY_PATH": f"{installed}/{libdir}",
         "LC_ALL": "C.UTF-8",
         "HOME": os.environ.get("HOME", "/"),
         "PYTHONDONTWRITEBYTECODE": "1",
+        "PYTHONPATH": f"{installed}/python",
     }
     sys.exit(first_mistake(markdown.read(Path(path)), environment))
 

@@ -8,10 +8,10 @@
 //     route INSTANCE PREFIX GATEWAY
 //     bridge BRIDGE
 //
-// Instances are created, and LIFs enabled. Each has a thread of its own, the bridges have another. A thread compares what is there with what
-// should be, changes what differs, and begins again until nothing does: what a failed call has left behind, or someone
-// else has undone, is found by the next comparison. LIFs that are not described are removed, and so are routes that this
-// program has made, which it knows by their mark.
+// Instances are created, and LIFs enabled. Each instance has a thread of its own, the bridges have another. A thread
+// compares what is there with what should be, changes what differs, and begins again until nothing does: what a failed
+// call has left behind, or someone else has undone, is found by the next comparison. LIFs that are not described are
+// removed, and so are routes that this program has made, which it knows by their mark.
 //
 // Exits 0 when all is as described, 1 if that was not so after 1000 attempts, 2 on wrong usage.
 #include <chrono>
@@ -35,11 +35,11 @@ struct Lif
 {
     lumozeph::ipv4_prefix address;
     lumozeph::mac mac;
-    bool up = true;
+    bool enabled = true;
 
     friend bool operator==(const Lif& a, const Lif& b)
     {
-        return a.address == b.address && a.mac == b.mac && a.up == b.up;
+        return a.address == b.address && a.mac == b.mac && a.enabled == b.enabled;
     }
 };
 

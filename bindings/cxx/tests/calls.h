@@ -2,15 +2,14 @@
 // C: calls.cpp.jinja has a line for each.
 #pragma once
 
-#include "operations/operation.h"
+#include "layer.h"
 
 #include <lumozeph.hpp>
-#include <span>
-#include <string>
 
 namespace calls {
 
-using Bytes = std::string;
+using layer::bytes_of;
+using layer::Got;
 
 // The arguments of a case, each as the type that C++ wants for it.
 class Given
@@ -47,19 +46,6 @@ private:
     const operations::Argument* arguments_;
     lumozeph::cmd_result* answer_;
 };
-
-// What an operation has got, as bytes.
-struct Got
-{
-    Bytes bytes {};
-    std::size_t count = 0;
-};
-
-template <class Type>
-Bytes bytes_of(const Type* first, std::size_t count = 1)
-{
-    return first == nullptr ? Bytes() : Bytes(reinterpret_cast<const char*>(first), count * sizeof *first);
-}
 
 template <class Record, auto Release>
 Got got(const lumozeph::owned<Record, Release>& record)

@@ -221,33 +221,6 @@ TEST(Entries, AreAsManyAsTheBufferHolds)
     });
 }
 
-TEST(RemoteReceivers, AreFreedAlsoIfThereAreNone)
-{
-    ScriptedDevice device(replies(number(0)));
-    const Call call = observe(
-        device, [] { return done([] { EXPECT_TRUE(lumozeph::get_mrouting_remote_rcvrs("blue", 1).empty()); }); });
-    EXPECT_THAT(call, LeavesNothingAllocated());
-}
-
-// The library leaves errno as it is there.
-TEST(RemoteReceivers, OfACountThatWrapsAroundAreNoSuccess)
-{
-    ScriptedDevice device(reports(number(31580642), 139268));
-    device.next(reports(number(31580642), 139268));
-    observe(device, small, [] {
-        return done([] {
-            lumozeph::vtep_table table;
-            EXPECT_EQ(lumozeph::try_get_mrouting_remote_rcvrs("blue", 1, table).value(), EOVERFLOW);
-            try {
-                lumozeph::get_mrouting_remote_rcvrs("blue", 1);
-                ADD_FAILURE() << "no exception";
-            } catch (const lumozeph::error& error) {
-                EXPECT_EQ(error.code().value(), EOVERFLOW);
-            }
-        });
-    });
-}
-
 // What C would follow or read beyond is rejected before the call.
 TEST(Arguments, ThatCWouldReadBeyondAreRejected)
 {

@@ -1,6 +1,6 @@
-// A module in the same process that fails at random: in a program that is linked with this, a quarter of the calls fail
-// with an errno, half of these after they have done their work, and some replies are cut short. LUMOZEPH_FAULTS is the
-// seed. It begins with an instance, and says at the end what there is then, without faults.
+// A module in the same process that fails at random: in a program that is linked with this, or started with it preloaded,
+// a quarter of the calls fail with an errno, half of these after they have done their work, and some replies are cut
+// short. LUMOZEPH_FAULTS is the seed. It begins with an instance, and says at the end what there is then, without faults.
 #include "emulator/model/module.h"
 #include "operations/envelope.h"
 
@@ -32,11 +32,13 @@ public:
     FaultyModule()
     {
         const std::uint8_t mac[6] {2, 0, 0, 0, 0, 1};
-        LUMOZEPH_SetLumoInstance("blue", 0, nullptr, 0);
-        LUMOZEPH_SetLif("uplink", "", 0x0100000a, 0x00ffffff, 0, 0, 0, 0, "blue", mac);
-        LUMOZEPH_SetLif("stray", "", 0x0100010a, 0x00ffffff, 0, 0, 0, 0, "blue", mac);
-        LUMOZEPH_SetRoute(0x000200c0, 0x00ffffff, 0x0200000a, nullptr, "blue", 4711, nullptr);
-        LUMOZEPH_BridgeAdd("br0", 0);
+        if (LUMOZEPH_SetLumoInstance("blue", 0, nullptr, 0) != 0 ||
+            LUMOZEPH_SetLif("uplink", "", 0x0100000a, 0x00ffffff, 0, 0, 0, 0, "blue", mac) != 0 ||
+            LUMOZEPH_SetLif("stray", "", 0x0100010a, 0x00ffffff, 0, 0, 0, 0, "blue", mac) != 0 ||
+            LUMOZEPH_EnableLif("blue", "uplink") != 0 ||
+            LUMOZEPH_SetRoute(0x000200c0, 0x00ffffff, 0x0200000a, nullptr, "blue", 4711, nullptr) != 0 ||
+            LUMOZEPH_BridgeAdd("br0", 0) != 0)
+            std::abort();
         faults_ = true;
     }
     ~FaultyModule()
@@ -131,6 +133,9 @@ struct Lifetime
     ~Lifetime() { module().~FaultyModule(); }
 } lifetime;
 
+// The descriptor of the device that this thread has opened and not used yet: a call uses one once.
+thread_local int device = -1;
+
 } // namespace
 
 extern "C" {
@@ -142,15 +147,21 @@ int open64(const char* path, int flags, ...)
     const auto mode = (flags & O_CREAT) != 0 ? va_arg(arguments, mode_t) : 0;
     va_end(arguments);
     const bool is_device = std::strncmp(path, "/pelt/", 6) == 0;
-    return static_cast<int>(syscall(SYS_openat, AT_FDCWD, is_device ? "/dev/null" : path, flags, mode));
+    const int descriptor = static_cast<int>(syscall(SYS_openat, AT_FDCWD, is_device ? "/dev/null" : path, flags, mode));
+    if (is_device)
+        device = descriptor;
+    return descriptor;
 }
 
-int ioctl(int, unsigned long number, ...) noexcept
+int ioctl(int descriptor, unsigned long number, ...) noexcept
 {
     va_list arguments;
     va_start(arguments, number);
     void* const argument = va_arg(arguments, void*);
     va_end(arguments);
+    if (descriptor != device)
+        return static_cast<int>(syscall(SYS_ioctl, descriptor, number, argument));
+    device = -1;
     return module().answer(static_cast<std::uint32_t>(number), argument);
 }
 

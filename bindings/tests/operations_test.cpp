@@ -1,9 +1,7 @@
-// Every operation of the C++ layer against the tables of operations/ and against the same call of C.
-#include "calls.h"
+// Every operation of a layer against the tables of operations/ and against the same call of C.
+#include "layer.h"
 #include "operations/reply.h"
-#include "shapes/rows.h"
 
-#include <map>
 #include <set>
 
 using namespace operations;
@@ -12,17 +10,6 @@ using shapes::Row;
 using shapes::ScriptedDevice;
 
 namespace {
-
-const calls::Call& call_of(const Row& row)
-{
-    static const auto by_name = [] {
-        std::map<std::string, const calls::Call*> all;
-        for (const calls::Call& call : calls::all())
-            all[call.c_name] = &call;
-        return all;
-    }();
-    return *by_name.at(row.operation->function.name);
-}
 
 // The layer has no workers: their lists come from the other form.
 std::vector<Row> rows_of_the_layer()
@@ -38,10 +25,12 @@ std::vector<Row> rows_of_the_layer()
     return rows;
 }
 
+using layer::Outcome;
+
 // Bytes of which none is zero and no two neighbours are the same.
-calls::Bytes pattern(std::size_t size)
+Bytes pattern(std::size_t size)
 {
-    calls::Bytes bytes(size, '\0');
+    Bytes bytes(size, '\0');
     for (std::size_t i = 0; i < size; ++i)
         bytes[i] = static_cast<char>(1 + i % 127);
     return bytes;
@@ -50,13 +39,13 @@ calls::Bytes pattern(std::size_t size)
 // What the device answers to a row: first, where there are two commands, and then.
 std::vector<Answer> replies_to(const Operation& operation)
 {
-    calls::Bytes count(4, '\0');
+    Bytes count(4, '\0');
     put(count, 0, 2, 4);
     switch (operation.shape) {
     case Shape::SingleRead:
         return {fake::replies(reply_record(*operation.layouts.begin(), 1))};
     case Shape::ListRead: {
-        calls::Bytes records;
+        Bytes records;
         for (std::size_t i = 0; i < 3; ++i)
             records += reply_record(*operation.layouts.begin(), i);
         return {fake::replies(records)};
@@ -64,7 +53,7 @@ std::vector<Answer> replies_to(const Operation& operation)
     case Shape::CountedTable:
         return {fake::replies(count + pattern(2 * 68))};
     case Shape::CountedArrays: {
-        calls::Bytes block = pattern(operation.room);
+        Bytes block = pattern(operation.room);
         put(block, 4, 3, 4);
         return {fake::replies(block)};
     }
@@ -79,122 +68,113 @@ std::vector<Answer> replies_to(const Operation& operation)
     }
 }
 
-enum class Form
-{
-    InC,
-    Throwing,
-    Trying
-};
-
-struct Outcome
-{
-    fake::Call call;
-    int error = 0; // 0: success
-    calls::Got got;
-    calls::Bytes answer;
-    std::string operation; // that the exception names
-};
-
 // What C hands out, as the layer would.
-calls::Got got_by_c(const Operation& operation, void* target, std::uint32_t count)
+layer::Got got_by_c(const Operation& operation, void* target, std::uint32_t count)
 {
     const auto handed_out = [&] {
         void* pointer;
         std::memcpy(&pointer, target, sizeof pointer);
         return static_cast<const char*>(pointer);
     };
-    const auto holder = [&](std::size_t size) -> calls::Got {
+    const auto holder = [&](std::size_t size) -> layer::Got {
         std::int32_t records;
         const char* first;
         std::memcpy(&records, handed_out(), 4);
         std::memcpy(&first, handed_out() + 8, 8);
-        return {calls::bytes_of(first, static_cast<std::size_t>(records) * size), static_cast<std::size_t>(records)};
+        return {layer::bytes_of(first, static_cast<std::size_t>(records) * size), static_cast<std::size_t>(records)};
     };
     switch (operation.shape) {
     case Shape::SingleRead:
     case Shape::CountedArrays:
-        return {calls::bytes_of(handed_out(), operation.room), 1};
+        return {layer::bytes_of(handed_out(), operation.room), 1};
     case Shape::ListRead:
         return holder(operation.layouts.begin()->size);
     case Shape::CountedTable:
         return holder(68);
     case Shape::CountedBlock:
-        return {calls::bytes_of(handed_out(), count * 776), count};
+        return {layer::bytes_of(handed_out(), count * 776), count};
     case Shape::CountedRead:
-        return {calls::bytes_of(static_cast<char*>(target), std::min(count * 235u, 1000u / 235 * 235)), count};
+        return {layer::bytes_of(static_cast<char*>(target), std::min(count * 235u, 1000u / 235 * 235)), count};
     default:
-        return {calls::bytes_of(static_cast<char*>(target), target_size(operation)), 1};
+        return {layer::bytes_of(static_cast<char*>(target), target_size(operation)), 1};
     }
 }
 
-class CxxOperations : public shapes::Rows
+// The same call of C.
+void call_c(const Row& row, LumoCmdResult* answer, Outcome& outcome)
+{
+    const Operation& operation = *row.operation;
+    std::vector<char> memory(std::max<std::size_t>(target_size(operation), sizeof(void*)));
+    std::uint32_t count = 0;
+    if (row.call(answer != nullptr ? static_cast<void*>(answer) : memory.data(), &count) != 0) {
+        outcome.error = errno;
+        return;
+    }
+    if (hands_out(operation) || (target_size(operation) > 0 && answer == nullptr))
+        outcome.got = got_by_c(operation, memory.data(), count);
+    if (hands_out(operation)) {
+        void* result;
+        std::memcpy(&result, memory.data(), sizeof result);
+        if (operation.release.name != nullptr)
+            row.release(result);
+        else
+            free(result);
+    }
+}
+
+constexpr layer::Form in_c {call_c, layer::Failure::IsErrnoAlone};
+
+class LayerOperations : public shapes::Rows
 {
 protected:
     const Operation& operation = *row.operation;
 
     // Calls the operation, and releases what it hands out.
-    Outcome run(Form form, const std::vector<Answer>& answers, const fake::System& system = {.kept_content = 4096})
+    Outcome run(const layer::Form& form, const std::vector<Answer>& answers,
+        const fake::System& system = {.kept_content = 4096}) const
     {
         ScriptedDevice device;
         for (const Answer& answer : answers)
             device.next(answer);
         Outcome outcome;
-        lumozeph::cmd_result answer {};
+        LumoCmdResult answer {};
         const bool answered = operation.shape == Shape::ResultSend;
-        const calls::Given given(*row.one, answered ? &answer : nullptr);
         outcome.call = observe(device, system, [&] {
-            switch (form) {
-            case Form::InC:
-                outcome.error = call_c(outcome.got, answered ? &answer : nullptr);
-                break;
-            case Form::Throwing:
-                try {
-                    outcome.got = call_of(row).throwing(given);
-                } catch (const lumozeph::error& error) {
-                    EXPECT_EQ(error.code().category(), std::system_category());
-                    outcome.error = error.code().value();
-                    outcome.operation = error.operation();
-                    EXPECT_THAT(error.what(), testing::StartsWith(outcome.operation + ": "));
-                }
-                break;
-            case Form::Trying:
-                outcome.error = call_of(row).trying(given, outcome.got).value();
-                break;
-            }
+            form.call(row, answered ? &answer : nullptr, outcome);
             return outcome.error == 0 ? 0 : -1;
         });
-        outcome.answer = calls::bytes_of(&answer);
+        outcome.answer = layer::bytes_of(&answer);
         return outcome;
     }
 
-    // C++ makes the same calls of the system as C, and tells the same.
-    void expect_like_c(const std::vector<Answer>& answers, const fake::System& system = {.kept_content = 4096})
+    // The layer makes the same calls of the system as C, and tells the same.
+    void expect_like_c(const std::vector<Answer>& answers, const fake::System& system = {.kept_content = 4096}) const
     {
-        const Outcome in_c = run(Form::InC, answers, system);
-        for (const Form form : {Form::Throwing, Form::Trying}) {
+        const Outcome due = run(in_c, answers, system);
+        for (const layer::Form& form : layer::forms()) {
             const Outcome here = run(form, answers, system);
-            EXPECT_EQ(here.error, in_c.error);
-            EXPECT_EQ(here.answer, in_c.answer);
+            EXPECT_EQ(here.error, due.error);
+            EXPECT_EQ(here.answer, due.answer);
             EXPECT_EQ(here.call.descriptors_left, 0);
-            EXPECT_EQ(here.call.sent.size(), in_c.call.sent.size());
+            EXPECT_EQ(here.call.sent.size(), due.call.sent.size());
             for (std::size_t i = 0; i < here.call.sent.size(); ++i)
-                expect_same(here.call.sent[i], in_c.call.sent.at(i));
-            if (in_c.error == 0) {
-                EXPECT_EQ(here.got.bytes, in_c.got.bytes);
-                EXPECT_EQ(here.got.count, in_c.got.count);
-            } else if (form == Form::Throwing) {
-                EXPECT_EQ(here.operation, call_of(row).name);
+                expect_same(here.call.sent[i], due.call.sent.at(i));
+            if (due.error == 0) {
+                EXPECT_EQ(here.got.bytes, due.got.bytes);
+                EXPECT_EQ(here.got.count, due.got.count);
+            } else if (form.failure == layer::Failure::NamesOperation) {
+                EXPECT_EQ(here.operation, layer::names().at(operation.function.name));
             }
             // A large reply lies in memory that C's caller has and the layer allocates.
             if (operation.shape != Shape::RawRead || operation.room <= 4096) {
-                EXPECT_EQ(without_free_of_null(here.call.events), in_c.call.events);
-                EXPECT_EQ(here.call.blocks_left, in_c.call.blocks_left);
+                EXPECT_EQ(without_free_of_null(here.call.events), due.call.events);
+                EXPECT_EQ(here.call.blocks_left, due.call.blocks_left);
             } else {
                 EXPECT_THAT(here.call, fake::LeavesNothingAllocated());
             }
             free_left(here.call);
         }
-        free_left(in_c.call);
+        free_left(due.call);
     }
 
     // An owner of nothing gives null to what frees it, which is free itself for one record.
@@ -206,43 +186,21 @@ protected:
         return events;
     }
 
-    void expect_same(const fake::Sent& here, const fake::Sent& in_c) const
+    void expect_same(const fake::Sent& here, const fake::Sent& due) const
     {
-        EXPECT_EQ(here.number, in_c.number);
-        EXPECT_EQ(here.in_len, in_c.in_len);
-        EXPECT_EQ(here.out_len, in_c.out_len);
+        EXPECT_EQ(here.number, due.number);
+        EXPECT_EQ(here.in_len, due.in_len);
+        EXPECT_EQ(here.out_len, due.out_len);
         for (std::size_t i = 0; i < here.input.size(); ++i)
             if (operation.remainder == Remainder::Cleared || row.one->request.names(i)) {
-                ASSERT_EQ(here.input[i], in_c.input[i]) << "byte " << i;
+                ASSERT_EQ(here.input[i], due.input[i]) << "byte " << i;
             }
     }
-
-private:
-    int call_c(calls::Got& got, lumozeph::cmd_result* answer) const
-    {
-        std::vector<char> memory(std::max<std::size_t>(target_size(operation), sizeof(void*)));
-        std::uint32_t count = 0;
-        if (row.call(answer != nullptr ? static_cast<void*>(answer) : memory.data(), &count) != 0)
-            return errno;
-        if (hands_out(operation) || (target_size(operation) > 0 && answer == nullptr))
-            got = got_by_c(operation, memory.data(), count);
-        if (hands_out(operation)) {
-            void* result;
-            std::memcpy(&result, memory.data(), sizeof result);
-            if (operation.release.name != nullptr)
-                row.release(result);
-            else
-                free_here(result);
-        }
-        return 0;
-    }
-
-    static void free_here(void* block) { free(block); }
 };
 
-TEST_P(CxxOperations, SendWhatTheTablesSay)
+TEST_P(LayerOperations, SendWhatTheTablesSay)
 {
-    for (const Form form : {Form::Throwing, Form::Trying}) {
+    for (const layer::Form& form : layer::forms()) {
         const Outcome outcome = run(form, replies_to(operation));
         EXPECT_EQ(outcome.error, 0);
         ASSERT_FALSE(outcome.call.sent.empty());
@@ -260,7 +218,7 @@ TEST_P(CxxOperations, SendWhatTheTablesSay)
     }
 }
 
-TEST_P(CxxOperations, GetAndFreeWhatCDoes)
+TEST_P(LayerOperations, GetAndFreeWhatCDoes)
 {
     expect_like_c(replies_to(operation));
     // What the module does not write of a number is undefined.
@@ -268,21 +226,21 @@ TEST_P(CxxOperations, GetAndFreeWhatCDoes)
         expect_like_c({});
 }
 
-TEST_P(CxxOperations, DecodeRecords)
+TEST_P(LayerOperations, DecodeRecords)
 {
     if (row.layout == nullptr)
         return;
     const std::vector<Answer> answers = replies_to(operation);
-    const Outcome outcome = run(Form::Throwing, answers);
-    calls::Bytes expected;
+    const Outcome outcome = run(layer::forms()[0], answers);
+    Bytes expected;
     for (std::size_t at = 0; at < answers[0].reply.size(); at += row.layout->size) {
-        const calls::Bytes record = answers[0].reply.substr(at, row.layout->size);
+        const Bytes record = answers[0].reply.substr(at, row.layout->size);
         expected += decoded(layout_of(operation.layouts, record), record);
     }
     EXPECT_EQ(outcome.got.bytes, expected);
 }
 
-TEST_P(CxxOperations, TellEveryErrnoOfTheDevice)
+TEST_P(LayerOperations, TellEveryErrnoOfTheDevice)
 {
     for (int error = 1; error < 134; ++error)
         expect_like_c({fake::fails(error)});
@@ -292,7 +250,7 @@ TEST_P(CxxOperations, TellEveryErrnoOfTheDevice)
     }
 }
 
-TEST_P(CxxOperations, TellWhatFailsInTheLibrary)
+TEST_P(LayerOperations, TellWhatFailsInTheLibrary)
 {
     expect_like_c({}, {.open_error = ENOENT, .kept_content = 4096});
     if (operation.shape != Shape::GetValue) {
@@ -305,19 +263,45 @@ TEST_P(CxxOperations, TellWhatFailsInTheLibrary)
         expect_like_c(replies_to(operation), {.failing_allocation = allocation, .kept_content = 4096});
 }
 
-INSTANTIATE_TEST_SUITE_P(, CxxOperations, testing::ValuesIn(rows_of_the_layer()), shapes::NameOfRow());
+INSTANTIATE_TEST_SUITE_P(, LayerOperations, testing::ValuesIn(rows_of_the_layer()), shapes::NameOfRow());
+
+// Tables whose length the module says.
+class LayerTables : public LayerOperations
+{};
+
+// Their release leaves the array of an empty one allocated.
+TEST_P(LayerTables, AreFreedAlsoIfTheyAreEmpty)
+{
+    for (const layer::Form& form : layer::forms()) {
+        const Outcome outcome = run(form, {fake::replies(Bytes(4, '\0'))});
+        EXPECT_EQ(outcome.error, 0);
+        EXPECT_EQ(outcome.got.count, 0u);
+        EXPECT_THAT(outcome.call, fake::LeavesNothingAllocated());
+    }
+}
+
+// The library leaves errno as it is there.
+TEST_P(LayerTables, OfACountThatWrapsAroundAreNoSuccess)
+{
+    Bytes count(4, '\0');
+    put(count, 0, 31580642, 4);
+    for (const layer::Form& form : layer::forms())
+        EXPECT_EQ(run(form, {fake::reports(count, 139268)}).error, EOVERFLOW);
+}
+
+INSTANTIATE_TEST_SUITE_P(, LayerTables, testing::ValuesIn(shapes::rows_of(Shape::CountedTable)), shapes::NameOfRow());
 
 // 146 were the first.
-TEST(CxxLayer, HasEveryOperationOfTheTables)
+TEST(Layer, HasEveryOperationOfTheTables)
 {
     std::set<std::string> rows;
     for (const Row& row : rows_of_the_layer())
         rows.insert(row.operation->function.name);
     std::set<std::string> here;
     std::set<std::string> names;
-    for (const calls::Call& call : calls::all()) {
-        here.insert(call.c_name);
-        names.insert(call.name);
+    for (const auto& [c_name, name] : layer::names()) {
+        here.insert(c_name);
+        names.insert(name);
     }
     EXPECT_EQ(here, rows);
     EXPECT_EQ(names.size(), here.size());

@@ -1,0 +1,274 @@
+// Worlds with names, which are shared between shells.
+#include "emulator/tests/in_mode.h"
+
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::MatchesRegex;
+using testing::StartsWith;
+
+namespace {
+
+// The commands of a user whose XDG_RUNTIME_DIR is a folder of the test's.
+class Named : public InMode
+{
+protected:
+    Words emulator(const Words& words) const
+    {
+        Words all {"/usr/bin/env", "XDG_RUNTIME_DIR=" + runtime_.path().string(), mark_, EMULATOR};
+        all.insert(all.end(), words.begin(), words.end());
+        return all;
+    }
+
+    Ended say(const Words& words) const { return Process(emulator(words)).wait(); }
+
+    Words serve(const std::string& name) const { return emulator({"serve", "--mode", GetParam(), "--world", name}); }
+
+    Ended join(const std::string& name, const Words& program) const
+    {
+        Words words {"join", name, "--"};
+        words.insert(words.end(), program.begin(), program.end());
+        return say(words);
+    }
+
+    void wait_for(const std::string& name) const
+    {
+        const std::string line = name + " " + GetParam() + "\n";
+        for (int i = 0; i < 500 && say({"list"}).out.find(line) == std::string::npos; ++i)
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+
+    std::filesystem::path folder() const { return runtime_.path() / "lumozeph-emulator"; }
+
+    void expect_nothing_left() const
+    {
+        expect_none_with(mark_);
+        for (int i = 0; i < 100 && std::filesystem::exists(folder()); ++i)
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        EXPECT_FALSE(std::filesystem::exists(folder()));
+    }
+
+    const std::string mark_ = "LUMOZEPH_TEST=" + std::to_string(getpid());
+    Folder runtime_ {0700};
+};
+INSTANTIATE_TEST_SUITE_P(Modes, Named, modes, [](const auto& mode) { return mode.param; });
+
+TEST_P(Named, WorldsLiveUntilTheyAreStopped)
+{
+    Process world(serve("shared"));
+    wait_for("shared");
+    EXPECT_EQ(join("shared", {DYNAMIC_CLIENT, "set", "17"}).out, "set ok\n");
+    EXPECT_EQ(join("shared", {STATIC_CLIENT, "get"}).out, "17\n");
+    EXPECT_EQ(say({"stop", "shared"}).status, 0);
+    EXPECT_EQ(world.wait().status, 0);
+    EXPECT_EQ(say({"list"}).out, "");
+    expect_nothing_left();
+}
+
+TEST_P(Named, WorldsOfAProgramCanBeJoinedWhileItRuns)
+{
+    Process program(emulator({"run", "--mode", GetParam(), "--world", "mine", "--", "/bin/sh", "-c",
+        DYNAMIC_CLIENT " set 18; while [ $(" DYNAMIC_CLIENT " get) = 18 ]; do :; done; echo $LUMOZEPH_WORLD; exit 3"}));
+    program.wait_for_lines(1);
+    EXPECT_EQ(
+        join("mine", {"/bin/sh", "-c", "echo $LUMOZEPH_WORLD; exec " DYNAMIC_CLIENT " set 19"}).out, "mine\nset ok\n");
+    const Ended ended = program.wait();
+    EXPECT_EQ(ended.status, 3);
+    EXPECT_EQ(ended.out, "set ok\nmine\n");
+    expect_nothing_left();
+}
+
+TEST_P(Named, WorldsTraceTheOpensOfTheirGuests)
+{
+    Process world(emulator({"serve", "--mode", GetParam(), "--world", "seen", "--opens", "--trace", "-"}));
+    wait_for("seen");
+    EXPECT_EQ(join("seen", {DYNAMIC_CLIENT, "get"}).out, "4\n");
+    EXPECT_EQ(say({"stop", "seen"}).status, 0);
+    EXPECT_THAT(world.wait().err,
+        HasSubstr("\"open\":\"/pelt/devices/char/zephdriver/kola_lumo\",\"flags\":2}\n{\"order\":1,"));
+}
+
+TEST_P(Named, WorldsBeginWithAStateAndLeaveOne)
+{
+    const std::string state = runtime_.path() / "state";
+    std::ofstream(state) << "{\"logLevel\": 3}";
+    const Words words {"serve", "--mode", GetParam(), "--world", "kept", "--load", state, "--save", state, "--lenient",
+        "--clock", "manual"};
+    Process world(emulator(words));
+    wait_for("kept");
+    EXPECT_EQ(join("kept", {DYNAMIC_CLIENT, "get"}).out, "3\n");
+    EXPECT_EQ(join("kept", {DYNAMIC_CLIENT, "endpoint-of-no-bridge"}).out, "endpoint ok\n");
+    EXPECT_EQ(say({"stop", "kept"}).status, 0);
+    std::ifstream file(state);
+    EXPECT_THAT(std::string(std::istreambuf_iterator<char>(file), {}), MatchesRegex(".*logLevel.: 3,.*endpoints.*"));
+    EXPECT_EQ(world.wait().status, 0);
+}
+
+TEST_P(Named, WorldsEndByASignal)
+{
+    Process world(serve("ending"));
+    wait_for("ending");
+    kill(world.pid(), SIGTERM);
+    EXPECT_EQ(world.wait().status, 0);
+    expect_nothing_left();
+}
+
+TEST_P(Named, WorldsTakeTheirGuestsAlong)
+{
+    Process world(serve("short"));
+    wait_for("short");
+    Process guest(emulator({"join", "short", "--", "/bin/sh", "-c",
+        "trap 'echo asked; exit 4' TERM; echo ready; "
+        "while :; do sleep 0.01; done"}));
+    guest.wait_for_lines(1);
+    if (GetParam() == "namespaces") {
+        EXPECT_EQ(say({"stop", "short"}).status, 0);
+        const Ended ended = guest.wait();
+        EXPECT_EQ(ended.status, 4);
+        EXPECT_EQ(ended.out, "ready\nasked\n");
+    } else {
+        kill(world.pid(), SIGKILL);
+        EXPECT_EQ(guest.wait().signal, SIGKILL);
+    }
+    world.wait();
+    expect_nothing_left();
+}
+
+TEST_P(Named, GuestsEndAsTheirProgramsAndHearSignals)
+{
+    Process world(serve("host"));
+    wait_for("host");
+    EXPECT_EQ(join("host", {"/bin/sh", "-c", "exit 9"}).status, 9);
+    EXPECT_EQ(join("host", {"/bin/sh", "-c", "kill -USR1 $$"}).signal, SIGUSR1);
+    EXPECT_EQ(join("host", {"/no/such/program"}).status, 127);
+    EXPECT_EQ(join("host", {"/bin/pwd"}).out, std::filesystem::current_path().string() + "\n");
+    Process guest(emulator({"join", "host", "--", "/bin/sh", "-c",
+        "trap 'echo heard; exit 7' TERM; echo ready; while :; do sleep 0.05; done"}));
+    guest.wait_for_lines(1);
+    kill(guest.pid(), SIGTERM);
+    const Ended ended = guest.wait();
+    EXPECT_EQ(ended.status, 7);
+    EXPECT_EQ(ended.out, "ready\nheard\n");
+    Process killed(emulator({"join", "host", "--", "/bin/sh", "-c", "echo $$; exec sleep 1000"}));
+    killed.wait_for_lines(1);
+    kill(killed.pid(), SIGKILL);
+    EXPECT_EQ(join("host", {DYNAMIC_CLIENT, "get"}).out, "4\n");
+    EXPECT_EQ(say({"stop", "host"}).status, 0);
+    world.wait();
+    expect_nothing_left();
+}
+
+TEST_P(Named, WorldsHaveOneNameEach)
+{
+    Process world(serve("one"));
+    wait_for("one");
+    const Ended second = Process(serve("one")).wait();
+    EXPECT_EQ(second.status, 125);
+    EXPECT_EQ(second.err, "lumozeph-emulator: there is a world 'one' already\n");
+    for (const std::string& name : Words {"", ".", "..", "a/b", "-x", "a b", std::string(65, 'a')})
+        EXPECT_EQ(say({"serve", "--world", name}).status, 125) << name;
+    EXPECT_EQ(say({"join", "two", "--", "/bin/true"}).err, "lumozeph-emulator: there is no world 'two'\n");
+    EXPECT_EQ(say({"stop", "two"}).status, 125);
+}
+
+TEST_P(Named, WorldsCannotBeJoinedFromAnother)
+{
+    Process world(serve("outer"));
+    wait_for("outer");
+    const Ended ended = Process(in_world(emulator({"join", "outer", "--", "/bin/true"}))).wait();
+    EXPECT_EQ(ended.status, 125);
+    EXPECT_THAT(ended.err, StartsWith("lumozeph-emulator: cannot run inside another emulated world"));
+}
+
+TEST_P(Named, WorldsCannotBeServedFromAnother)
+{
+    const Ended ended = Process(in_world(serve("inner"))).wait();
+    EXPECT_EQ(ended.status, 125);
+    EXPECT_THAT(ended.err, StartsWith("lumozeph-emulator: cannot run inside another emulated world"));
+    expect_nothing_left();
+}
+
+TEST_P(Named, WorldsLeaveNothingWhenTheirProcessesAreKilled)
+{
+    {
+        Process world(serve("killed"));
+        wait_for("killed");
+        Process guest(emulator({"join", "killed", "--", "/bin/sleep", "1000"}));
+        std::this_thread::sleep_for(std::chrono::milliseconds(200));
+        kill(world.pid(), SIGKILL);
+        expect_nothing_left();
+    }
+    Process world(serve("killed"));
+    wait_for("killed");
+    kill(only_child_of(world.pid()), SIGKILL);
+    EXPECT_EQ(world.wait().status, 125);
+    expect_nothing_left();
+}
+
+TEST_P(Named, WorldsBelongToTheirUserAlone)
+{
+    Process world(serve("private"));
+    wait_for("private");
+    struct stat found
+    {};
+    ASSERT_EQ(stat(folder().c_str(), &found), 0);
+    EXPECT_EQ(found.st_mode & 07777, 0700U);
+    EXPECT_EQ(found.st_uid, geteuid());
+    ASSERT_EQ(stat((folder() / "private").c_str(), &found), 0);
+    EXPECT_EQ(found.st_mode & 07777, 0600U);
+    if (geteuid() != 0)
+        return;
+    std::filesystem::permissions(runtime_.path(), std::filesystem::perms(0755));
+    const Ended other = Process(emulator({"join", "private", "--", "/bin/true"}), User::Ordinary).wait();
+    EXPECT_EQ(other.status, 125);
+    EXPECT_THAT(
+        other.err, MatchesRegex("lumozeph-emulator: .*/lumozeph-emulator is not a folder of this user alone\n"));
+}
+
+TEST_P(Named, WorldsAreNotMadeInFoldersThatOthersMayWrite)
+{
+    std::filesystem::create_directory(folder());
+    std::filesystem::permissions(folder(), std::filesystem::perms(0777));
+    EXPECT_THAT(Process(serve("open")).wait().err, HasSubstr("is not a folder of this user alone"));
+    std::filesystem::remove(folder());
+    std::filesystem::create_directory(runtime_.path() / "elsewhere");
+    std::filesystem::permissions(runtime_.path() / "elsewhere", std::filesystem::perms(0700));
+    std::filesystem::create_symlink("elsewhere", folder());
+    EXPECT_THAT(Process(serve("linked")).wait().err, HasSubstr("is not a folder of this user alone"));
+}
+
+TEST_P(Named, WorldsLieUnderTmpWithoutARuntimeFolder)
+{
+    const std::string name = "test-" + std::to_string(getpid()) + GetParam();
+    Process world({"/usr/bin/env", "-u", "XDG_RUNTIME_DIR", EMULATOR, "serve", "--mode", GetParam(), "--world", name});
+    const std::filesystem::path expected = "/tmp/lumozeph-emulator-" + std::to_string(geteuid()) + "/" + name;
+    for (int i = 0; i < 500 && !std::filesystem::is_socket(expected); ++i)
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    EXPECT_TRUE(std::filesystem::is_socket(expected));
+    kill(world.pid(), SIGTERM);
+    world.wait();
+    EXPECT_FALSE(std::filesystem::exists(expected));
+}
+
+TEST_P(Named, WorldsTellAServiceManagerThatTheyAreReady)
+{
+    const int manager = socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0);
+    sockaddr_un address {};
+    address.sun_family = AF_UNIX;
+    const std::string path = runtime_.path() / "notify";
+    path.copy(address.sun_path, sizeof address.sun_path - 1);
+    ASSERT_EQ(bind(manager, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
+    Words words = serve("service");
+    words.insert(words.begin() + 1, "NOTIFY_SOCKET=" + path);
+    Process world(words);
+    std::array<char, 100> told {};
+    const ssize_t length = recv(manager, told.data(), told.size(), 0);
+    EXPECT_EQ(std::string(told.data(), static_cast<std::size_t>(length)), "READY=1");
+    EXPECT_EQ(join("service", {DYNAMIC_CLIENT, "get"}).out, "4\n");
+    close(manager);
+}
+
+} // namespace

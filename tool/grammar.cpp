@@ -1,0 +1,173 @@
+#include "tool/grammar.h"
+
+#include "tool/mistakes.h"
+#include "tool/objects/objects.h"
+#include "tool/pattern.h"
+#include "tool/spelling.h"
+#include "tool/words.h"
+
+#include <algorithm>
+#include <arpa/inet.h>
+#include <fmt/format.h>
+#include <iterator>
+#include <optional>
+
+namespace tool {
+namespace {
+
+bool looks_like_ipv6(const std::string& word)
+{
+    in6_addr address {};
+    return inet_pton(AF_INET6, word.substr(0, word.find('/')).c_str(), &address) == 1;
+}
+
+bool any_looks_like_ipv6(std::span<const std::string> words)
+{
+    return std::ranges::any_of(words, looks_like_ipv6);
+}
+
+// The verbs whose words these are, and how many they are. Of several that a shortened word may mean, it means the first.
+class Path
+{
+public:
+    explicit Path(std::span<const std::string> words)
+    {
+        for (const Object& object : known_objects())
+            for (const Verb& verb : object.verbs)
+                _verbs.push_back(&verb);
+        while (_length < words.size() && !is_whole() && step(words[_length]))
+            ++_length;
+    }
+
+    std::size_t length() const { return _length; }
+    const std::vector<const Verb*>& verbs() const { return _verbs; }
+    bool is_whole() const { return _length > 0 && split(_verbs.front()->words, ' ').size() == _length; }
+
+    std::vector<std::string_view> next_words() const
+    {
+        std::vector<std::string_view> words;
+        for (const Verb* const verb : _verbs)
+            if (const std::string_view word = split(verb->words, ' ')[_length];
+                std::ranges::find(words, word) == words.end())
+                words.push_back(word);
+        return words;
+    }
+
+private:
+    bool step(const std::string& word)
+    {
+        const std::vector<std::string_view> known = next_words();
+        auto found = std::ranges::find(known, word);
+        if (found == known.end() && !word.empty())
+            found = std::ranges::find_if(known, [&](std::string_view one) { return one.starts_with(word); });
+        if (found == known.end())
+            return false;
+        const std::string_view meant = *found;
+        std::erase_if(_verbs, [&](const Verb* verb) { return split(verb->words, ' ')[_length] != meant; });
+        return true;
+    }
+
+    std::vector<const Verb*> _verbs;
+    std::size_t _length = 0;
+};
+
+Step step(const Verb& verb, std::vector<Given> given)
+{
+    const Operation* const operation = find_operation(verb.operation);
+    for (const std::string_view one : split(verb.implied, ' ')) {
+        const std::size_t equals = one.find('=');
+        const std::string name(one.substr(0, equals));
+        if (std::ranges::find(given, name, &Given::name) == given.end())
+            given.push_back({name, std::string(one.substr(equals + 1))});
+    }
+    return {&verb, operation, std::move(given)};
+}
+
+[[noreturn]] void refuse(const std::string& word, std::span<const std::string_view> known)
+{
+    throw Misuse(fmt::format("'{}' is not expected here{}", word, nearest(word, known)));
+}
+
+Step one_of(std::span<const Verb* const> verbs, std::span<const std::string> words, bool prefer_ipv6)
+{
+    const bool is_ipv6 = prefer_ipv6 || any_looks_like_ipv6(words);
+    const auto meant = std::ranges::find(verbs, is_ipv6, &Verb::is_ipv6);
+    const Verb& verb = meant == verbs.end() ? *verbs.front() : **meant;
+    const Pattern pattern(verb.form);
+    Pattern::Match places = pattern.match_places(words);
+    const Pattern::Match keywords = pattern.match_keywords(words.subspan(places.words));
+    const std::size_t end = places.words + keywords.words;
+    if (end < words.size())
+        refuse(words[end], pattern.keywords());
+    std::ranges::copy(keywords.given, std::back_inserter(places.given));
+    return step(verb, std::move(places.given));
+}
+
+std::vector<Step> several_of(std::span<const Verb* const> verbs, std::span<const std::string> words)
+{
+    const Pattern::Match places = Pattern(verbs.front()->form).match_places(words);
+    std::vector<Step> steps;
+    std::vector<std::string_view> known;
+    for (std::size_t at = places.words; at < words.size();) {
+        std::size_t taken = 0;
+        std::optional<Misuse> unfinished;
+        for (const Verb* const verb : verbs) {
+            const Pattern pattern(verb->form);
+            std::ranges::copy(pattern.keywords(), std::back_inserter(known));
+            const std::string_view keyword = pattern.keywords().front();
+            if (!keyword.starts_with(words[at]) || taken > 0)
+                continue;
+            try {
+                const Pattern::Match match = pattern.match_keywords(words.subspan(at));
+                if (any_looks_like_ipv6(words.subspan(at, match.words)) != verb->is_ipv6)
+                    continue;
+                taken = match.words;
+                std::vector<Given> given = places.given;
+                std::ranges::copy(match.given, std::back_inserter(given));
+                steps.push_back(step(*verb, std::move(given)));
+            } catch (const Misuse& misuse) {
+                if (!unfinished)
+                    unfinished = misuse;
+            }
+        }
+        if (taken == 0 && unfinished)
+            throw Misuse(*unfinished);
+        if (taken == 0)
+            refuse(words[at], known);
+        at += taken;
+    }
+    if (steps.empty())
+        throw Misuse("nothing is said to be changed");
+    return steps;
+}
+
+} // namespace
+
+std::vector<Step> understand(std::span<const std::string> words, bool prefer_ipv6)
+{
+    const Path path(words);
+    if (!path.is_whole()) {
+        const std::vector<std::string_view> known = path.next_words();
+        if (path.length() < words.size())
+            throw Misuse(
+                fmt::format("unknown word '{}'{}", words[path.length()], nearest(words[path.length()], known)));
+        throw Misuse(fmt::format("a word is missing: one of {}", fmt::join(known, ", ")));
+    }
+    const auto rest = words.subspan(path.length());
+    if (path.verbs().front()->joins)
+        return several_of(path.verbs(), rest);
+    return {one_of(path.verbs(), rest, prefer_ipv6)};
+}
+
+std::vector<const Verb*> verbs_under(std::span<const std::string> words)
+{
+    const Path path(words);
+    return path.length() == words.size() ? path.verbs() : std::vector<const Verb*> {};
+}
+
+std::span<const Object> known_objects()
+{
+    return all_objects;
+}
+
+} // namespace tool

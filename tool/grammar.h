@@ -1,0 +1,56 @@
+// The objects and verbs of the tool: what of the command line means which operation.
+#pragma once
+
+#include "tool/binding.h"
+#include "tool/description.h"
+
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tool {
+
+// A command of people: the words that name it, what follows them, and the operation that it is.
+//
+// What follows is written as help shows it: <parameter> for a value, <address/mask> for two that are written as one,
+// keyword <parameter> for a value behind its name, and brackets around what may be left out. Keywords come in any order.
+struct Verb
+{
+    std::string_view words;
+    std::string_view operation;
+    std::string_view form;
+    // Values that the words imply: name=value, with blanks between them.
+    std::string_view implied = {};
+    // The columns of its table on a narrow terminal, with commas between them; none: all of them.
+    std::string_view fields = {};
+    // Of those with the same words, for IPv6.
+    bool is_ipv6 = false;
+    // Of those with the same words, several may be given at once, each with its own keywords.
+    bool joins = false;
+};
+
+struct Object
+{
+    std::string_view name;
+    std::string_view brief;
+    std::span<const Verb> verbs;
+};
+
+std::span<const Object> known_objects();
+
+// One operation to be carried out.
+struct Step
+{
+    const Verb* verb; // null: by its function's name
+    const Operation* operation;
+    std::vector<Given> given;
+};
+
+// What the words of a command line mean. Throws Misuse.
+std::vector<Step> understand(std::span<const std::string> words, bool prefer_ipv6);
+
+// The verbs that begin with these words; none if there are none.
+std::vector<const Verb*> verbs_under(std::span<const std::string> words);
+
+} // namespace tool

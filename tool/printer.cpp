@@ -1,0 +1,375 @@
+#include "tool/printer.h"
+
+#include "tool/filter.h"
+#include "tool/json_writer.h"
+#include "tool/layouts.h"
+#include "tool/members.h"
+#include "tool/mistakes.h"
+#include "tool/words.h"
+
+#include <algorithm>
+#include <optional>
+
+namespace tool {
+namespace {
+
+// Records where they lie.
+struct Records
+{
+    const Record* record;
+    const std::byte* first;
+    std::size_t count;
+    bool are_a_list;
+
+    const std::byte* operator[](std::size_t i) const { return first + i * record->size; }
+};
+
+std::size_t entries_in(const Reply& reply, const RawLayout& layout)
+{
+    const std::size_t size = layout.record.size;
+    std::size_t count = 0;
+    const auto is_zero = [](std::byte byte) { return byte == std::byte {0}; };
+    while ((count + 1) * size <= reply.size() &&
+           !std::all_of(reply.data() + count * size, reply.data() + (count + 1) * size, is_zero))
+        ++count;
+    return count;
+}
+
+// Nothing if nobody knows what the bytes are.
+std::optional<Records> records_of(const Operation& operation, const Reply& reply)
+{
+    const bool is_list = operation.answer == Answer::List;
+    if (operation.answer == Answer::Record || is_list)
+        return Records {operation.record, reply.data(), reply.count(), is_list};
+    const RawLayout* const layout = find_layout(operation.name);
+    if (!layout)
+        return std::nullopt;
+    if (operation.answer == Answer::Entries)
+        return Records {&layout->record, reply.data(), reply.count(), true};
+    if (layout->repeated == Repeated::Once)
+        return Records {&layout->record, reply.data(), 1, false};
+    return Records {&layout->record, reply.data(), entries_in(reply, *layout), true};
+}
+
+std::vector<const Member*> all_members(const Record& record)
+{
+    std::vector<const Member*> members;
+    for (const Member& member : record.members)
+        members.push_back(&member);
+    return members;
+}
+
+// Records hold records, two deep.
+// NOLINTBEGIN(misc-no-recursion)
+class JsonPrinter
+{
+public:
+    JsonPrinter(Output& output, const Manner& manner)
+        : _order(manner.order), _json(output, manner.style == Style::IndentedJson ? JsonWriter::Layout::Indented
+                                                                                  : JsonWriter::Layout::OneLine)
+    {}
+
+    JsonWriter& json() { return _json; }
+
+    void record(const Record& record, std::span<const Member* const> members, const std::byte* data)
+    {
+        _json.begin_object();
+        for (const Member* const one : members) {
+            _json.key(one->name);
+            member(record, *one, data);
+        }
+        _json.end_object();
+    }
+
+private:
+    void member(const Record& record, const Member& member, const std::byte* data)
+    {
+        if (member.length == 0)
+            return element(record, member, data, 0);
+        _json.begin_array();
+        const std::size_t count = elements_in_use(record, member, data);
+        for (std::size_t i = 0; i < count; ++i)
+            element(record, member, data, i);
+        _json.end_array();
+    }
+
+    void element(const Record& record, const Member& member, const std::byte* data, std::size_t element)
+    {
+        const std::byte* const where = data + member.offset + element * member.width;
+        switch (member.form) {
+        case Form::Number:
+            return _json.number(load_number(where, member.width));
+        case Form::SignedNumber: {
+            const unsigned unused = 64 - 8 * member.width;
+            return _json.number(static_cast<std::int64_t>(load_number(where, member.width) << unused) >> unused);
+        }
+        case Form::Text:
+            return _json.string(text_in(where, member.width));
+        case Form::Records:
+            return this->record(*member.record, all_members(*member.record), where);
+        default:
+            return _json.string(element_text(record, member, data, element, _order));
+        }
+    }
+
+    AddressOrder _order;
+    JsonWriter _json;
+};
+
+// NOLINTEND(misc-no-recursion)
+
+// How many columns of a terminal a text takes: one for each character.
+std::size_t width_of(std::string_view text)
+{
+    return static_cast<std::size_t>(
+        std::ranges::count_if(text, [](char c) { return (static_cast<unsigned char>(c) & 0xc0) != 0x80; }));
+}
+
+// At most so wide.
+std::string shortened(const std::string& text, std::size_t width)
+{
+    if (width_of(text) <= width)
+        return text;
+    std::size_t end = 0;
+    for (std::size_t characters = 0; end < text.size(); ++end) {
+        const bool begins = (static_cast<unsigned char>(text[end]) & 0xc0) != 0x80;
+        if (begins && ++characters == width)
+            break;
+    }
+    return text.substr(0, end) + "…";
+}
+
+class Table
+{
+public:
+    Table(
+        const Records& records, std::vector<const Member*> members, std::vector<std::size_t> rows, const Manner& manner)
+        : _records(records), _members(std::move(members)), _rows(std::move(rows)), _manner(manner)
+    {
+        for (const Member* const member : _members)
+            _widths.push_back(width_of(member->name));
+        for (const std::size_t row : _rows)
+            for (std::size_t i = 0; i < _members.size(); ++i)
+                _widths[i] = std::max(_widths[i], width_of(cell(row, i)));
+        if (_manner.columns != 0 && !_manner.wide)
+            fit();
+    }
+
+    void print(Output& output) const
+    {
+        if (_rows.empty())
+            return;
+        std::string head;
+        for (std::size_t i = 0; i < _members.size(); ++i)
+            head += padded(std::string(_members[i]->name), i);
+        output.format("{}{}{}\n", _manner.bold ? "\x1b[1m" : "", head, _manner.bold ? "\x1b[0m" : "");
+        for (const std::size_t row : _rows) {
+            for (std::size_t i = 0; i < _members.size(); ++i)
+                output.write(padded(cell(row, i), i));
+            output.write("\n");
+        }
+    }
+
+private:
+    static constexpr std::size_t gap = 2;
+    static constexpr std::size_t narrowest = 8;
+
+    std::string cell(std::size_t row, std::size_t column) const
+    {
+        return member_text(*_records.record, *_members[column], _records[row], _manner.order);
+    }
+
+    std::string padded(const std::string& text, std::size_t column) const
+    {
+        std::string shown = shortened(text, _widths[column]);
+        if (column + 1 < _members.size())
+            shown.append(_widths[column] - width_of(shown) + gap, ' ');
+        return shown;
+    }
+
+    std::size_t total() const
+    {
+        std::size_t sum = gap * (_widths.size() - 1);
+        for (const std::size_t width : _widths)
+            sum += width;
+        return sum;
+    }
+
+    // First the widest become narrower, then the last are left out.
+    void fit()
+    {
+        while (total() > _manner.columns) {
+            const auto widest = std::ranges::max_element(_widths);
+            const std::size_t excess = total() - _manner.columns;
+            if (*widest > narrowest && (*widest - narrowest >= excess || _widths.size() == 1)) {
+                *widest -= std::min(excess, *widest - narrowest);
+            } else if (_widths.size() > 1) {
+                _widths.pop_back();
+                _members.pop_back();
+            } else {
+                return;
+            }
+        }
+    }
+
+    const Records& _records;
+    std::vector<const Member*> _members;
+    std::vector<std::size_t> _rows;
+    const Manner& _manner;
+    std::vector<std::size_t> _widths;
+};
+
+// One member a line; of many counters, those that have counted.
+void print_members(Output& output, const Records& records, std::span<const Member* const> members, const Manner& manner)
+{
+    constexpr std::size_t many = 16;
+    const std::byte* const data = records[0];
+    std::size_t width = 0;
+    for (const Member* const member : members)
+        width = std::max(width, member->name.size());
+    for (const Member* const member : members) {
+        const bool are_records = member->form == Form::Records && member->length > 0;
+        if (member->length <= many && !are_records) {
+            output.format(
+                "{:{}}  {}\n", member->name, width, member_text(*records.record, *member, data, manner.order));
+            continue;
+        }
+        const std::size_t count = elements_in_use(*records.record, *member, data);
+        for (std::size_t i = 0; i < count; ++i)
+            if (const std::string text = element_text(*records.record, *member, data, i, manner.order); text != "0")
+                output.format("{:{}}  {}\n", fmt::format("{}[{}]", member->name, i), width, text);
+    }
+}
+
+// As hexdump -C shows them.
+void print_bytes(Output& output, std::span<const std::byte> bytes)
+{
+    constexpr std::size_t on_a_line = 16;
+    bool is_repeated = false;
+    for (std::size_t at = 0; at < bytes.size(); at += on_a_line) {
+        const auto line = bytes.subspan(at, std::min(on_a_line, bytes.size() - at));
+        if (at > 0 && line.size() == on_a_line && std::ranges::equal(line, bytes.subspan(at - on_a_line, on_a_line))) {
+            output.write(is_repeated ? "" : "*\n");
+            is_repeated = true;
+            continue;
+        }
+        is_repeated = false;
+        output.format("{:08x} ", at);
+        for (std::size_t i = 0; i < on_a_line; ++i) {
+            output.write(i % 8 == 0 ? " " : "");
+            if (i < line.size())
+                output.format("{:02x} ", line[i]);
+            else
+                output.write("   ");
+        }
+        output.write(" |");
+        for (const std::byte byte : line) {
+            const char c = static_cast<char>(byte);
+            output.format("{}", c >= ' ' && c <= '~' ? c : '.');
+        }
+        output.write("|\n");
+    }
+    output.format("{:08x}\n", bytes.size());
+}
+
+std::string value_text(const Operation& operation, const Reply& reply, AddressOrder order)
+{
+    return operation.form == Form::Ipv4 ? ipv4_text(reply.value(), order) : fmt::format("{}", reply.value());
+}
+
+// What is no record: one thing under its name.
+void print_result_as_json(Output& output, const Operation& operation, const Reply& reply, const Manner& manner)
+{
+    JsonPrinter printer(output, manner);
+    JsonWriter& json = printer.json();
+    json.begin_object();
+    if (operation.answer != Answer::Nothing)
+        json.key(operation.result);
+    if (operation.answer == Answer::Value && operation.form != Form::Ipv4)
+        json.number(reply.value());
+    else if (operation.answer == Answer::Value)
+        json.string(value_text(operation, reply, manner.order));
+    else if (operation.answer != Answer::Nothing)
+        json.string(operation.form == Form::Mac ? mac_text(reply.data()) : bytes_text(reply.bytes()));
+    json.end_object();
+    output.write("\n");
+}
+
+void print_result(Output& output, const Operation& operation, const Reply& reply, const Manner& manner)
+{
+    if (manner.style != Style::Text)
+        return print_result_as_json(output, operation, reply, manner);
+    if (operation.answer == Answer::Value)
+        output.format("{}\n", value_text(operation, reply, manner.order));
+    else if (operation.form == Form::Mac)
+        output.format("{}\n", mac_text(reply.data()));
+    else if (operation.answer != Answer::Nothing)
+        print_bytes(output, reply.bytes());
+}
+
+std::vector<Filter> filters_of(const Record& record, const Manner& manner)
+{
+    std::vector<Filter> filters;
+    for (const std::string& condition : manner.filters)
+        filters.emplace_back(condition, record, manner.order);
+    return filters;
+}
+
+std::vector<std::size_t> rows_to_show(const Records& records, const Manner& manner)
+{
+    const std::vector<Filter> filters = filters_of(*records.record, manner);
+    std::vector<std::size_t> rows;
+    for (std::size_t i = 0; i < records.count; ++i)
+        if (std::ranges::all_of(filters, [&](const Filter& filter) { return filter.matches(records[i]); }))
+            rows.push_back(i);
+    return rows;
+}
+
+void print_records(Output& output, const Records& records, const Manner& manner, std::string_view usual_fields)
+{
+    const Record& record = *records.record;
+    const bool is_json = manner.style != Style::Text;
+    const bool are_all = manner.fields.empty() && (is_json || manner.wide || usual_fields.empty());
+    const auto members = are_all
+                             ? all_members(record)
+                             : members_named(record, split(manner.fields.empty() ? usual_fields : manner.fields, ','));
+    const std::vector<std::size_t> rows = rows_to_show(records, manner);
+    if (!is_json && records.are_a_list)
+        return Table(records, members, rows, manner).print(output);
+    if (!is_json)
+        return rows.empty() ? void() : print_members(output, records, members, manner);
+
+    JsonPrinter printer(output, manner);
+    if (records.are_a_list)
+        printer.json().begin_array();
+    for (const std::size_t row : rows)
+        printer.record(record, members, records[row]);
+    if (records.are_a_list)
+        printer.json().end_array();
+    output.write("\n");
+}
+
+} // namespace
+
+void refuse_unknown_fields(const Operation& operation, const Manner& manner)
+{
+    const RawLayout* const layout = find_layout(operation.name);
+    const Record* const record = layout ? &layout->record : operation.record;
+    if (record) {
+        members_named(*record, split(manner.fields, ','));
+        filters_of(*record, manner);
+    } else if (!manner.fields.empty() || !manner.filters.empty()) {
+        throw Misuse(fmt::format("the answer of {} has no fields", operation.name));
+    }
+}
+
+void print(
+    Output& output, const Operation& operation, const Reply& reply, const Manner& manner, std::string_view usual_fields)
+{
+    if (const auto records = records_of(operation, reply))
+        print_records(output, *records, manner, usual_fields);
+    else
+        print_result(output, operation, reply, manner);
+}
+
+} // namespace tool

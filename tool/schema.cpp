@@ -1,0 +1,120 @@
+#include "tool/schema.h"
+
+#include "tool/description.h"
+#include "tool/layouts.h"
+
+#include <fmt/format.h>
+#include <nlohmann/json.hpp>
+
+namespace tool {
+namespace {
+
+using json = nlohmann::ordered_json;
+
+json reference(std::string_view record)
+{
+    return {{"$ref", fmt::format("#/$defs/{}", record)}};
+}
+
+json number(unsigned bits, bool is_signed)
+{
+    const std::uint64_t most = ~std::uint64_t {0} >> (64 - bits);
+    if (!is_signed)
+        return {{"type", "integer"}, {"minimum", 0}, {"maximum", most}};
+    const auto half = static_cast<std::int64_t>(most / 2);
+    return {{"type", "integer"}, {"minimum", -half - 1}, {"maximum", half}};
+}
+
+json element(const Member& member)
+{
+    switch (member.form) {
+    case Form::Number:
+        return number(8U * member.width, false);
+    case Form::SignedNumber:
+        return number(8U * member.width, true);
+    case Form::Text:
+        return {{"type", "string"}, {"maxLength", member.width}};
+    case Form::Ipv4:
+        return {{"type", "string"}, {"format", "ipv4"}};
+    case Form::Ipv6:
+        return {{"type", "string"}, {"format", "ipv6"}};
+    case Form::Ip:
+        return {{"type", "string"}};
+    case Form::Mac:
+        return {{"type", "string"}, {"pattern", "^([0-9a-f]{2}:){5}[0-9a-f]{2}$"}};
+    case Form::Bytes:
+        return {{"type", "string"}, {"pattern", fmt::format("^[0-9a-f]{{{}}}$", 2 * member.width)}};
+    case Form::Records:
+        return reference(member.record->name);
+    }
+    return {};
+}
+
+// Options may leave members out; there are no others.
+json object(const Record& record)
+{
+    json properties = json::object();
+    for (const Member& member : record.members)
+        properties[std::string(member.name)] =
+            member.length == 0 ? element(member)
+                               : json {{"type", "array"}, {"items", element(member)}, {"maxItems", member.length}};
+    return {{"type", "object"}, {"properties", properties}, {"additionalProperties", false}};
+}
+
+json array_of(const json& items, std::size_t most)
+{
+    json array {{"type", "array"}, {"items", items}};
+    if (most > 0)
+        array["maxItems"] = most;
+    return array;
+}
+
+json one_value(const Operation& operation)
+{
+    json properties = json::object();
+    if (operation.answer == Answer::Value)
+        properties[std::string(operation.result)] =
+            operation.form == Form::Ipv4 ? json {{"type", "string"}, {"format", "ipv4"}} : number(32, false);
+    else if (operation.answer != Answer::Nothing)
+        properties[std::string(operation.result)] = json {{"type", "string"}};
+    json required = json::array();
+    for (const auto& [name, property] : properties.items())
+        required.push_back(name);
+    return {{"type", "object"}, {"properties", properties}, {"required", required}, {"additionalProperties", false}};
+}
+
+json answer(const Operation& operation)
+{
+    if (const RawLayout* const layout = find_layout(operation.name)) {
+        const json record = reference(layout->record.name);
+        return layout->repeated == Repeated::Once ? record : array_of(record, 0);
+    }
+    if (operation.answer == Answer::Record)
+        return reference(operation.record->name);
+    if (operation.answer == Answer::List)
+        return array_of(reference(operation.record->name), operation.cap);
+    return one_value(operation);
+}
+
+} // namespace
+
+std::string schema()
+{
+    json definitions = json::object();
+    for (const Record* const record : records())
+        definitions[std::string(record->name)] = object(*record);
+    for (const RawLayout& layout : layouts())
+        definitions[std::string(layout.record.name)] = object(layout.record);
+    for (const Operation& operation : operations())
+        definitions[std::string(operation.name)] = answer(operation);
+    definitions["error"] = {{"type", "object"},
+        {"properties",
+            {{"error", {{"type", "string"}}}, {"operation", {{"type", "string"}}}, {"errno", {{"type", "string"}}},
+                {"number", {{"type", "integer"}}}, {"advice", {{"type", "string"}}}}},
+        {"required", {"error"}}, {"additionalProperties", false}};
+    const json document {{"$schema", "https://json-schema.org/draft/2020-12/schema"},
+        {"title", "What lumozephctl prints as JSON, by the operation that it carries out"}, {"$defs", definitions}};
+    return document.dump(1) + "\n";
+}
+
+} // namespace tool

@@ -1,0 +1,11 @@
+// The JSON Schema of what the tool prints as JSON.
+#pragma once
+
+#include <string>
+
+namespace tool {
+
+// Definitions of all records, and of the answer of each operation under its name.
+std::string schema();
+
+} // namespace tool

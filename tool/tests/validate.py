@@ -1,0 +1,65 @@
+"""Validates the JSON of sessions against the schema of what the tool prints.
+
+usage: validate.py SCHEMA LUMOZEPHCTL_DOCUMENTS SESSION...
+"""
+
+import json
+import shlex
+import subprocess
+import sys
+
+import jsonschema
+
+# 426,080 bytes that no session shows.
+TOO_LONG = {"DumpFLTable"}
+
+
+def operation_of(words, verbs):
+    """The operation that the words of a command line mean."""
+    ipv6 = "-6" in words
+    words = [word for word in words[1:] if not word.startswith("-")]
+    if words[0] == "call":
+        return words[1]
+    meant = [
+        (family, operation)
+        for verb, family, operation, _ in verbs
+        if words[: len(verb.split())] == verb.split()
+    ]
+    return dict(meant).get("6" if ipv6 else "4")
+
+
+def answers_in(session, verbs):
+    """Each JSON document of a session, with the definition that it must fulfil."""
+    with open(session, encoding="utf-8") as file:
+        commands = file.read().split("$ ")[1:]
+    for command in commands:
+        line, _, printed = command.partition("\n")
+        words = shlex.split(line)
+        if not {"-j", "--json", "--json-pretty"} & set(words) or ">" in words:
+            continue
+        printed, failed, _ = printed.partition("[1]\n") if "[1]\n" in printed else printed.partition("[2]\n")
+        yield line, "error" if failed else operation_of(words, verbs), json.loads(printed)
+
+
+def main():
+    schema_path, documents, *sessions = sys.argv[1:]
+    with open(schema_path, encoding="utf-8") as file:
+        schema = json.load(file)
+    jsonschema.Draft202012Validator.check_schema(schema)
+    listed = subprocess.run([documents, "verbs"], stdout=subprocess.PIPE, check=True, text=True).stdout
+    verbs = [line.split("\t") for line in listed.splitlines()]
+    seen = set()
+    for session in sessions:
+        for line, definition, answer in answers_in(session, verbs):
+            one = {"$ref": f"#/$defs/{definition}", "$defs": schema["$defs"]}
+            try:
+                jsonschema.validate(answer, one, format_checker=jsonschema.FormatChecker())
+            except jsonschema.ValidationError as error:
+                sys.exit(f"{session}: {line}: {error.message}")
+            seen.add(definition)
+    missing = {operation for *_, operation, does in verbs if does == "reads"} - seen - TOO_LONG
+    if missing:
+        sys.exit(f"no session shows the JSON of {', '.join(sorted(missing))}")
+
+
+main()
