@@ -234,6 +234,19 @@ def emulator(results):
     return table(("call", "where", "median"), rows)
 
 
+def module(results):
+    """What the emulator's model takes for an entry of each table, or for a resolution."""
+    found = benchmarks(results, "module.json")
+    return table(
+        ("table", "entries", "to add and remove one"),
+        [
+            (name.replace("_", " "), f"{one['entries']:.0f}", time(one["seconds_per_entry"] * 1e9))
+            for name, one in found.items()
+            if name != "resolution"
+        ],
+    ) + f"\n\nA resolution over 8000 routes and 10,000 LIFs: {time(found['resolution']['seconds_per_entry'] * 1e9)}."
+
+
 def work(results):
     with open(os.path.join(results, "ordinary_work.json"), encoding="utf-8") as file:
         found = json.load(file)
@@ -248,7 +261,7 @@ def work(results):
 
 TABLES = (
     *(machine, sets, gets, lists, texts, growth, threads, netlink, allocators, loading),
-    *(layers, python, rust, emulator, work),
+    *(layers, python, rust, emulator, work, module),
 )
 
 

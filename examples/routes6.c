@@ -5,7 +5,7 @@
  *     routes6 INSTANCE add|delete PREFIX/LENGTH GATEWAY [LIF]
  *
  * Routes arrive as entries of 776 bytes, which the module lays out. This program reads them as the emulator has them:
- * as the requests in which they were added.
+ * as the requests that add them.
  * Exits 0 on success, 1 when something fails, 2 on wrong usage.
  */
 #include <arpa/inet.h>

@@ -16,6 +16,8 @@ namespace {
 class Emulated : public testing::Test
 {
 protected:
+    explicit Emulated(emulator::Settings settings = {}) : device(settings) {}
+
     EmulatedDevice device;
 
     Call call(const std::function<std::int32_t()>& call) { return observe(device, call); }
@@ -88,7 +90,7 @@ constexpr std::uint32_t ip(unsigned a, unsigned b, unsigned c, unsigned d)
 class EmulatedRouter : public Emulated
 {
 protected:
-    EmulatedRouter()
+    explicit EmulatedRouter(emulator::Settings settings = {}) : Emulated(settings)
     {
         succeed([] { return LUMOZEPH_SetLumoInstance("blue", 1, nullptr, 2); });
         succeed([] { return LUMOZEPH_SetLif("uplink", "second", 0, 0, 11, 12, 13, 14, "blue", nullptr); });
@@ -209,8 +211,8 @@ TEST_F(EmulatedRouter, ADestinationIsResolvedByItsLongestPrefix)
 TEST_F(EmulatedRouter, Ipv6RoutesAreCountedReadAndDeleted)
 {
     for (std::uint64_t i = 0; i < 3; ++i)
-        succeed([&] { return LUMOZEPH_SetRoutev6(i, 2, 64, 4, 5, "uplink", "blue"); });
-    succeed([&] { return LUMOZEPH_DelRoutev6(1, 2, 64, 4, 5, "uplink", "blue"); });
+        succeed([&] { return LUMOZEPH_SetRoutev6(i, 0, 64, 0, 0, "uplink", "blue"); });
+    succeed([&] { return LUMOZEPH_DelRoutev6(1, 0, 64, 0, 0, "uplink", "blue"); });
     void* block = nullptr;
     std::uint32_t count = 0;
     succeed([&] { return LUMOZEPH_GetRoutesv6("blue", &block, &count); });
@@ -220,6 +222,34 @@ TEST_F(EmulatedRouter, Ipv6RoutesAreCountedReadAndDeleted)
     EXPECT_EQ(get(second, 84, 1), 64u);
     free(block);
     succeed([] { return LUMOZEPH_PMTUTableCearv6(); });
+}
+
+TEST_F(EmulatedRouter, TheIpv6NetworksOfEnabledLifsAreRoutes)
+{
+    const auto routes = [&] {
+        void* block = nullptr;
+        std::uint32_t count = 0;
+        succeed([&] { return LUMOZEPH_GetRoutesv6("blue", &block, &count); });
+        Bytes all(static_cast<const char*>(block), std::size_t {count} * 776);
+        free(block);
+        return all;
+    };
+    succeed([] { return LUMOZEPH_SetLifIpv6("blue", "uplink", 0xb80d0120, 0x0200000000000000, 64); });
+    const Bytes connected = routes();
+    ASSERT_EQ(connected.size(), 776u);
+    EXPECT_STREQ(connected.c_str(), "blue");
+    EXPECT_EQ(get(connected, 68, 8), 0xb80d0120u);
+    EXPECT_EQ(get(connected, 76, 8), 0u);
+    EXPECT_EQ(get(connected, 84, 1), 64u);
+    EXPECT_EQ(connected.substr(101, 16), Bytes(16, '\0'));
+    EXPECT_STREQ(connected.c_str() + 117, "uplink");
+    succeed([] { return LUMOZEPH_SetRoutev6(0, 0, 0, 0xb80d0120, 0x0100000000000000, nullptr, "blue"); });
+    EXPECT_EQ(routes().size(), 2 * 776u);
+    succeed([] { return LUMOZEPH_DisableLif("blue", "uplink"); });
+    EXPECT_EQ(routes().size(), 776u);
+    succeed([] { return LUMOZEPH_EnableLif("blue", "uplink"); });
+    succeed([] { return LUMOZEPH_DelLifIpv6("blue", "uplink", 0xb80d0120, 0x0200000000000000, 64); });
+    EXPECT_EQ(routes().size(), 776u);
 }
 
 TEST_F(EmulatedRouter, NeighboursAreDumpedAndCleared)
@@ -244,7 +274,7 @@ TEST_F(EmulatedRouter, NeighboursAreDumpedAndCleared)
     succeed([] { return LUMOZEPH_DelProxyArp(ip(10, 0, 0, 10), "uplink", "blue"); });
     succeed([] { return LUMOZEPH_DelArpv6(1, 2, "uplink", "blue"); });
     succeed([] { return LUMOZEPH_DelProxyArpv6(3, 4, "uplink", "blue"); });
-    succeed([] { return LUMOZEPH_SetArp(1, "mac", "uplink", "blue"); });
+    succeed([] { return LUMOZEPH_SetArp(1, "02:00:00:00:00:01", "uplink", "blue"); });
     succeed([] { return LUMOZEPH_ClearArp("blue", nullptr); });
     succeed([] { return LUMOZEPH_ClearArpv6("blue", "uplink"); });
     succeed([&] { return LUMOZEPH_GetArps("blue", nullptr, image.data()); });
@@ -253,15 +283,15 @@ TEST_F(EmulatedRouter, NeighboursAreDumpedAndCleared)
 
 TEST_F(EmulatedRouter, InterfacePoliciesAreListedByKind)
 {
-    succeed([] { return LUMOZEPH_SetLifPolicy(3, nullptr, 1, 2, 3, "uplink", "blue", 4, nullptr); });
-    succeed([] { return LUMOZEPH_SetLifPolicy(4, "what", 5, 6, 7, nullptr, "blue", 8, nullptr); });
+    succeed([] { return LUMOZEPH_SetLifPolicy(3, nullptr, 1, 0xff, 3, "uplink", "blue", 4, nullptr); });
+    succeed([] { return LUMOZEPH_SetLifPolicy(4, "what", 5, 0xff, 7, nullptr, "blue", 8, nullptr); });
     LumoRouteList* list = nullptr;
     succeed([&] { return LUMOZEPH_GetLifPolicies("blue", 4, "what", &list); });
     ASSERT_EQ(list->count, 1);
     EXPECT_EQ(+list->records[0].routeDest, 5u);
     EXPECT_EQ(+list->records[0].nextHops[0].nextHopAddr, 7u);
     LUMOZEPH_ReleaseRoutes(list);
-    succeed([] { return LUMOZEPH_DelLifPolicy(3, nullptr, 1, 2, 3, "uplink", "blue", 4, nullptr); });
+    succeed([] { return LUMOZEPH_DelLifPolicy(3, nullptr, 1, 0xff, 3, "uplink", "blue", 4, nullptr); });
     succeed([&] { return LUMOZEPH_GetLifPolicies("blue", 3, nullptr, &list); });
     EXPECT_EQ(list->count, 0);
     LUMOZEPH_ReleaseRoutes(list);
@@ -295,6 +325,9 @@ TEST_F(EmulatedRouter, ALifRefersToPolicyTables)
 {
     LumoPolicyTableRefEntry entries[20] {};
     entries[19].bytes[23] = 9;
+    EXPECT_THAT(
+        call([&] { return LUMOZEPH_SetLifPolicyTableRef("blue", "uplink", 20, entries, nullptr); }), Fails(ENOENT));
+    succeed([] { return LUMOZEPH_SetPolicyTable(0, "table", nullptr); });
     succeed([&] { return LUMOZEPH_SetLifPolicyTableRef("blue", "uplink", 20, entries, nullptr); });
     LumoLifPolicyTableRef* ref = nullptr;
     succeed([&] { return LUMOZEPH_GetLifPolicyTableRef("blue", "uplink", &ref); });
@@ -371,6 +404,69 @@ TEST_F(Emulated, HousekeepingIsAnswered)
     EXPECT_THAT(call([&] { return LUMOZEPH_PerformFullSyncSave(1, &value); }), Succeeds());
     EXPECT_THAT(call([&] { return LUMOZEPH_GetFullSyncSaveStatus(&value); }), Succeeds());
     EXPECT_EQ(value, 2u);
+}
+
+TEST_F(EmulatedRouter, AFlushForgetsNeighboursAndForwardingEntries)
+{
+    const auto set = [&] {
+        succeed([] { return LUMOZEPH_SetArp(ip(10, 0, 0, 9), "00:11:22:33:44:55", "uplink", "blue"); });
+        succeed([] { return LUMOZEPH_BridgeAdd("bridge", 1); });
+        succeed([] { return LUMOZEPH_BridgeSetFdbEntry("bridge", "00:11:22:33:44:55", 1, 2, 3, 4); });
+    };
+    const auto flush = [&](const char* what) {
+        return call([=] { return LUMOZEPH_GenericFlush(0, 0, 0, 0, what, 0); });
+    };
+    const auto has_neighbours = [&] {
+        Bytes image(7471104, '\0');
+        succeed([&] { return LUMOZEPH_GetArps("blue", nullptr, image.data()); });
+        return image[99] != '\0';
+    };
+    const auto has_forwarding_entries = [&] {
+        LumoBridgeFdbList* fdb = nullptr;
+        succeed([&] { return LUMOZEPH_GetBridgeFdbEntries("bridge", 1, 2, &fdb); });
+        const bool any = fdb->count != 0;
+        LUMOZEPH_ReleaseBridgeFdbEntries(fdb);
+        return any;
+    };
+    set();
+    EXPECT_THAT(flush("nothing"), Succeeds());
+    EXPECT_THAT(flush("blue"), Succeeds());
+    EXPECT_FALSE(has_neighbours());
+    EXPECT_TRUE(has_forwarding_entries());
+    set();
+    EXPECT_THAT(flush("bridge"), Succeeds());
+    EXPECT_TRUE(has_neighbours());
+    EXPECT_FALSE(has_forwarding_entries());
+    set();
+    EXPECT_THAT(flush(nullptr), Succeeds());
+    EXPECT_FALSE(has_neighbours());
+    EXPECT_FALSE(has_forwarding_entries());
+    // The LIF knows that it has no neighbours any more.
+    succeed([] { return LUMOZEPH_DelLif("uplink", "", "blue"); });
+}
+
+TEST_F(Emulated, TheModuleCannotBeUnloadedWhileItIsInUse)
+{
+    const auto expect_in_use = [&](const std::function<std::int32_t()>& set,
+                                   const std::function<std::int32_t()>& remove) {
+        EXPECT_THAT(call([] { return LUMOZEPH_PreUnload(); }), Succeeds());
+        EXPECT_THAT(call(set), Succeeds());
+        EXPECT_THAT(call([] { return LUMOZEPH_PreUnload(); }), Fails(EBUSY));
+        EXPECT_THAT(call(remove), Succeeds());
+    };
+    expect_in_use([] { return LUMOZEPH_SetLumoInstance("blue", 1, nullptr, 2); },
+        [] { return LUMOZEPH_DelLumoInstance("blue"); });
+    expect_in_use([] { return LUMOZEPH_BridgeAdd("bridge", 1); }, [] { return LUMOZEPH_BridgeDel("bridge", 1); });
+    expect_in_use(
+        [] { return LUMOZEPH_BridgeClusterSet("one", 1); }, [] { return LUMOZEPH_BridgeClusterSet("one", 0); });
+    expect_in_use([] { return LUMOZEPH_AddBridgeEndpoint("a", "", "name", 1, 2, "", 3, 4, "", 5); },
+        [] { return LUMOZEPH_DelBridgeEndpoint("a", "name"); });
+    expect_in_use([] { return LUMOZEPH_PlumbLumoConnection("port", "", 0, nullptr, nullptr, nullptr); },
+        [] { return LUMOZEPH_UnPlumbLumoConnection("port"); });
+    expect_in_use([] { return LUMOZEPH_PlumbBFDPortConnection("bfd", "", nullptr); },
+        [] { return LUMOZEPH_UnPlumbBFDPortConnection("bfd"); });
+    expect_in_use([] { return LUMOZEPH_SetPolicyTable(7, "table", nullptr); },
+        [] { return LUMOZEPH_DelPolicyTable(7, nullptr); });
 }
 
 TEST_F(EmulatedRouter, ABridgeIsReadBackAsItWasSet)
@@ -538,6 +634,287 @@ TEST_F(EmulatedRouter, MulticastReceiversMakeGroups)
     succeed([] { return LUMOZEPH_DelMRoutingMRouter("blue"); });
     EXPECT_THAT(call([&] { return LUMOZEPH_GetMRoutingMRouterIP("blue", 9, &address); }), Fails(ENOENT));
     succeed([] { return LUMOZEPH_DelMRoutingLocalRcvrs("blue", 9, "local"); });
+}
+
+constexpr std::uint32_t mask_with_a_hole = 0x00ff00ff;
+
+TEST_F(EmulatedRouter, MasksAreOnesAndThenZeros)
+{
+    EXPECT_THAT(
+        call([] { return LUMOZEPH_SetLif("new", "", ip(10, 0, 1, 1), mask_with_a_hole, 0, 0, 0, 0, "blue", nullptr); }),
+        Fails(EINVAL));
+    EXPECT_THAT(
+        call([] { return LUMOZEPH_SetLifIp("blue", "uplink", ip(10, 0, 1, 1), ip(0, 255, 255, 255)); }), Fails(EINVAL));
+    EXPECT_THAT(
+        call([] { return LUMOZEPH_SetRoute(0, mask_with_a_hole, 0, "uplink", "blue", 0, nullptr); }), Fails(EINVAL));
+    EXPECT_THAT(
+        call([] { return LUMOZEPH_SetLifPolicy(1, nullptr, 0, mask_with_a_hole, 0, "uplink", "blue", 0, nullptr); }),
+        Fails(EINVAL));
+    for (const std::uint32_t mask : {0u, ip(128, 0, 0, 0), ip(255, 255, 254, 0), 0xffffffffu})
+        succeed([&] { return LUMOZEPH_SetLifIp("blue", "uplink", ip(10, 0, 0, 2), mask); });
+    LumoLifInfo* info = nullptr;
+    EXPECT_THAT(call([&] { return LUMOZEPH_GetLif("blue", "new", &info); }), Fails(ENOENT));
+}
+
+TEST_F(EmulatedRouter, PrefixesHaveAtMost128BitsAndNoneBehindThem)
+{
+    EXPECT_THAT(call([] { return LUMOZEPH_SetLifIpv6("blue", "uplink", 1, 2, 129); }), Fails(EINVAL));
+    succeed([] { return LUMOZEPH_SetLifIpv6("blue", "uplink", 1, 2, 128); });
+    EXPECT_THAT(call([] { return LUMOZEPH_SetRoutev6(1, 2, 129, 0, 0, "uplink", "blue"); }), Fails(EINVAL));
+    EXPECT_THAT(call([] { return LUMOZEPH_SetRoutev6(1, 2, 64, 0, 0, "uplink", "blue"); }), Fails(EINVAL));
+    EXPECT_THAT(call([] { return LUMOZEPH_SetRoutev6(0x3, 0, 7, 0, 0, "uplink", "blue"); }), Fails(EINVAL));
+    succeed([] { return LUMOZEPH_SetRoutev6(0x2, 0, 7, 0, 0, "uplink", "blue"); });
+    succeed([] { return LUMOZEPH_SetRoutev6(1, 2, 128, 0, 0, "uplink", "blue"); });
+}
+
+TEST_F(EmulatedRouter, NextHopsAreReachableOverAnEnabledLif)
+{
+    const auto route = [&](std::uint32_t gateway, const char* lif) {
+        return call([=] {
+            return LUMOZEPH_SetRoute(ip(192, 168, 0, 0), ip(255, 255, 0, 0), gateway, lif, "blue", 0, nullptr);
+        });
+    };
+    EXPECT_THAT(route(ip(10, 0, 1, 1), "uplink"), Fails(ENETUNREACH));
+    EXPECT_THAT(route(ip(10, 0, 1, 1), nullptr), Fails(ENETUNREACH));
+    EXPECT_THAT(route(0, nullptr), Fails(ENETUNREACH));
+    EXPECT_THAT(route(ip(10, 0, 0, 1), "no lif"), Fails(ENOENT));
+    EXPECT_THAT(route(ip(10, 0, 0, 1), "uplink"), Succeeds());
+    EXPECT_THAT(route(ip(10, 0, 0, 1), nullptr), Succeeds());
+    EXPECT_THAT(route(0, "uplink"), Succeeds());
+    succeed([] { return LUMOZEPH_DisableLif("blue", "uplink"); });
+    EXPECT_THAT(route(ip(10, 0, 0, 9), "uplink"), Fails(ENETDOWN));
+    EXPECT_THAT(route(ip(10, 0, 0, 9), nullptr), Fails(ENETUNREACH));
+}
+
+TEST_F(EmulatedRouter, Ipv6NextHopsAreReachableOverAnEnabledLif)
+{
+    const auto route = [&](std::uint64_t word1, std::uint64_t word2, const char* lif) {
+        return call([=] { return LUMOZEPH_SetRoutev6(0, 0, 0, word1, word2, lif, "blue"); });
+    };
+    constexpr std::uint64_t documentation = 0xb80d0120;
+    constexpr std::uint64_t link_local = 0x80fe;
+    succeed([] { return LUMOZEPH_SetLifIpv6("blue", "uplink", documentation, 1, 64); });
+    EXPECT_THAT(route(documentation, 2, "uplink"), Succeeds());
+    EXPECT_THAT(route(documentation, 2, nullptr), Succeeds());
+    EXPECT_THAT(route(link_local, 2, "uplink"), Succeeds());
+    EXPECT_THAT(route(0, 0, "uplink"), Succeeds());
+    EXPECT_THAT(route(link_local, 2, nullptr), Fails(ENETUNREACH));
+    EXPECT_THAT(route(documentation + 1, 2, "uplink"), Fails(ENETUNREACH));
+    EXPECT_THAT(route(documentation + 1, 2, nullptr), Fails(ENETUNREACH));
+    EXPECT_THAT(route(documentation, 2, "no lif"), Fails(ENOENT));
+    succeed([] { return LUMOZEPH_DisableLif("blue", "uplink"); });
+    EXPECT_THAT(route(documentation, 3, "uplink"), Fails(ENETDOWN));
+    EXPECT_THAT(route(documentation, 3, nullptr), Fails(ENETUNREACH));
+}
+
+TEST_F(EmulatedRouter, InterfacePoliciesAreThoseOfLifsAndNetworks)
+{
+    const auto policy = [&](std::uint32_t dest, const char* lif) {
+        return call([=] { return LUMOZEPH_SetLifPolicy(1, nullptr, dest, 0xff, 0, lif, "blue", 0, nullptr); });
+    };
+    EXPECT_THAT(policy(10, "no lif"), Fails(ENOENT));
+    EXPECT_THAT(policy(ip(10, 1, 0, 0), "uplink"), Fails(EINVAL));
+    EXPECT_THAT(policy(10, "uplink"), Succeeds());
+}
+
+TEST_F(EmulatedRouter, MacAddressesAreSixPairsOfDigits)
+{
+    for (const char* mac :
+        {"mac", "", "02:00:00:00:00:0g", "2:0:0:0:0:1", "02-00-00-00-00-01", "02:00:00:00:00", "+2:00:00:00:00:01"}) {
+        EXPECT_THAT(call([&] { return LUMOZEPH_SetArp(1, mac, "uplink", "blue"); }), Fails(EINVAL)) << mac;
+        EXPECT_THAT(call([&] { return LUMOZEPH_SetArpv6(1, 2, mac, "uplink", "blue"); }), Fails(EINVAL)) << mac;
+    }
+    EXPECT_THAT(call([] { return LUMOZEPH_SetArpv6(1, 2, "02:00:00:00:00:011", "uplink", "blue"); }), Fails(EINVAL));
+    succeed([] { return LUMOZEPH_SetArp(1, "02:00:00:00:00:fF", "uplink", "blue"); });
+}
+
+TEST_F(Emulated, ForwardingEntriesAreFoundByTheirMacWithoutCase)
+{
+    EXPECT_THAT(call([] { return LUMOZEPH_BridgeAdd("bridge", 1); }), Succeeds());
+    EXPECT_THAT(call([] { return LUMOZEPH_BridgeSetFdbEntry("bridge", "mac", 1, 2, 3, 4); }), Fails(EINVAL));
+    EXPECT_THAT(call([] { return LUMOZEPH_BridgeSetFdbEntry("bridge", "02:00:00:00:00:AB", 1, 2, 3, 4); }), Succeeds());
+    EXPECT_THAT(call([] { return LUMOZEPH_BridgeSetFdbEntry("bridge", "02:00:00:00:00:ab", 1, 2, 5, 6); }), Succeeds());
+    LumoBridgeFdbList* fdb = nullptr;
+    ASSERT_THAT(call([&] { return LUMOZEPH_GetBridgeFdbEntries("bridge", 1, 2, &fdb); }), Succeeds());
+    ASSERT_EQ(fdb->count, 1);
+    EXPECT_EQ(+fdb->records[0].mac[5], 0xab);
+    EXPECT_EQ(+fdb->records[0].value4, 5u);
+    LUMOZEPH_ReleaseBridgeFdbEntries(fdb);
+}
+
+TEST_F(EmulatedRouter, EveryLinkCarriesAnAdvertisedMtu)
+{
+    EXPECT_THAT(call([] { return LUMOZEPH_RAMTUSetv6("blue", "uplink", 1279); }), Fails(EINVAL));
+    for (const std::uint32_t mtu : {1280u, 9000u, 0u})
+        succeed([&] { return LUMOZEPH_RAMTUSetv6("blue", "uplink", mtu); });
+}
+
+// The library reads no more than 8000 routes, and the networks of LIFs are among them.
+TEST_F(EmulatedRouter, AFullTableOfRoutesCanBeRead)
+{
+    const auto route = [&](std::uint32_t number) {
+        return call([=] {
+            return LUMOZEPH_SetRoute(
+                ip(192, 168, number >> 8, number & 0xff), 0xffffffff, ip(10, 0, 0, 1), "uplink", "blue", 0, nullptr);
+        });
+    };
+    for (std::uint32_t number = 0; number < 7999; ++number)
+        ASSERT_THAT(route(number), Succeeds());
+    EXPECT_THAT(route(7999), Fails(ENOSPC));
+    succeed([] { return LUMOZEPH_SetLif("second", "", ip(10, 0, 1, 2), 0xffffffff, 0, 0, 0, 0, "blue", nullptr); });
+    EXPECT_THAT(call([] { return LUMOZEPH_EnableLif("blue", "second"); }), Fails(ENOSPC));
+    succeed([] { return LUMOZEPH_SetLifIp("blue", "second", 0, 0); });
+    succeed([] { return LUMOZEPH_EnableLif("blue", "second"); });
+    EXPECT_THAT(call([] { return LUMOZEPH_SetLifIp("blue", "second", ip(10, 0, 1, 2), 0xffffffff); }), Fails(ENOSPC));
+    EXPECT_THAT(
+        call([] { return LUMOZEPH_SetLif("second", "", ip(10, 0, 1, 2), 0xffffffff, 0, 0, 0, 0, "blue", nullptr); }),
+        Fails(ENOSPC));
+    LumoRouteList* list = nullptr;
+    succeed([&] { return LUMOZEPH_GetRoutes("blue", &list); });
+    EXPECT_EQ(list->count, 8000);
+    LUMOZEPH_ReleaseRoutes(list);
+    succeed([] { return LUMOZEPH_DisableLif("blue", "uplink"); });
+    succeed([] { return LUMOZEPH_SetLifIp("blue", "second", ip(10, 0, 1, 2), 0xffffffff); });
+}
+
+TEST_F(EmulatedRouter, WhatBelongsToALifGoesWithIt)
+{
+    const std::uint32_t dest = ip(192, 168, 0, 0);
+    const std::uint32_t other_dest = ip(192, 169, 0, 0);
+    const std::uint32_t mask = ip(255, 255, 0, 0);
+    succeed([=] { return LUMOZEPH_SetRoute(dest, mask, ip(10, 0, 0, 1), "uplink", "blue", 0, nullptr); });
+    succeed([=] { return LUMOZEPH_SetRoute(dest, mask, ip(10, 0, 0, 3), "uplink", "blue", 0, nullptr); });
+    succeed([=] { return LUMOZEPH_SetRoute(other_dest, mask, ip(10, 0, 0, 1), "uplink", "blue", 0, nullptr); });
+    succeed([=] { return LUMOZEPH_SetRoute(other_dest, mask, ip(10, 0, 0, 1), nullptr, "blue", 0, nullptr); });
+    succeed([] { return LUMOZEPH_SetRoutev6(1, 0, 64, 0, 0, "uplink", "blue"); });
+    succeed([] { return LUMOZEPH_SetLifPolicy(1, nullptr, 0, 0, 0, "uplink", "blue", 0, nullptr); });
+    succeed([] { return LUMOZEPH_SetLifPolicy(1, nullptr, 0, 0, 0, nullptr, "blue", 0, nullptr); });
+    succeed([] { return LUMOZEPH_SetArp(1, "02:00:00:00:00:01", "uplink", "blue"); });
+    succeed([] { return LUMOZEPH_SetProxyArpv6(1, 2, "uplink", "blue"); });
+    succeed([] { return LUMOZEPH_DelLif("uplink", "", "blue"); });
+
+    LumoRouteList* list = nullptr;
+    succeed([&] { return LUMOZEPH_GetRoutes("blue", &list); });
+    ASSERT_EQ(list->count, 1);
+    EXPECT_EQ(+list->records[0].routeDest, other_dest);
+    EXPECT_EQ(+list->records[0].nextHopCount, 1);
+    LUMOZEPH_ReleaseRoutes(list);
+    succeed([&] { return LUMOZEPH_GetLifPolicies("blue", 1, nullptr, &list); });
+    ASSERT_EQ(list->count, 1);
+    EXPECT_STREQ(list->records[0].nextHops[0].nextHopLifName, "");
+    LUMOZEPH_ReleaseRoutes(list);
+    void* block = nullptr;
+    std::uint32_t count = 4711;
+    succeed([&] { return LUMOZEPH_GetRoutesv6("blue", &block, &count); });
+    EXPECT_EQ(count, 0u);
+    free(block);
+    Bytes image(7471104, '\x5a');
+    succeed([&] { return LUMOZEPH_GetArps("blue", nullptr, image.data()); });
+    EXPECT_EQ(image.substr(0, 114), Bytes(114, '\0'));
+    succeed([&] { return LUMOZEPH_GetArpsv6("blue", nullptr, image.data()); });
+    EXPECT_EQ(image.substr(0, 114), Bytes(114, '\0'));
+}
+
+TEST_F(EmulatedRouter, ARemovedEntryIsForgottenByItsLif)
+{
+    const std::uint32_t mask = ip(255, 255, 0, 0);
+    for (int round = 0; round < 2; ++round) {
+        for (const std::uint32_t gateway : {ip(10, 0, 0, 1), ip(10, 0, 0, 3)})
+            succeed([&] { return LUMOZEPH_SetRoute(0xa8c0, mask, gateway, "uplink", "blue", 0, nullptr); });
+        for (const std::uint32_t gateway : {ip(10, 0, 0, 1), ip(10, 0, 0, 3)})
+            succeed([&] { return LUMOZEPH_DelRoute(0xa8c0, mask, gateway, "uplink", "blue", nullptr); });
+        succeed([] { return LUMOZEPH_SetRoutev6(1, 0, 64, 0, 0, "uplink", "blue"); });
+        succeed([] { return LUMOZEPH_DelRoutev6(1, 0, 64, 0, 0, "uplink", "blue"); });
+        succeed([] { return LUMOZEPH_SetLifPolicy(1, nullptr, 0, 0, 0, "uplink", "blue", 0, nullptr); });
+        succeed([] { return LUMOZEPH_DelLifPolicy(1, nullptr, 0, 0, 0, "uplink", "blue", 0, nullptr); });
+        succeed([] { return LUMOZEPH_SetProxyArp(1, "uplink", "blue"); });
+        succeed([] { return LUMOZEPH_DelProxyArp(1, "uplink", "blue"); });
+        succeed([] { return LUMOZEPH_SetProxyArp(1, "uplink", "blue"); });
+        succeed([] { return LUMOZEPH_ClearArp("blue", "uplink"); });
+    }
+    succeed([] { return LUMOZEPH_DelLif("uplink", "", "blue"); });
+}
+
+TEST_F(EmulatedRouter, ReferencesGoWithTheirPolicyTable)
+{
+    LumoPolicyTableRefEntry entries[2] {};
+    entries[0].bytes[0] = 7;
+    entries[1].bytes[0] = 8;
+    for (const std::uint32_t table : {7u, 8u})
+        succeed([&] { return LUMOZEPH_SetPolicyTable(table, "table", nullptr); });
+    succeed([&] { return LUMOZEPH_SetLifPolicyTableRef("blue", "uplink", 2, entries, nullptr); });
+    succeed([] { return LUMOZEPH_DelPolicyTable(7, nullptr); });
+    LumoLifPolicyTableRef* ref = nullptr;
+    succeed([&] { return LUMOZEPH_GetLifPolicyTableRef("blue", "uplink", &ref); });
+    EXPECT_EQ(+ref->refCount, 1);
+    EXPECT_EQ(+ref->refs[0].bytes[0], 8);
+    LUMOZEPH_ReleaseLifPolicyTableRef(ref);
+    succeed([] { return LUMOZEPH_DelLif("uplink", "", "blue"); });
+    succeed([] { return LUMOZEPH_DelPolicyTable(8, nullptr); });
+}
+
+TEST_F(EmulatedRouter, WhatBelongsToABridgeGoesWithIt)
+{
+    const auto endpoint = [&](const char* key, const char* bridge) {
+        return call([=] { return LUMOZEPH_AddBridgeEndpoint(key, bridge, "name", 1, 2, "", 3, 4, "", 5); });
+    };
+    const auto bridge_lif = [&](const char* name, const char* bridge) {
+        return call([=] { return LUMOZEPH_SetBridgeLif(name, bridge, 1, 2, 3, "blue", 1); });
+    };
+    EXPECT_THAT(endpoint("a", "no bridge"), Fails(ENOENT));
+    EXPECT_THAT(bridge_lif("bridged", "no bridge"), Fails(ENOENT));
+    for (const char* bridge : {"one", "two"})
+        succeed([&] { return LUMOZEPH_BridgeAdd(bridge, 1); });
+    EXPECT_THAT(endpoint("a", "one"), Succeeds());
+    EXPECT_THAT(endpoint("b", "one"), Succeeds());
+    EXPECT_THAT(endpoint("b", "two"), Succeeds());
+    EXPECT_THAT(endpoint("c", ""), Succeeds());
+    EXPECT_THAT(bridge_lif("bridged one", "one"), Succeeds());
+    EXPECT_THAT(bridge_lif("bridged two", "one"), Succeeds());
+    EXPECT_THAT(bridge_lif("bridged two", "two"), Succeeds());
+    EXPECT_THAT(bridge_lif("bridged three", ""), Succeeds());
+    succeed([] { return LUMOZEPH_SetProxyArp(1, "bridged one", "blue"); });
+    succeed([] { return LUMOZEPH_BridgeDel("one", 1); });
+    LumoBridgeEndpointList* endpoints = nullptr;
+    succeed([&] { return LUMOZEPH_GetBridgeEndpoints(nullptr, &endpoints); });
+    ASSERT_EQ(endpoints->count, 2);
+    EXPECT_STREQ(endpoints->records[0].ident, "b");
+    EXPECT_STREQ(endpoints->records[1].ident, "c");
+    LUMOZEPH_ReleaseBridgeEndpoints(endpoints);
+    LumoLifList* lifs = nullptr;
+    succeed([&] { return LUMOZEPH_GetBridgeLifs("blue", &lifs); });
+    ASSERT_EQ(lifs->count, 2);
+    EXPECT_STREQ(lifs->records[0].lifName, "bridged two");
+    EXPECT_STREQ(lifs->records[1].lifName, "bridged three");
+    LUMOZEPH_ReleaseLifs(lifs);
+    succeed([] { return LUMOZEPH_DelBridgeEndpoint("b", "name"); });
+    succeed([] { return LUMOZEPH_DelLumoInstance("blue"); });
+    succeed([] { return LUMOZEPH_FlushBridgeEndpoint(1); });
+    succeed([] { return LUMOZEPH_BridgeDel("two", 1); });
+    succeed([] { return LUMOZEPH_PreUnload(); });
+}
+
+class LenientRouter : public EmulatedRouter
+{
+protected:
+    LenientRouter() : EmulatedRouter({.strictness = emulator::Strictness::Lenient}) {}
+};
+
+TEST_F(LenientRouter, TakesWhatTheStrictOneRefuses)
+{
+    succeed([] { return LUMOZEPH_SetLifIp("blue", "uplink", ip(10, 0, 0, 2), mask_with_a_hole); });
+    succeed([] { return LUMOZEPH_SetRoute(0, mask_with_a_hole, 1, "uplink", "blue", 0, nullptr); });
+    succeed([] { return LUMOZEPH_SetLifIpv6("blue", "uplink", 1, 2, 129); });
+    succeed([] { return LUMOZEPH_SetRoutev6(1, 2, 3, 4, 5, "no lif", "blue"); });
+    succeed([] { return LUMOZEPH_SetLifPolicy(1, nullptr, 1, 2, 3, "no lif", "blue", 4, nullptr); });
+    succeed([] { return LUMOZEPH_SetArp(1, "mac", "uplink", "blue"); });
+    succeed([] { return LUMOZEPH_RAMTUSetv6("blue", "uplink", 1); });
+    succeed([] { return LUMOZEPH_BridgeAdd("bridge", 1); });
+    succeed([] { return LUMOZEPH_BridgeSetFdbEntry("bridge", "mac", 1, 2, 3, 4); });
+    const LumoPolicyTableRefEntry entry {};
+    succeed([&] { return LUMOZEPH_SetLifPolicyTableRef("blue", "uplink", 1, &entry, nullptr); });
+    succeed([] { return LUMOZEPH_AddBridgeEndpoint("a", "no bridge", "name", 1, 2, "", 3, 4, "", 5); });
+    succeed([] { return LUMOZEPH_SetBridgeLif("bridged", "no bridge", 1, 2, 3, "blue", 1); });
 }
 
 TEST_F(Emulated, ReceiveSideScalingIsTuned)

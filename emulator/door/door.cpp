@@ -3,14 +3,18 @@
 #include "emulator/door/memory.h"
 #include "emulator/protocol/access.h"
 #include "emulator/protocol/envelope.h"
+#include "emulator/state/state_file.h"
 
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
 #include <new>
 #include <pthread.h>
+#include <stdexcept>
 #include <sys/ioctl.h>
 #include <sys/sysmacros.h>
 #include <utility>
@@ -40,6 +44,12 @@ bool spells(const char* path, std::string_view device)
             path += path[0] == '/' ? 1 : 2;
     }
     return *path == '\0';
+}
+
+std::string_view environment(const char* name)
+{
+    const char* const value = std::getenv(name); // NOLINT(concurrency-mt-unsafe): the program's threads read it, too
+    return value != nullptr ? value : "";
 }
 
 } // namespace
@@ -77,6 +87,30 @@ Door& Door::of_this_process()
     // Never destroyed: programs close descriptors until they have ended.
     static Door& door = *new Door;
     return door;
+}
+
+Settings Door::settings()
+{
+    Settings settings;
+    if (!environment("LUMOZEPH_EMULATOR_LENIENT").empty())
+        settings.strictness = Strictness::Lenient;
+    if (environment("LUMOZEPH_EMULATOR_CLOCK") == "manual")
+        settings.clock = Clock::Manual;
+    return settings;
+}
+
+std::unique_ptr<Module> Door::new_module()
+{
+    auto module = std::make_unique<Module>(settings());
+    if (const std::string state(environment("LUMOZEPH_EMULATOR_STATE")); !state.empty()) {
+        try {
+            load_state(*module, state);
+        } catch (const std::runtime_error& error) {
+            std::fprintf(stderr, "lumozeph-emulator: %s\n", error.what());
+            std::abort();
+        }
+    }
+    return module;
 }
 
 int Door::open(Node node, int flags)
@@ -261,7 +295,7 @@ try {
 
 int Door::reset()
 try {
-    auto fresh = std::make_unique<Module>();
+    auto fresh = new_module();
     const Gate::Passage passage(gate_);
     if (passage.refused())
         return -EDEADLK;
@@ -269,6 +303,50 @@ try {
     return 0;
 } catch (const std::bad_alloc&) {
     return -ENOMEM;
+}
+
+int Door::load(const char* path)
+try {
+    // Whether it can be loaded is found out before the gate is passed: reading a file goes through the door.
+    auto fresh = std::make_unique<Module>(settings());
+    load_state(*fresh, path);
+    const Gate::Passage passage(gate_);
+    if (passage.refused())
+        return -EDEADLK;
+    module_.swap(fresh);
+    return 0;
+} catch (const std::bad_alloc&) {
+    return -ENOMEM;
+} catch (const std::runtime_error& error) {
+    std::fprintf(stderr, "lumozeph-emulator: %s\n", error.what());
+    return -EINVAL;
+}
+
+int Door::save(const char* path)
+try {
+    std::string text;
+    {
+        const Gate::Passage passage(gate_);
+        if (passage.refused())
+            return -EDEADLK;
+        text = json::print(state_of(*module_));
+    }
+    write_file(path, text);
+    return 0;
+} catch (const std::bad_alloc&) {
+    return -ENOMEM;
+} catch (const std::runtime_error& error) {
+    std::fprintf(stderr, "lumozeph-emulator: %s\n", error.what());
+    return -EIO;
+}
+
+int Door::advance(Time by)
+{
+    const Gate::Passage passage(gate_);
+    if (passage.refused())
+        return -EDEADLK;
+    module_->advance(by);
+    return 0;
 }
 
 int Door::watch(LumoEmulatorWatcher watcher, void* context)

@@ -41,6 +41,9 @@ public:
     int control(int number, std::uint32_t request, std::uint64_t argument);
 
     int reset();
+    int advance(Time by);
+    int load(const char* path);
+    int save(const char* path);
     int watch(LumoEmulatorWatcher watcher, void* context);
 
 private:
@@ -50,9 +53,13 @@ private:
     int answer(std::uint32_t number, std::span<const std::byte> input, std::uint32_t room, Answer& answer);
     int set_non_blocking(int number, std::uint64_t value_at);
 
+    // As the environment asks for.
+    static Settings settings();
+    static std::unique_ptr<Module> new_module();
+
     Gate gate_;
     Descriptors descriptors_;
-    std::unique_ptr<Module> module_ = std::make_unique<Module>();
+    std::unique_ptr<Module> module_ = new_module();
     LumoEmulatorWatcher watcher_ = nullptr;
     void* context_ = nullptr;
 };

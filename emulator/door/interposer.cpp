@@ -458,6 +458,21 @@ std::int32_t lumozeph_emulator_reset(void)
     return result(Door::of_this_process().reset());
 }
 
+std::int32_t lumozeph_emulator_load(const char* path)
+{
+    return result(Door::of_this_process().load(path));
+}
+
+std::int32_t lumozeph_emulator_save(const char* path)
+{
+    return result(Door::of_this_process().save(path));
+}
+
+std::int32_t lumozeph_emulator_advance(std::uint64_t nanoseconds)
+{
+    return result(Door::of_this_process().advance(emulator::Time(nanoseconds)));
+}
+
 std::int32_t lumozeph_emulator_watch(LumoEmulatorWatcher watcher, void* context)
 {
     return result(Door::of_this_process().watch(watcher, context));

@@ -1,5 +1,7 @@
 #include "emulator/door/launch.h"
 
+#include "emulator/state/state_file.h"
+
 #include <array>
 #include <cstdlib>
 #include <elf.h>
@@ -136,7 +138,7 @@ void refuse_what_preloading_does_not_reach(fs::path program)
 
 } // namespace
 
-int run_in_process(char** program, int (*execute)(char** program))
+int run_in_process(char** program, Settings settings, const std::string& state, int (*execute)(char** program))
 {
     if (const auto file = find_program(program[0]))
         refuse_what_preloading_does_not_reach(*file);
@@ -148,6 +150,15 @@ int run_in_process(char** program, int (*execute)(char** program))
     if (const std::string others = environment("LD_PRELOAD"); !others.empty())
         preloaded += ":" + others;
     setenv("LD_PRELOAD", preloaded.c_str(), 1); // NOLINT(concurrency-mt-unsafe): there are no other threads
+    if (settings.strictness == Strictness::Lenient)
+        setenv("LUMOZEPH_EMULATOR_LENIENT", "1", 1); // NOLINT(concurrency-mt-unsafe): there are no other threads
+    if (!state.empty()) {
+        Module module(settings);
+        load_state(module, state); // which is refused here and not in the program
+        setenv("LUMOZEPH_EMULATOR_STATE", fs::absolute(state).c_str(), 1); // NOLINT(concurrency-mt-unsafe): as above
+    }
+    if (settings.clock == Clock::Manual)
+        setenv("LUMOZEPH_EMULATOR_CLOCK", "manual", 1); // NOLINT(concurrency-mt-unsafe): there are no other threads
     return execute(program);
 }
 

@@ -49,11 +49,40 @@ typedef void (*LumoEmulatorWatcher)(const struct LumoEmulatorCommand* command, v
 
 /**
  * Puts a new module in the place of this process's: what was set is forgotten. Descriptors of the device stay open, and
- * the watcher stays.
+ * the watcher stays. The new module accepts what makes no sense if the environment now has LUMOZEPH_EMULATOR_LENIENT, with
+ * any text but none, and its time stands still until it is advanced if LUMOZEPH_EMULATOR_CLOCK is "manual". If
+ * LUMOZEPH_EMULATOR_STATE names a file, the module begins with what it describes; the program ends if that cannot be. The
+ * same holds for the first module and the environment at its time.
  *
  * @return  0, or -1 with the reason in errno
  */
 int32_t lumozeph_emulator_reset(void);
+
+/**
+ * Puts a new module in the place of this process's, with the state that a file describes. What is wrong with the file is said
+ * on standard error, with its line and column, and then nothing has changed.
+ *
+ * @param path  a JSON file, as lumozeph_emulator_save() writes it or shorter
+ * @return      0, or -1 with the reason in errno: EINVAL if the file cannot be read or says something else
+ */
+int32_t lumozeph_emulator_load(const char* path);
+
+/**
+ * Writes the state of this process's module to a file, from which lumozeph_emulator_load() makes the same again.
+ *
+ * @param path  the file, which is replaced
+ * @return      0, or -1 with the reason in errno: EIO if the file cannot be written
+ */
+int32_t lumozeph_emulator_save(const char* path);
+
+/**
+ * Lets the module's time pass, beside what passes by itself. What takes time has then happened: connections have come up,
+ * counters have moved on, and what was learned has been forgotten.
+ *
+ * @param nanoseconds  how much, up to 100 years
+ * @return             0, or -1 with the reason in errno
+ */
+int32_t lumozeph_emulator_advance(uint64_t nanoseconds);
 
 /**
  * Has every command shown from now on. When this returns, the watcher that was there before is not running and is not

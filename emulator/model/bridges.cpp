@@ -3,6 +3,9 @@
 
 #include "emulator/model/find.h"
 #include "emulator/model/handlers.h"
+#include "emulator/model/lif_users.h"
+
+#include <utility>
 
 namespace emulator {
 
@@ -19,8 +22,9 @@ int add(Exchange& exchange)
     if (bridge == nullptr) {
         if (exchange.state.bridges.size() == bridges::most)
             return ENOSPC;
-        bridge = &exchange.state.bridges.emplace_back();
-        bridge->key = key;
+        Bridge added;
+        added.key = key;
+        bridge = &exchange.state.bridges.add(std::move(added));
     }
     bridge->value = exchange.request[bridges::value];
     return 0;
@@ -28,9 +32,12 @@ int add(Exchange& exchange)
 
 int remove(Exchange& exchange)
 {
-    return on_bridge(exchange, [&](const Bridge& bridge) {
-        auto& all = exchange.state.bridges;
-        all.erase(all.begin() + (&bridge - all.data()));
+    return on_bridge(exchange, [&](Bridge& bridge) {
+        for (const Endpoint* endpoint : bridge.endpoints)
+            exchange.state.endpoints.remove(*endpoint);
+        for (const auto& [lif, instance] : std::exchange(bridge.lifs, {}))
+            remove_lif(exchange.state, *instance, *lif);
+        exchange.state.bridges.remove(bridge);
         return 0;
     });
 }

@@ -75,7 +75,8 @@ int set_node(Exchange& exchange)
     Cluster* cluster = cluster_of(exchange);
     if (cluster == nullptr)
         return ENOENT;
-    const ClusterNode node {exchange.request[clusters::node], exchange.request[clusters::mac]};
+    const ClusterNode node {
+        exchange.request[clusters::node], exchange.request[clusters::mac], Link::Up, exchange.state.stopwatch.now()};
     const auto existing = std::find_if(cluster->nodes.begin(), cluster->nodes.end(),
         [&](const ClusterNode& candidate) { return candidate.name == node.name; });
     if (existing != cluster->nodes.end()) {
@@ -85,7 +86,9 @@ int set_node(Exchange& exchange)
     std::size_t nodes = 0;
     for (const Cluster& any : exchange.state.clusters)
         nodes += any.nodes.size();
-    if (nodes == clusters::most_nodes)
+    const bool has_room =
+        nodes < clusters::most_nodes && has_room_for_sessions(exchange.state, exchange.state.bfd_connections.size());
+    if (!has_room)
         return ENOSPC;
     cluster->nodes.push_back(node);
     return 0;
@@ -136,7 +139,10 @@ int set_profile(Exchange& exchange)
 
 int set_transport(Exchange& exchange)
 {
-    exchange.state.local_transport_node = exchange.request[clusters::transport::sent];
+    namespace from = clusters::transport;
+    const Input& request = exchange.request;
+    exchange.state.local_transport_node = TransportNode {
+        {request[from::text1], request[from::text2], request[from::text3]}, request[from::value], request[from::block]};
     return 0;
 }
 
@@ -148,9 +154,15 @@ int remove_transport(Exchange& exchange)
 
 int get_transport(Exchange& exchange)
 {
-    const Record record = exchange.add(clusters::transport_record::layout);
-    if (exchange.state.local_transport_node)
-        record.begin_with(*exchange.state.local_transport_node);
+    namespace to = clusters::transport_record;
+    const Record record = exchange.add(to::layout);
+    if (const auto& node = exchange.state.local_transport_node) {
+        record[to::text1] = node->texts[0];
+        record[to::text2] = node->texts[1];
+        record[to::text3] = node->texts[2];
+        record[to::value] = node->value;
+        record[to::block] = node->block;
+    }
     return 0;
 }
 

@@ -4,6 +4,8 @@
 #include "emulator/model/handlers.h"
 #include "emulator/model/plumbing.h"
 
+#include <algorithm>
+
 namespace emulator {
 
 using namespace protocol;
@@ -17,27 +19,48 @@ std::string name_of(const Exchange& exchange)
 
 int plumb(Exchange& exchange)
 {
-    return plumb({name_of(exchange), exchange.request[connections::sent]}, exchange.state.connections);
+    const Input& request = exchange.request;
+    return plumb<Connection>({name_of(exchange),
+                                 {request[connections::text1], request[connections::text2], request[connections::text3],
+                                     request[connections::text4]},
+                                 Link::Up, exchange.state.stopwatch.now()},
+        exchange.state.connections);
 }
 
 int unplumb(Exchange& exchange)
 {
-    return unplumb(name_of(exchange), exchange.state.connections);
+    State& state = exchange.state;
+    if (!state.connections.remove_if_found(name_of(exchange)))
+        return ENOENT;
+    if (state.deletion_time > Time(0))
+        state.deletions.push_back(state.stopwatch.now() + state.deletion_time);
+    return 0;
+}
+
+void write(const Connection& connection, Exchange& exchange)
+{
+    namespace to = connections::record;
+    const Record record = exchange.add(to::layout);
+    record[to::name] = connection.name;
+    record[to::text1] = connection.texts[0];
+    record[to::text2] = connection.texts[1];
+    record[to::text3] = connection.texts[2];
+    record[to::text4] = connection.texts[3];
 }
 
 int get_all(Exchange& exchange)
 {
     for (const Connection& connection : exchange.state.connections)
-        exchange.add(connections::record::layout).begin_with(connection.sent);
+        write(connection, exchange);
     return 0;
 }
 
 int get_one(Exchange& exchange)
 {
-    const Connection* connection = find_connection(name_of(exchange), exchange.state.connections);
+    const Connection* connection = exchange.state.connections.find(name_of(exchange));
     if (connection == nullptr)
         return ENOENT;
-    exchange.add(connections::record::layout).begin_with(connection->sent);
+    write(*connection, exchange);
     return 0;
 }
 
@@ -53,10 +76,12 @@ int get_virtual_mac(Exchange& exchange)
     return 0;
 }
 
-// No deletion is ever outstanding: the model deletes at once.
+// How many connections are still going.
 int check_deletion(Exchange& exchange)
 {
-    exchange.add<connections::value>(0);
+    const auto& deletions = exchange.state.deletions;
+    exchange.add<connections::value>(static_cast<std::uint32_t>(std::count_if(
+        deletions.begin(), deletions.end(), [now = exchange.state.stopwatch.now()](Time end) { return end > now; })));
     return 0;
 }
 

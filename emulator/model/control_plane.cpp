@@ -3,6 +3,9 @@
 
 #include "emulator/model/find.h"
 #include "emulator/model/handlers.h"
+#include "emulator/model/plumbing.h"
+
+#include <algorithm>
 
 namespace emulator {
 
@@ -26,7 +29,7 @@ int set(Exchange& exchange)
     return 0;
 }
 
-// The first entry tells what was set.
+// The first entry tells what was set, and how many connections are plumbed, and up.
 int get_sync_state(Exchange& exchange)
 {
     const Instance* instance = instance_of(exchange);
@@ -37,6 +40,10 @@ int get_sync_state(Exchange& exchange)
     first[to::state] = instance->sync_state;
     first[to::address] = instance->control_plane_address;
     first[to::active] = exchange.state.control_plane_active;
+    const auto& connections = exchange.state.connections;
+    first[to::value5] = static_cast<std::uint32_t>(connections.size());
+    first[to::value6] = static_cast<std::uint32_t>(std::count_if(connections.begin(), connections.end(),
+        [now = exchange.state.stopwatch.now()](const Connection& connection) { return is_up(connection, now); }));
     return 0;
 }
 

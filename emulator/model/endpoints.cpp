@@ -3,8 +3,6 @@
 
 #include "emulator/model/handlers.h"
 
-#include <algorithm>
-
 namespace emulator {
 
 using namespace protocol;
@@ -16,41 +14,57 @@ std::string key_of(const Exchange& exchange)
     return exchange.request[endpoints::key];
 }
 
-auto find(Exchange& exchange)
+// The bridge that the first text names; null if it names none.
+Bridge* bridge_with(Exchange& exchange, const Endpoint& endpoint)
 {
-    auto& all = exchange.state.endpoints;
-    return std::find_if(
-        all.begin(), all.end(), [key = key_of(exchange)](const Endpoint& endpoint) { return endpoint.key == key; });
+    return exchange.state.bridges.find(endpoint.bridge);
+}
+
+void leave_bridge(Exchange& exchange, const Endpoint& endpoint)
+{
+    if (Bridge* bridge = bridge_with(exchange, endpoint))
+        bridge->endpoints.erase(&endpoint);
 }
 
 int add(Exchange& exchange)
 {
     if (key_of(exchange).empty())
         return EINVAL;
-    auto& all = exchange.state.endpoints;
-    auto endpoint = find(exchange);
-    if (endpoint == all.end()) {
-        if (all.size() == endpoints::most)
-            return ENOSPC;
-        endpoint = all.insert(endpoint, Endpoint {});
-    }
     const Input& request = exchange.request;
-    *endpoint = {key_of(exchange), request[endpoints::name], request[endpoints::value1], request[endpoints::value2],
-        request[endpoints::value3], request[endpoints::flag1], request[endpoints::flag2]};
+    const Endpoint endpoint {key_of(exchange), request[endpoints::text1], request[endpoints::name],
+        request[endpoints::value1], request[endpoints::value2], request[endpoints::value3], request[endpoints::flag1],
+        request[endpoints::flag2], {}, {}};
+    if (exchange.state.is_strict() && !endpoint.bridge.empty() && bridge_with(exchange, endpoint) == nullptr)
+        return ENOENT;
+    auto& all = exchange.state.endpoints;
+    Endpoint* existing = all.find(endpoint.key);
+    if (existing == nullptr && all.size() == endpoints::most)
+        return ENOSPC;
+    if (existing == nullptr) {
+        existing = &all.add(endpoint);
+    } else {
+        leave_bridge(exchange, *existing);
+        *existing = endpoint;
+    }
+    if (Bridge* bridge = bridge_with(exchange, *existing))
+        bridge->endpoints.insert(existing);
     return 0;
 }
 
 int remove(Exchange& exchange)
 {
-    const auto endpoint = find(exchange);
-    if (endpoint == exchange.state.endpoints.end())
+    const Endpoint* endpoint = exchange.state.endpoints.find(key_of(exchange));
+    if (endpoint == nullptr)
         return ENOENT;
-    exchange.state.endpoints.erase(endpoint);
+    leave_bridge(exchange, *endpoint);
+    exchange.state.endpoints.remove(*endpoint);
     return 0;
 }
 
 int flush(Exchange& exchange)
 {
+    for (Bridge& bridge : exchange.state.bridges)
+        bridge.endpoints.clear();
     exchange.state.endpoints.clear();
     return 0;
 }
@@ -68,7 +82,7 @@ void write(const Endpoint& endpoint, Exchange& exchange)
     record[to::flag2] = endpoint.flag2;
 }
 
-// Endpoints belong to the module as a whole, whatever bridge is named.
+// All are listed, whatever bridge is named.
 int get_all(Exchange& exchange)
 {
     for (const Endpoint& endpoint : exchange.state.endpoints)
@@ -76,13 +90,25 @@ int get_all(Exchange& exchange)
     return 0;
 }
 
-// Statistics and status have no counters, only the endpoint's key.
-template <const Layout& Reported, const Text& Key>
-int get_key(Exchange& exchange)
+int get_stats(Exchange& exchange)
 {
-    if (find(exchange) == exchange.state.endpoints.end())
+    const Endpoint* endpoint = exchange.state.endpoints.find(key_of(exchange));
+    if (endpoint == nullptr)
         return ENOENT;
-    exchange.add(Reported)[Key] = key_of(exchange);
+    const Record record = exchange.add(endpoints::stats_record::layout);
+    record[endpoints::stats_record::key] = endpoint->key;
+    record[endpoints::stats_record::rest] = endpoint->statistics;
+    return 0;
+}
+
+int get_status(Exchange& exchange)
+{
+    const Endpoint* endpoint = exchange.state.endpoints.find(key_of(exchange));
+    if (endpoint == nullptr)
+        return ENOENT;
+    const Record record = exchange.add(endpoints::status_record::layout);
+    record[endpoints::status_record::key] = endpoint->key;
+    record[endpoints::status_record::rest] = endpoint->status;
     return 0;
 }
 
@@ -91,8 +117,8 @@ constexpr Handler answers[] = {
     {"DelBridgeEndpoint", remove},
     {"FlushBridgeEndpointOn", flush},
     {"FlushBridgeEndpointOff", flush},
-    {"GetBeStats", get_key<endpoints::stats_record::layout, endpoints::stats_record::key>},
-    {"GetBeStatus", get_key<endpoints::status_record::layout, endpoints::status_record::key>},
+    {"GetBeStats", get_stats},
+    {"GetBeStatus", get_status},
     {"GetBeAll", get_all},
     {"GetBridgeEndpoints", get_all},
 };

@@ -1,12 +1,13 @@
 // Forwarding tables of bridges, the FL table and PMACs. The model keeps no FL table.
 #include "emulator/protocol/fdb.h"
 
+#include "emulator/model/addresses.h"
 #include "emulator/model/answers.h"
 #include "emulator/model/find.h"
 #include "emulator/model/handlers.h"
 
 #include <algorithm>
-#include <cstdio>
+#include <cctype>
 
 namespace emulator {
 
@@ -19,20 +20,27 @@ std::array<std::uint32_t, 2> selectors_of(const Exchange& exchange)
     return {exchange.request[fdb::selector1], exchange.request[fdb::selector2]};
 }
 
+std::string in_lower_case(std::string text)
+{
+    std::transform(text.begin(), text.end(), text.begin(),
+        [](unsigned char character) { return static_cast<char>(std::tolower(character)); });
+    return text;
+}
+
 int set_fdb_entry(Exchange& exchange)
 {
     return on_bridge(exchange, [&](Bridge& bridge) {
-        FdbEntry entry {selectors_of(exchange), exchange.request[fdb::mac], exchange.request[fdb::value],
-            exchange.request[fdb::flags]};
-        const auto existing = std::find_if(bridge.fdb.begin(), bridge.fdb.end(), [&](const FdbEntry& candidate) {
-            return candidate.selectors == entry.selectors && candidate.mac == entry.mac;
-        });
-        if (existing != bridge.fdb.end())
+        const std::string mac = exchange.request[fdb::mac];
+        if (exchange.state.is_strict() && !parse_mac(mac))
+            return EINVAL;
+        const FdbEntry entry {
+            selectors_of(exchange), in_lower_case(mac), exchange.request[fdb::value], exchange.request[fdb::flags]};
+        if (FdbEntry* existing = bridge.fdb.find(entry.identity()))
             *existing = entry;
         else if (bridge.fdb.size() == fdb::most)
             return ENOSPC;
         else
-            bridge.fdb.push_back(entry);
+            bridge.fdb.add(entry);
         return 0;
     });
 }
@@ -40,32 +48,23 @@ int set_fdb_entry(Exchange& exchange)
 int clear_fdb(Exchange& exchange)
 {
     return on_bridge(exchange, [&](Bridge& bridge) {
-        std::erase_if(bridge.fdb, [&](const FdbEntry& entry) { return entry.selectors == selectors_of(exchange); });
+        bridge.fdb.remove_all([&](const FdbEntry& entry) { return entry.selectors == selectors_of(exchange); });
         return 0;
     });
-}
-
-// The six bytes of a MAC address in text form; zeros if it is none.
-MacAddress parse_mac(const std::string& text)
-{
-    std::array<unsigned, 6> digits {};
-    MacAddress mac {};
-    // NOLINTNEXTLINE(cert-err34-c): two digits at a time do not overflow
-    if (std::sscanf(text.c_str(), "%2x:%2x:%2x:%2x:%2x:%2x", &digits[0], &digits[1], &digits[2], &digits[3], &digits[4],
-            &digits[5]) == 6)
-        std::transform(digits.begin(), digits.end(), mac.begin(), [](unsigned digit) { return std::byte(digit); });
-    return mac;
 }
 
 void write(const FdbEntry& entry, Exchange& exchange)
 {
     namespace to = fdb::record;
     const Record record = exchange.add(to::layout);
-    record[to::mac] = parse_mac(entry.mac);
+    record[to::mac] = parse_mac(entry.mac).value_or(MacAddress {});
     record[to::selector1] = static_cast<std::uint16_t>(entry.selectors[0]);
     record[to::selector2] = entry.selectors[1];
     record[to::flags] = entry.flags;
     record[to::value] = entry.value;
+    if (entry.learned)
+        record[to::value5] = static_cast<std::uint32_t>(
+            std::chrono::floor<std::chrono::seconds>(exchange.state.stopwatch.now() - *entry.learned).count());
 }
 
 int get_fdb(Exchange& exchange)
@@ -81,7 +80,7 @@ int get_fdb(Exchange& exchange)
 
 int add_pmac(Exchange& exchange)
 {
-    if (exchange.state.pmacs.size() == fdb::most_pmacs)
+    if (exchange.state.pmacs.size() == fdb::most_pmacs && !exchange.state.pmacs.contains(exchange.request[fdb::pmac]))
         return ENOSPC;
     exchange.state.pmacs[exchange.request[fdb::pmac]] = exchange.request[fdb::pmac_value];
     return 0;

@@ -3,8 +3,6 @@
 #include "emulator/protocol/bridges.h"
 #include "emulator/protocol/policies.h"
 
-#include <algorithm>
-
 namespace emulator {
 
 using namespace protocol;
@@ -17,23 +15,17 @@ Instance* instance_of(Exchange& exchange)
 Lif* lif_of(Exchange& exchange)
 {
     Instance* instance = instance_of(exchange);
-    return instance == nullptr ? nullptr : instance->find_lif(exchange.request[addressed::lif]);
+    return instance == nullptr ? nullptr : instance->lifs.find(exchange.request[addressed::lif]);
 }
 
 PolicyTable* table_of(Exchange& exchange)
 {
-    auto& tables = exchange.state.policy_tables;
-    const auto found = std::find_if(tables.begin(), tables.end(),
-        [id = exchange.request[policies::table]](const PolicyTable& table) { return table.id == id; });
-    return found == tables.end() ? nullptr : &*found;
+    return exchange.state.policy_tables.find(exchange.request[policies::table]);
 }
 
 Bridge* bridge_of(Exchange& exchange)
 {
-    auto& all = exchange.state.bridges;
-    const auto found = std::find_if(all.begin(), all.end(),
-        [key = exchange.request[bridges::key]](const Bridge& bridge) { return bridge.key == key; });
-    return found == all.end() ? nullptr : &*found;
+    return exchange.state.bridges.find(exchange.request[bridges::key]);
 }
 
 } // namespace emulator

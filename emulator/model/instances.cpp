@@ -2,9 +2,7 @@
 #include "emulator/protocol/instances.h"
 
 #include "emulator/model/handlers.h"
-
-#include <algorithm>
-#include <cstdio>
+#include "emulator/model/lif_users.h"
 
 namespace emulator {
 
@@ -23,15 +21,6 @@ bool is_uuid_text(const std::string& text)
             return false;
     }
     return true;
-}
-
-// The same instances created in the same order have the same UUIDs in every run.
-std::string next_uuid(State& state)
-{
-    char text[37];
-    std::snprintf(text, sizeof text, "10000000-0000-4000-8000-%012llx",
-        static_cast<unsigned long long>(++state.instances_created));
-    return text;
 }
 
 std::string key_of(const Exchange& exchange)
@@ -61,9 +50,11 @@ int create_or_update(Exchange& exchange)
     if (instance == nullptr) {
         if (exchange.state.instances.size() == instances::most)
             return ENOSPC;
-        instance = &exchange.state.instances.emplace_back();
-        instance->name = key;
-        instance->uuid = is_uuid_text(key) ? key : next_uuid(exchange.state);
+        Instance created;
+        created.name = key;
+        created.uuid = is_uuid_text(key) ? key : next_uuid(exchange.state);
+        instance = &exchange.state.instances.add(std::move(created));
+        exchange.state.instances_by_uuid[instance->uuid] = instance;
     }
     instance->value1 = exchange.request[instances::value1];
     instance->text = exchange.request[instances::text];
@@ -76,7 +67,10 @@ int remove(Exchange& exchange)
     Instance* instance = exchange.state.find_instance(key_of(exchange));
     if (instance == nullptr)
         return ENOENT;
-    exchange.state.instances.erase(exchange.state.instances.begin() + (instance - exchange.state.instances.data()));
+    for (Lif& lif : instance->lifs)
+        detach_lif(exchange.state, lif);
+    exchange.state.instances_by_uuid.erase(instance->uuid);
+    exchange.state.instances.remove(*instance);
     return 0;
 }
 

@@ -1,12 +1,12 @@
 // Interface policies: route-shaped entries under a kind.
 #include "emulator/protocol/lif_policies.h"
 
+#include "emulator/model/addresses.h"
 #include "emulator/model/answers.h"
 #include "emulator/model/find.h"
 #include "emulator/model/handlers.h"
+#include "emulator/model/lif_users.h"
 #include "emulator/model/route_record.h"
-
-#include <algorithm>
 
 namespace emulator {
 
@@ -24,27 +24,25 @@ LifPolicy policy_of(const Exchange& exchange)
         {request[lif_policies::gateway], request[lif_policies::lif]}};
 }
 
-bool same(const LifPolicy& left, const LifPolicy& right)
-{
-    return left.kind == right.kind && left.text == right.text && left.dest == right.dest && left.mask == right.mask &&
-           left.next_hop == right.next_hop;
-}
-
 int set(Exchange& exchange)
 {
     Instance* instance = instance_of(exchange);
     if (instance == nullptr)
         return ENOENT;
     const LifPolicy policy = policy_of(exchange);
-    const auto existing = std::find_if(instance->lif_policies.begin(), instance->lif_policies.end(),
-        [&](const LifPolicy& candidate) { return same(candidate, policy); });
-    if (existing != instance->lif_policies.end()) {
+    if (exchange.state.is_strict()) {
+        if (!policy.next_hop.lif.empty() && instance->lifs.find(policy.next_hop.lif) == nullptr)
+            return ENOENT;
+        if (!is_contiguous(policy.mask) || (policy.dest & ~policy.mask) != 0)
+            return EINVAL;
+    }
+    if (LifPolicy* existing = instance->lif_policies.find(policy.identity())) {
         existing->param = policy.param;
         return done(exchange);
     }
     if (instance->lif_policies.size() == lif_policies::most)
         return ENOSPC;
-    instance->lif_policies.push_back(policy);
+    use_lif<&Lif::policies>(*instance, policy.next_hop.lif, instance->lif_policies.add(policy));
     return done(exchange);
 }
 
@@ -53,10 +51,12 @@ int remove(Exchange& exchange)
     Instance* instance = instance_of(exchange);
     if (instance == nullptr)
         return ENOENT;
-    const LifPolicy policy = policy_of(exchange);
-    const auto removed =
-        std::erase_if(instance->lif_policies, [&](const LifPolicy& candidate) { return same(candidate, policy); });
-    return removed > 0 ? done(exchange) : ESRCH;
+    const LifPolicy* policy = instance->lif_policies.find(policy_of(exchange).identity());
+    if (policy == nullptr)
+        return ESRCH;
+    leave_lif<&Lif::policies>(*instance, policy->next_hop.lif, *policy);
+    instance->lif_policies.remove(*policy);
+    return done(exchange);
 }
 
 // Of the kind asked for, and of kind 4 those for the same text.

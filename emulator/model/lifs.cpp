@@ -1,8 +1,11 @@
 // Logical interfaces: routed ones, and bridge LIFs.
 #include "emulator/protocol/lifs.h"
 
+#include "emulator/model/addresses.h"
 #include "emulator/model/find.h"
 #include "emulator/model/handlers.h"
+#include "emulator/model/lif_users.h"
+#include "emulator/model/subnets.h"
 
 namespace emulator {
 
@@ -48,7 +51,7 @@ Lif* lif_to_set(Exchange& exchange, LifKind kind, int& error)
     error = instance == nullptr ? ENOENT : name.empty() ? EINVAL : 0;
     if (error != 0)
         return nullptr;
-    Lif* lif = instance->find_lif(name);
+    Lif* lif = instance->lifs.find(name);
     if (lif != nullptr) {
         // A name belongs to one LIF, of either kind.
         error = lif->kind == kind ? 0 : EEXIST;
@@ -58,21 +61,34 @@ Lif* lif_to_set(Exchange& exchange, LifKind kind, int& error)
         error = ENOSPC;
         return nullptr;
     }
-    lif = &instance->lifs.emplace_back();
-    lif->kind = kind;
-    lif->name = name;
-    return lif;
+    Lif created;
+    created.created = instance->lifs_created++;
+    created.kind = kind;
+    created.name = name;
+    return &instance->lifs.add(std::move(created));
 }
 
 int set_routed(Exchange& exchange)
 {
+    const Instance* before = instance_of(exchange);
+    if (before == nullptr)
+        return ENOENT;
+    if (exchange.state.is_strict() && !is_contiguous(exchange.request[lifs::mask]))
+        return EINVAL;
+    const Lif* existing = lif_of(exchange);
+    if (existing != nullptr && existing->enabled && existing->address == 0 && exchange.request[lifs::address] != 0 &&
+        !has_room_for_a_subnet(*before))
+        return ENOSPC;
     int error = 0;
     Lif* lif = lif_to_set(exchange, LifKind::Routed, error);
     if (lif == nullptr)
         return error;
+    Instance& instance = *instance_of(exchange);
     lif->aux_name = exchange.request[lifs::aux_name];
+    leave_subnet(instance, *lif);
     lif->address = exchange.request[lifs::address];
     lif->mask = exchange.request[lifs::mask];
+    join_subnet(instance, *lif);
     lif->di_address = exchange.request[lifs::di_address];
     lif->mac = exchange.request[lifs::mac];
     lif->param_a = exchange.request[lifs::param_a];
@@ -81,13 +97,19 @@ int set_routed(Exchange& exchange)
     return 0;
 }
 
+// A second name is that of the LIF's bridge.
 int set_bridge(Exchange& exchange)
 {
+    const std::string bridge = exchange.request[lifs::aux_name];
+    if (exchange.state.is_strict() && !bridge.empty() && exchange.state.bridges.find(bridge) == nullptr)
+        return ENOENT;
     int error = 0;
     Lif* lif = lif_to_set(exchange, LifKind::Bridge, error);
     if (lif == nullptr)
         return error;
-    lif->aux_name = exchange.request[lifs::aux_name];
+    detach_lif(exchange.state, *lif);
+    lif->aux_name = bridge;
+    attach_lif(exchange.state, *instance_of(exchange), *lif);
     lif->di_address = exchange.request[lifs::di_value];
     lif->param_a = exchange.request[lifs::param_a];
     lif->param_b = exchange.request[lifs::param_b];
@@ -97,11 +119,10 @@ int set_bridge(Exchange& exchange)
 template <LifKind Kind>
 int remove(Exchange& exchange)
 {
-    return on_lif(exchange, [&](const Lif& lif) {
+    return on_lif(exchange, [&](Lif& lif) {
         if (lif.kind != Kind)
             return ENOENT;
-        auto& all = instance_of(exchange)->lifs;
-        all.erase(all.begin() + (&lif - all.data()));
+        remove_lif(exchange.state, *instance_of(exchange), lif);
         return 0;
     });
 }

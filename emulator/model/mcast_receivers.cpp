@@ -32,21 +32,21 @@ int get_domain(Exchange& exchange)
     });
 }
 
-auto same_local(const Exchange& exchange)
+LocalReceiver local_of(const Exchange& exchange)
 {
-    return [value = value_of(exchange), text = exchange.request[mcast_receivers::text]](
-               const LocalReceiver& receiver) { return receiver.value == value && receiver.text == text; };
+    return {value_of(exchange), exchange.request[mcast_receivers::text]};
 }
 
 int add_local(Exchange& exchange)
 {
     return on_instance(exchange, [&](Instance& instance) {
         auto& all = instance.local_receivers;
-        if (std::any_of(all.begin(), all.end(), same_local(exchange)))
+        const LocalReceiver receiver = local_of(exchange);
+        if (all.find(receiver.identity()) != nullptr)
             return 0;
         if (all.size() == mcast_receivers::most_local)
             return ENOSPC;
-        all.push_back({value_of(exchange), exchange.request[mcast_receivers::text]});
+        all.add(receiver);
         return 0;
     });
 }
@@ -54,7 +54,7 @@ int add_local(Exchange& exchange)
 int remove_local(Exchange& exchange)
 {
     return on_instance(exchange, [&](Instance& instance) {
-        return std::erase_if(instance.local_receivers, same_local(exchange)) == 1 ? 0 : ENOENT;
+        return instance.local_receivers.remove_if_found(local_of(exchange).identity()) ? 0 : ENOENT;
     });
 }
 
@@ -73,21 +73,20 @@ int get_local(Exchange& exchange)
     });
 }
 
-auto same_remote(const Exchange& exchange)
+auto remote_identity(const Exchange& exchange)
 {
-    return [value = value_of(exchange), key = exchange.request[mcast_receivers::key]](
-               const RemoteReceiver& receiver) { return receiver.value == value && receiver.key == key; };
+    return std::tuple(value_of(exchange), exchange.request[mcast_receivers::key]);
 }
 
 int add_remote(Exchange& exchange)
 {
     return on_instance(exchange, [&](Instance& instance) {
         auto& all = instance.remote_receivers;
-        std::erase_if(all, same_remote(exchange));
+        all.remove_if_found(remote_identity(exchange));
         if (all.size() == mcast_receivers::most_remote)
             return ENOSPC;
         const Input& request = exchange.request;
-        all.push_back({value_of(exchange), request[mcast_receivers::key], request[mcast_receivers::value1],
+        all.add({value_of(exchange), request[mcast_receivers::key], request[mcast_receivers::value1],
             request[mcast_receivers::value2], request[mcast_receivers::hw_addr]});
         return 0;
     });
@@ -96,7 +95,7 @@ int add_remote(Exchange& exchange)
 int remove_remote(Exchange& exchange)
 {
     return on_instance(exchange, [&](Instance& instance) {
-        return std::erase_if(instance.remote_receivers, same_remote(exchange)) == 1 ? 0 : ENOENT;
+        return instance.remote_receivers.remove_if_found(remote_identity(exchange)) ? 0 : ENOENT;
     });
 }
 

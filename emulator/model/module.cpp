@@ -1,5 +1,7 @@
 #include "emulator/model/module.h"
 
+#include "emulator/model/ageing.h"
+#include "emulator/model/find.h"
 #include "emulator/model/handlers.h"
 #include "emulator/protocol/commands.h"
 
@@ -28,10 +30,61 @@ Table all_commands()
     return table;
 }
 
+// What sets something counts, but for what sets the counters.
+bool counts(const protocol::Command& command)
+{
+    using protocol::number_of;
+    switch (command.number) {
+    case number_of("ResetLumoInstanceCPStats"):
+    case number_of("ResetLifStats"):
+    case number_of("ResetLumoDiStats"):
+    case number_of("SoftRSSStatsReset"):
+    case number_of("DumpFLTable"):
+    case number_of("PreUnload"):
+        return false;
+    default:
+        return command.reply.shape == protocol::Shape::Nothing || command.reply.shape == protocol::Shape::Result;
+    }
+}
+
+// Where programs find what the module has done, in all and for an instance. The library passes the counter before it on for
+// instances only.
+constexpr std::uint32_t done_place = 1;
+
+// The module has done what it was told.
+void count(const protocol::Command& command, Exchange& exchange)
+{
+    if (!counts(command))
+        return;
+    exchange.state.counters.add_one(done_place);
+    const auto& fields = command.input.fields;
+    if (fields.empty() || fields.front() != &protocol::addressed::instance)
+        return;
+    if (Instance* instance = instance_of(exchange))
+        instance->control_plane_counters.add_one(done_place);
+}
+
 } // namespace
 
-Module::Module() : state_(std::make_unique<State>()) {}
+Module::Module(Settings settings) : state_(std::make_unique<State>(settings)) {}
+
 Module::~Module() = default;
+
+State& Module::state()
+{
+    forget_what_has_aged(*state_);
+    return *state_;
+}
+
+void Module::replace(std::unique_ptr<State> state)
+{
+    state_ = std::move(state);
+}
+
+void Module::advance(Time by)
+{
+    state_->stopwatch.advance(by);
+}
 
 Answer Module::answer(std::uint32_t number, std::span<const std::byte> input, std::uint32_t room)
 {
@@ -42,11 +95,13 @@ Answer Module::answer(std::uint32_t number, std::span<const std::byte> input, st
     if (input.size() != command->input.size)
         return {EINVAL, {}};
 
+    forget_what_has_aged(*state_);
     Exchange exchange {*state_, protocol::Input(input), room};
     if (const int error = answer(exchange); error != 0)
         return {error, {}};
     if (exchange.reply.size() > room)
         return {ENOBUFS, {}};
+    count(*command, exchange);
     return {0, std::move(exchange.reply)};
 }
 

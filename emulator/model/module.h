@@ -1,6 +1,8 @@
 // A model of the kernel module: takes one command at a time and keeps what it was told.
 #pragma once
 
+#include "emulator/model/time.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -17,16 +19,36 @@ struct Answer
 
 struct State;
 
+// What the module does with what makes no sense, or is to be in use before it is there.
+enum class Strictness
+{
+    Strict, // refuses it
+    Lenient // takes it, for programs that do not mind yet
+};
+
+struct Settings
+{
+    Strictness strictness = Strictness::Strict;
+    Clock clock = Clock::Real;
+};
+
 class Module
 {
 public:
-    Module();
+    explicit Module(Settings settings = {});
     ~Module();
     Module(const Module&) = delete;
     Module& operator=(const Module&) = delete;
 
     // number: the request of the ioctl; input: the bytes that the envelope's inPtr and inLen name; room: its outLen.
     Answer answer(std::uint32_t number, std::span<const std::byte> input, std::uint32_t room);
+
+    // Lets time pass, more than what has passed by itself if the clock is a real one.
+    void advance(Time by);
+
+    // For those who read or write all of it (emulator/state/).
+    State& state();
+    void replace(std::unique_ptr<State> state);
 
 private:
     std::unique_ptr<State> state_;

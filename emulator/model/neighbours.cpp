@@ -1,10 +1,10 @@
 // ARP entries, IPv6 neighbours, and proxy entries of both.
 #include "emulator/protocol/neighbours.h"
 
+#include "emulator/model/addresses.h"
 #include "emulator/model/find.h"
 #include "emulator/model/handlers.h"
-
-#include <algorithm>
+#include "emulator/model/lif_users.h"
 
 namespace emulator {
 
@@ -35,30 +35,26 @@ Neighbour named_by(const Exchange& exchange)
     return neighbour;
 }
 
-bool same(const Neighbour& left, const Neighbour& right)
-{
-    return left.family == right.family && left.entry == right.entry && left.ipv4_address == right.ipv4_address &&
-           left.ipv6_address == right.ipv6_address && left.lif == right.lif;
-}
-
 template <Family Of>
 int set(Exchange& exchange)
 {
     Instance* instance = instance_of(exchange);
     Neighbour neighbour = named_by<Of>(exchange);
-    if (instance == nullptr || instance->find_lif(neighbour.lif) == nullptr)
+    if (instance == nullptr || instance->lifs.find(neighbour.lif) == nullptr)
         return ENOENT;
     neighbour.mac =
         Of == Family::Ipv4 ? exchange.request[neighbours::arp::mac] : exchange.request[neighbours::ipv6::mac];
+    // The library sends none with a proxy entry.
+    const bool needs_mac = neighbour.entry == Entry::Plain || !neighbour.mac.empty();
+    if (exchange.state.is_strict() && needs_mac && !parse_mac(neighbour.mac))
+        return EINVAL;
     auto& all = instance->neighbours;
-    const auto existing =
-        std::find_if(all.begin(), all.end(), [&](const Neighbour& candidate) { return same(candidate, neighbour); });
-    if (existing != all.end())
+    if (Neighbour* existing = all.find(neighbour.identity()))
         *existing = neighbour;
     else if (all.size() == neighbours::most)
         return ENOSPC;
     else
-        all.push_back(neighbour);
+        use_lif<&Lif::neighbours>(*instance, neighbour.lif, all.add(neighbour));
     return 0;
 }
 
@@ -68,10 +64,12 @@ int remove(Exchange& exchange)
     Instance* instance = instance_of(exchange);
     if (instance == nullptr)
         return ENOENT;
-    const Neighbour neighbour = named_by<Of>(exchange);
-    const auto removed =
-        std::erase_if(instance->neighbours, [&](const Neighbour& candidate) { return same(candidate, neighbour); });
-    return removed > 0 ? 0 : ENOENT;
+    const Neighbour* neighbour = instance->neighbours.find(named_by<Of>(exchange).identity());
+    if (neighbour == nullptr)
+        return ENOENT;
+    leave_lif<&Lif::neighbours>(*instance, neighbour->lif, *neighbour);
+    instance->neighbours.remove(*neighbour);
+    return 0;
 }
 
 // The reads and clears of both families name the interface in the same place, or none for all.
@@ -102,11 +100,13 @@ int dump(Exchange& exchange)
     const Instance* instance = instance_of(exchange);
     if (instance == nullptr)
         return ENOENT;
-    for (const Neighbour& neighbour : instance->neighbours) {
-        // Only ARP has a table of its own for proxy entries; that of neighbours holds both.
-        const bool asked = Of == Family::Ipv6 || neighbour.entry == entry_of(exchange);
-        if (neighbour.family == Of && asked && on_interface(exchange, neighbour))
-            write<Of>(neighbour, exchange);
+    for (const Entry entry : {Entry::Plain, Entry::Proxy}) {
+        // Only ARP has a table of its own for proxy entries; that of neighbours holds both, these last.
+        if (Of == Family::Ipv4 && entry != entry_of(exchange))
+            continue;
+        for (const Neighbour& neighbour : instance->neighbours)
+            if (neighbour.family == Of && neighbour.entry == entry && on_interface(exchange, neighbour))
+                write<Of>(neighbour, exchange);
     }
     // An entry of zeros ends the dump.
     exchange.add(Of == Family::Ipv4 ? neighbours::entry::of_arp : neighbours::entry::of_ipv6);
@@ -119,8 +119,12 @@ int clear(Exchange& exchange)
     Instance* instance = instance_of(exchange);
     if (instance == nullptr)
         return ENOENT;
-    std::erase_if(instance->neighbours,
-        [&](const Neighbour& neighbour) { return neighbour.family == Of && on_interface(exchange, neighbour); });
+    instance->neighbours.remove_all([&](const Neighbour& neighbour) {
+        const bool is_meant = neighbour.family == Of && on_interface(exchange, neighbour);
+        if (is_meant)
+            leave_lif<&Lif::neighbours>(*instance, neighbour.lif, neighbour);
+        return is_meant;
+    });
     return 0;
 }
 

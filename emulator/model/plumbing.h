@@ -3,13 +3,30 @@
 
 #include "emulator/model/state.h"
 
+#include <cerrno>
+
 namespace emulator {
 
 // A connection of the same name is replaced.
-int plumb(const Connection& connection, std::vector<Connection>& all);
-int unplumb(const std::string& name, std::vector<Connection>& all);
+template <class Connection>
+int plumb(const Connection& connection, Collection<Connection>& all)
+{
+    if (connection.name.empty())
+        return EINVAL;
+    if (Connection* existing = all.find(connection.name))
+        *existing = connection;
+    else if (all.size() == protocol::connections::most)
+        return ENOSPC;
+    else
+        all.add(connection);
+    return 0;
+}
 
-// Null if there is none.
-const Connection* find_connection(const std::string& name, const std::vector<Connection>& all);
+// What is plumbed takes a second to come up, unless the other end cannot be reached.
+template <class Connection>
+bool is_up(const Connection& connection, Time now)
+{
+    return connection.link == Link::Up && now >= connection.since + std::chrono::seconds(1);
+}
 
 } // namespace emulator

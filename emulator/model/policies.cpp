@@ -5,19 +5,15 @@
 #include "emulator/model/find.h"
 #include "emulator/model/handlers.h"
 
-#include <algorithm>
-
 namespace emulator {
 
 using namespace protocol;
 
 namespace {
 
-auto find_policy(PolicyTable& table, const Exchange& exchange)
+auto keys_of(const Exchange& exchange)
 {
-    return std::find_if(table.policies.begin(), table.policies.end(),
-        [key1 = exchange.request[policies::key1], key2 = exchange.request[policies::key2]](
-            const Policy& policy) { return policy.key1 == key1 && policy.key2 == key2; });
+    return std::tuple(exchange.request[policies::key1], exchange.request[policies::key2]);
 }
 
 int get_policies(Exchange& exchange)
@@ -50,12 +46,11 @@ int set_policy(Exchange& exchange)
     PolicyTable* table = table_of(exchange);
     if (table == nullptr)
         return ENOENT;
-    auto policy = find_policy(*table, exchange);
-    if (policy == table->policies.end()) {
+    Policy* policy = table->policies.find(keys_of(exchange));
+    if (policy == nullptr) {
         if (table->policies.size() == policies::most)
             return ENOSPC;
-        policy =
-            table->policies.insert(policy, {exchange.request[policies::key1], exchange.request[policies::key2], 0});
+        policy = &table->policies.add({exchange.request[policies::key1], exchange.request[policies::key2], 0});
     }
     policy->value = exchange.request[policies::value];
     return done(exchange);
@@ -66,11 +61,7 @@ int remove_policy(Exchange& exchange)
     PolicyTable* table = table_of(exchange);
     if (table == nullptr)
         return ENOENT;
-    const auto policy = find_policy(*table, exchange);
-    if (policy == table->policies.end())
-        return ENOENT;
-    table->policies.erase(policy);
-    return done(exchange);
+    return table->policies.remove_if_found(keys_of(exchange)) ? done(exchange) : ENOENT;
 }
 
 constexpr Handler answers[] = {

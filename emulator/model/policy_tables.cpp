@@ -4,6 +4,9 @@
 #include "emulator/model/answers.h"
 #include "emulator/model/find.h"
 #include "emulator/model/handlers.h"
+#include "emulator/model/lif_users.h"
+
+#include <algorithm>
 
 namespace emulator {
 
@@ -29,8 +32,7 @@ int set_table(Exchange& exchange)
     if (table == nullptr) {
         if (exchange.state.policy_tables.size() == policy_tables::most)
             return ENOSPC;
-        table = &exchange.state.policy_tables.emplace_back();
-        table->id = exchange.request[policy_tables::table];
+        table = &exchange.state.policy_tables.add({exchange.request[policy_tables::table], {}, {}, {}});
     }
     table->name = exchange.request[policy_tables::name];
     return done(exchange);
@@ -41,8 +43,9 @@ int remove_table(Exchange& exchange)
     const PolicyTable* table = table_of(exchange);
     if (table == nullptr)
         return ENOENT;
-    auto& all = exchange.state.policy_tables;
-    all.erase(all.begin() + (table - all.data()));
+    for (Lif* lif : table->referring)
+        std::erase_if(lif->policy_table_refs, [&](const PolicyTableRef& ref) { return table_of(ref) == table->id; });
+    exchange.state.policy_tables.remove(*table);
     return done(exchange);
 }
 
@@ -60,6 +63,13 @@ int get_refs(Exchange& exchange)
     return 0;
 }
 
+void refer(Exchange& exchange, Lif& lif, std::vector<PolicyTableRef> refs)
+{
+    detach_lif(exchange.state, lif);
+    lif.policy_table_refs = std::move(refs);
+    attach_lif(exchange.state, *instance_of(exchange), lif);
+}
+
 int set_refs(Exchange& exchange)
 {
     Lif* lif = lif_of(exchange);
@@ -68,9 +78,14 @@ int set_refs(Exchange& exchange)
     const std::size_t count = exchange.request[policy_tables::count];
     if (count > policy_tables::most_refs)
         return EINVAL;
-    lif->policy_table_refs.clear();
+    std::vector<PolicyTableRef> refs;
     for (std::size_t i = 0; i < count; ++i)
-        lif->policy_table_refs.push_back(exchange.request[policy_tables::entries][i][policy_tables::ref::bytes]);
+        refs.push_back(exchange.request[policy_tables::entries][i][policy_tables::ref::bytes]);
+    const bool names_no_table = std::any_of(refs.begin(), refs.end(),
+        [&](const PolicyTableRef& ref) { return exchange.state.policy_tables.find(table_of(ref)) == nullptr; });
+    if (exchange.state.is_strict() && names_no_table)
+        return ENOENT;
+    refer(exchange, *lif, std::move(refs));
     return done(exchange);
 }
 
@@ -79,7 +94,7 @@ int remove_refs(Exchange& exchange)
     Lif* lif = lif_of(exchange);
     if (lif == nullptr)
         return ENOENT;
-    lif->policy_table_refs.clear();
+    refer(exchange, *lif, {});
     return done(exchange);
 }
 

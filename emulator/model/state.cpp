@@ -1,20 +1,40 @@
 #include "emulator/model/state.h"
 
-#include <algorithm>
+#include "emulator/protocol/bfd.h"
+
+#include <cstdio>
 
 namespace emulator {
 
 Instance* State::find_instance(const std::string& key)
 {
-    const auto found = std::find_if(instances.begin(), instances.end(),
-        [&](const Instance& instance) { return instance.name == key || instance.uuid == key; });
-    return found == instances.end() ? nullptr : &*found;
+    if (Instance* named = instances.find(key))
+        return named;
+    const auto found = instances_by_uuid.find(key);
+    return found == instances_by_uuid.end() ? nullptr : found->second;
 }
 
-Lif* Instance::find_lif(const std::string& lif_name)
+std::string next_uuid(State& state)
 {
-    const auto found = std::find_if(lifs.begin(), lifs.end(), [&](const Lif& lif) { return lif.name == lif_name; });
-    return found == lifs.end() ? nullptr : &*found;
+    std::string uuid;
+    do {
+        char text[37];
+        std::snprintf(text, sizeof text, "10000000-0000-4000-8000-%012llx",
+            static_cast<unsigned long long>(++state.instances_created));
+        uuid = text;
+    } while (state.find_instance(uuid) != nullptr);
+    return uuid;
+}
+
+bool has_room_for_sessions(const State& state, std::uint64_t more)
+{
+    std::uint64_t nodes = 0;
+    for (const Cluster& cluster : state.clusters)
+        nodes += cluster.nodes.size();
+    std::uint64_t sessions = nodes * state.bfd_connections.size() + more;
+    for (const BfdSessions& others : state.bfd_sessions)
+        sessions += others.count;
+    return sessions <= protocol::bfd::most_sessions;
 }
 
 } // namespace emulator

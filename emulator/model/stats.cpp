@@ -1,7 +1,6 @@
-// Statistics. The model counts nothing: every counter is zero.
+// Statistics.
 #include "emulator/protocol/stats.h"
 
-#include "emulator/model/answers.h"
 #include "emulator/model/find.h"
 #include "emulator/model/handlers.h"
 
@@ -12,52 +11,76 @@ using namespace protocol;
 namespace {
 
 // What the first word of a record says its counters are.
-enum Counters : std::uint32_t
+enum class CountersOf : std::uint32_t
 {
     ControlPlane = 0,
     Interface = 1,
     Distributed = 3
 };
 
-void write(Counters kind, Exchange& exchange)
+void write(CountersOf kind, const Counters& counters, Time at, Exchange& exchange)
 {
-    exchange.add(stats::record::layout)[stats::record::kind] = kind;
+    namespace to = stats::record;
+    const Record record = exchange.add(to::layout);
+    record[to::kind] = static_cast<std::uint32_t>(kind);
+    for (const auto& [place, counter] : counters)
+        record[to::counters][place][element<U64>] = counter.at(at);
 }
 
 int get_of_instance(Exchange& exchange)
 {
-    if (instance_of(exchange) == nullptr)
-        return ENOENT;
-    write(ControlPlane, exchange);
-    return 0;
+    return on_instance(exchange, [&](const Instance& instance) {
+        write(CountersOf::ControlPlane, instance.control_plane_counters, exchange.state.stopwatch.now(), exchange);
+        return 0;
+    });
 }
 
+int reset_of_instance(Exchange& exchange)
+{
+    return on_instance(exchange, [&](Instance& instance) {
+        instance.control_plane_counters.reset(exchange.state.stopwatch.now());
+        return 0;
+    });
+}
+
+// The cache is as old as the last whole second.
 int get_of_lif(Exchange& exchange)
 {
-    if (lif_of(exchange) == nullptr)
-        return ENOENT;
-    write(Interface, exchange);
-    return 0;
+    return on_lif(exchange, [&](const Lif& lif) {
+        const Time now = exchange.state.stopwatch.now();
+        write(CountersOf::Interface, lif.counters, exchange.request[stats::cached] ? in_whole_seconds(now) : now,
+            exchange);
+        return 0;
+    });
 }
 
 int reset_of_lif(Exchange& exchange)
 {
-    return lif_of(exchange) != nullptr ? 0 : ENOENT;
+    return on_lif(exchange, [&](Lif& lif) {
+        lif.counters.reset(exchange.state.stopwatch.now());
+        return 0;
+    });
 }
 
 int get_distributed(Exchange& exchange)
 {
-    write(Distributed, exchange);
+    write(CountersOf::Distributed, exchange.state.counters, exchange.state.stopwatch.now(), exchange);
+    return 0;
+}
+
+int reset_distributed(Exchange& exchange)
+{
+    exchange.state.counters.reset(exchange.state.stopwatch.now());
     return 0;
 }
 
 constexpr Handler answers[] = {
     {"GetLumoInstanceCPStats", get_of_instance},
-    {"ResetLumoInstanceCPStats", accepted_for_instance},
+    {"ResetLumoInstanceCPStats", reset_of_instance},
     {"GetLifStats", get_of_lif},
     {"ResetLifStats", reset_of_lif},
     {"GetLumoDiStats", get_distributed},
-    {"ResetLumoDiStats", accepted},
+    {"ResetLumoDiStats", reset_distributed},
 };
 
 } // namespace

@@ -74,9 +74,6 @@ public:
         return {bytes_.subspan(table.offset, table.width), table.entry->size};
     }
 
-    // What was sent once, from the beginning of the record on.
-    void begin_with(std::span<const std::byte> sent) const { std::copy(sent.begin(), sent.end(), bytes_.begin()); }
-
 private:
     std::span<std::byte> bytes_;
 };

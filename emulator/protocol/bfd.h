@@ -25,14 +25,13 @@ inline constexpr Text port {"port", 64, 64};
 inline constexpr Text text {"text", 128, 16};
 inline constexpr Mac mac {"mac", 144};
 
-// As it was sent from the port's name on.
+// What was sent.
 namespace record {
 inline constexpr Text port {"port", 0, 64};
 inline constexpr Text text {"text", 64, 16};
 inline constexpr Mac mac {"mac", 80};
 inline constexpr Layout layout = fields_in<152, port, text, mac>;
 } // namespace record
-inline constexpr auto sent = stretch<record::layout.size>(port);
 
 inline constexpr std::size_t dump_size = 131072;
 inline constexpr std::size_t most = dump_size / record::layout.size;

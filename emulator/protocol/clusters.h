@@ -47,11 +47,10 @@ inline constexpr Text text2 {"text2", 128, 64};
 inline constexpr Text text3 {"text3", 192, 16};
 inline constexpr U32 value {"value", 208};
 inline constexpr Bytes<64> block {"block", 212};
-inline constexpr auto sent = stretch<extent(text1, block)>(text1);
 inline constexpr U32 selector {"selector", 276};
 } // namespace transport
 
-// Begins with what was sent.
+// What was sent.
 namespace transport_record {
 inline constexpr Text text1 {"text1", 0, 64};
 inline constexpr Text text2 {"text2", 64, 64};

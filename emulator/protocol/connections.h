@@ -11,7 +11,7 @@ inline constexpr Text text2 {"text2", 144, 18};
 inline constexpr Text text3 {"text3", 162, 32};
 inline constexpr Text text4 {"text4", 194, 256};
 
-// As it was sent from its name on, as far as there is room.
+// What was sent, as far as there is room.
 namespace record {
 inline constexpr Text name {"name", 0, 64};
 inline constexpr Text text1 {"text1", 64, 16};
@@ -20,7 +20,6 @@ inline constexpr Text text3 {"text3", 98, 32};
 inline constexpr UnterminatedText text4 {"text4", 130, 22};
 inline constexpr Layout layout = fields_in<152, name, text1, text2, text3, text4>;
 } // namespace record
-inline constexpr auto sent = stretch<record::layout.size>(name);
 
 inline constexpr std::size_t dump_size = 131072;
 inline constexpr std::size_t most = dump_size / record::layout.size;

@@ -31,12 +31,14 @@ inline constexpr Layout layout = fields_in<235, key, value3, flag1, value1, valu
 
 namespace stats_record {
 inline constexpr Text key {"key", 0, 64};
-inline constexpr Layout layout = fields_in<146, key>;
+inline constexpr Bytes<82> rest {"rest", 64};
+inline constexpr Layout layout = fields_in<146, key, rest>;
 } // namespace stats_record
 
 namespace status_record {
 inline constexpr Text key {"key", 0, 64};
-inline constexpr Layout layout = fields_in<229, key>;
+inline constexpr Bytes<165> rest {"rest", 64};
+inline constexpr Layout layout = fields_in<229, key, rest>;
 } // namespace status_record
 
 inline constexpr Command commands[] = {

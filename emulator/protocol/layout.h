@@ -13,8 +13,7 @@ void a_field_lies_outside();
 void fields_overlap_or_are_out_of_order();
 void two_fields_have_one_name();
 
-// No two fields of a layout share bytes. A stretch of bytes that is kept as it was sent lies over several fields: it is
-// a field of its own, and in no layout.
+// No two fields of a layout share bytes.
 struct Layout
 {
     std::size_t size = 0;
@@ -61,11 +60,5 @@ template <class Typed>
 inline constexpr Typed element {"", 0};
 template <class Typed>
 inline constexpr Layout elements = bare<element<Typed>>;
-
-// How many bytes lie from the beginning of one field to the end of another.
-constexpr std::size_t extent(const Field& first, const Field& last)
-{
-    return last.offset + last.width - first.offset;
-}
 
 } // namespace emulator::protocol

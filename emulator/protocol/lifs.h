@@ -34,7 +34,7 @@ inline constexpr Text name {"lifName", 0, 64};
 inline constexpr Text aux_name {"lifSecondName", 64, 64};
 inline constexpr Ipv4 address {"ipAddr", 128};
 inline constexpr Ipv4 mask {"ipMask", 132};
-inline constexpr U32 di_address {"diIp", 136};
+inline constexpr Ipv4 di_address {"diIp", 136};
 inline constexpr Mac mac {"lifMac", 140};
 inline constexpr U32 param_a {"lifValue1", 146};
 inline constexpr U32 param_b {"lifValue2", 150};

@@ -18,13 +18,4 @@ inline constexpr Text instance {"instance", 0, 64};
 inline constexpr Text lif {"lif", 192, 64};
 } // namespace addressed
 
-// A stretch of the request record, from the beginning of a field on, that is kept as it was sent.
-template <std::size_t Width>
-consteval Bytes<Width> stretch(const Field& first)
-{
-    if (first.offset + Width > request_size)
-        a_field_lies_outside();
-    return {"", first.offset};
-}
-
 } // namespace emulator::protocol

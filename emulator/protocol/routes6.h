@@ -14,11 +14,8 @@ inline constexpr U8 prefix_len {"prefixLen", 84};
 inline constexpr Ipv6 gateway {"gateway", 101};
 inline constexpr Text lif {"lif", 117, 64};
 
-// A route is kept and reported as the request in which it was sent.
-inline constexpr auto sent = stretch<request_size>(instance);
+// A route is reported as the request that adds it.
 inline constexpr const Layout& entry = request<instance, dest, prefix_len, gateway, lif>;
-// What tells routes apart, with the bytes between that have no meaning.
-inline constexpr auto identity = stretch<extent(dest, lif)>(dest);
 
 inline constexpr U32 count {"count", 0};
 

@@ -4,6 +4,7 @@
 #include "emulator/protocol/access.h"
 #include "emulator/protocol/commands.h"
 #include "emulator/protocol/envelope.h"
+#include "emulator/state/state_file.h"
 #include "emulator/supervisor/control.h"
 #include "emulator/supervisor/descriptor.h"
 #include "emulator/supervisor/failure.h"
@@ -76,16 +77,21 @@ int end_like(const emulator::Ending& ending)
     return 128 + ending.signal;
 }
 
-emulator::Descriptor open_trace(const std::string& path)
+// None where nothing is to be written.
+emulator::Descriptor open_to_write(const std::string& path, int flags)
 {
     if (path.empty())
         return {};
-    emulator::Descriptor file(path == "-"
-                                  ? fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, 3)
-                                  : open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_APPEND | O_CLOEXEC, 0666));
+    emulator::Descriptor file(open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | flags, 0666));
     if (!file)
         emulator::fail(fmt::format("cannot write '{}'", path));
     return file;
+}
+
+emulator::Descriptor open_trace(const std::string& path)
+{
+    return path == "-" ? emulator::Descriptor(fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, 3))
+                       : open_to_write(path, O_TRUNC | O_APPEND);
 }
 
 // What 'run' and 'serve' are asked for.
@@ -98,6 +104,10 @@ struct Asked
     bool linger = false;
     double grace = 2;
     std::optional<double> timeout;
+    bool lenient = false;
+    emulator::Clock clock = emulator::Clock::Real;
+    std::string load;
+    std::string save;
 };
 
 std::chrono::milliseconds milliseconds(double seconds)
@@ -105,11 +115,41 @@ std::chrono::milliseconds milliseconds(double seconds)
     return std::chrono::ceil<std::chrono::milliseconds>(std::chrono::duration<double>(seconds));
 }
 
-emulator::Wishes wishes_for(const Asked& asked, const emulator::Descriptor& trace)
+// What a world writes.
+struct Outputs
+{
+    emulator::Descriptor trace;
+    emulator::Descriptor state;
+};
+
+// What is there stays until there is something else to write: it may be what the world begins with.
+Outputs open_outputs(const Asked& asked)
+{
+    return {open_trace(asked.trace), open_to_write(asked.save, 0)};
+}
+
+emulator::Settings settings_for(const Asked& asked)
+{
+    using emulator::Strictness;
+    return {asked.lenient ? Strictness::Lenient : Strictness::Strict, asked.clock};
+}
+
+// What the world's module begins with.
+void load(emulator::Module& module, const Asked& asked)
+{
+    if (!asked.load.empty())
+        emulator::load_state(module, asked.load);
+}
+
+emulator::Wishes wishes_for(const Asked& asked, const Outputs& outputs)
 {
     using emulator::Traced;
-    emulator::Wishes wishes {
-        asked.world, asked.mode, trace.number(), asked.opens ? Traced::CommandsAndOpens : Traced::Commands, {}};
+    emulator::Wishes wishes;
+    wishes.name = asked.world;
+    wishes.mode = asked.mode;
+    wishes.trace = outputs.trace.number();
+    wishes.traced = asked.opens ? Traced::CommandsAndOpens : Traced::Commands;
+    wishes.state = outputs.state.number();
     wishes.lifetime.leftovers = asked.linger ? emulator::Leftovers::WaitFor : emulator::Leftovers::End;
     wishes.lifetime.grace = milliseconds(asked.grace);
     if (asked.timeout)
@@ -119,18 +159,20 @@ emulator::Wishes wishes_for(const Asked& asked, const emulator::Descriptor& trac
 
 int run(const Asked& asked, char** program)
 {
-    const emulator::Descriptor trace = open_trace(asked.trace);
+    emulator::Module module(settings_for(asked));
+    load(module, asked);
+    const Outputs outputs = open_outputs(asked);
     const std::string name = asked.world.value_or(fmt::format("run-{}", getpid()));
     setenv("LUMOZEPH_WORLD", name.c_str(), 1);
-    emulator::Module module;
-    return end_like(emulator::run_in_world(module, wishes_for(asked, trace), [program] { return execute(program); }));
+    return end_like(emulator::run_in_world(module, wishes_for(asked, outputs), [program] { return execute(program); }));
 }
 
 int serve(const Asked& asked)
 {
-    const emulator::Descriptor trace = open_trace(asked.trace);
-    emulator::Module module;
-    return end_like(emulator::serve_world(module, wishes_for(asked, trace), emulator::notify_readiness));
+    emulator::Module module(settings_for(asked));
+    load(module, asked);
+    const Outputs outputs = open_outputs(asked);
+    return end_like(emulator::serve_world(module, wishes_for(asked, outputs), emulator::notify_readiness));
 }
 
 int join(const std::string& world, char** program)
@@ -173,8 +215,9 @@ std::string refusal(emulator::Mode mode)
 {
     try {
         emulator::Module module;
-        const emulator::Ending ending =
-            emulator::run_in_world(module, {std::nullopt, mode, -1, emulator::Traced::Commands, {}}, ask_once);
+        emulator::Wishes wishes;
+        wishes.mode = mode;
+        const emulator::Ending ending = emulator::run_in_world(module, wishes, ask_once);
         if (ending.signal == 0 && ending.status == 0)
             return {};
         return "the supervisor may not read the memory of its children";
@@ -202,7 +245,7 @@ int check()
     return 0;
 }
 
-void add_options(CLI::App& command, Asked& asked)
+void add_options_of_world(CLI::App& command, Asked& asked)
 {
     const CLI::Range in_seconds(0.0, 1e6);
     command.add_option("--mode", asked.mode, "How the device comes into the world: namespaces or injection")
@@ -220,6 +263,17 @@ void add_options(CLI::App& command, Asked& asked)
     command.add_option("--timeout", asked.timeout, "End all after so many seconds; exit with 124")
         ->type_name("SECONDS")
         ->check(in_seconds);
+    command.add_option("--save", asked.save, "Write the state when the world ends")->type_name("FILE");
+}
+
+void add_options_of_module(CLI::App& command, Asked& asked)
+{
+    command.add_option("--load", asked.load, "Begin with the state that a file describes")->type_name("FILE");
+    command.add_flag("--lenient", asked.lenient, "Accept what the module refuses as making no sense");
+    command.add_option("--clock", asked.clock, "How the module's time passes: real (by itself) or manual")
+        ->type_name("CLOCK")
+        ->transform(CLI::Transformer(std::map<std::string, emulator::Clock> {
+            {"real", emulator::Clock::Real}, {"manual", emulator::Clock::Manual}}));
 }
 
 } // namespace
@@ -250,7 +304,7 @@ int main(int argc, char** argv)
     CLI::App* const stop_command = app.add_subcommand("stop", "End a world");
     CLI::App* const check_command = app.add_subcommand("check", "Say whether this machine can run the emulator");
 
-    add_options(*run_command, asked);
+    add_options_of_world(*run_command, asked);
     run_command->add_option("--world", asked.world, "Give the world a name, by which others can join it")
         ->type_name("NAME");
     run_command->add_flag("--linger", asked.linger, "Wait for what PROGRAM leaves running, instead of ending it");
@@ -260,7 +314,9 @@ int main(int argc, char** argv)
     for (CLI::Option* const option : run_command->get_options())
         if (option != in_process_flag)
             in_process_flag->excludes(option);
-    add_options(*serve_command, asked);
+    add_options_of_module(*run_command, asked);
+    add_options_of_world(*serve_command, asked);
+    add_options_of_module(*serve_command, asked);
     serve_command->add_option("--world", asked.world, "The world's name")->type_name("NAME")->required();
     join_command->add_option("NAME", asked.world, "The world's name")->required();
     stop_command->add_option("NAME", asked.world, "The world's name")->required();
@@ -279,7 +335,8 @@ int main(int argc, char** argv)
             throw CLI::RequiredError("-- PROGRAM");
         if (join_command->parsed())
             return join(*asked.world, program);
-        return in_process ? emulator::run_in_process(program, execute) : run(asked, program);
+        return in_process ? emulator::run_in_process(program, settings_for(asked), asked.load, execute)
+                          : run(asked, program);
     } catch (const CLI::ParseError& error) {
         // --help and --version come this way, too.
         if (error.get_exit_code() == 0)

@@ -57,6 +57,12 @@ SharedModule::Applied SharedModule::apply(const Asked& asked, std::span<const st
     return applied;
 }
 
+void SharedModule::use(const std::function<void(Module&)>& user)
+{
+    const std::lock_guard one(one_at_a_time_);
+    user(module_);
+}
+
 void prepare(int listener)
 {
     // Hands the processor straight to the other side and back. Kernels before 6.6 do without.

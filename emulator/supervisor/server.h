@@ -7,6 +7,7 @@
 #include "emulator/supervisor/trace.h"
 
 #include <cstdint>
+#include <functional>
 #include <linux/seccomp.h>
 #include <mutex>
 #include <string>
@@ -28,6 +29,10 @@ public:
     };
 
     Applied apply(const Asked& asked, std::span<const std::byte> input);
+
+    // Between two commands.
+    void use(const std::function<void(Module&)>& user);
+
     void trace(const Asked& asked, const Applied& applied) { trace_.write(applied.order, asked, applied.answer); }
     void trace_open(std::uint32_t pid, std::string_view path, std::uint64_t flags)
     {

@@ -1,5 +1,7 @@
 #include "emulator/supervisor/trace.h"
 
+#include "emulator/supervisor/output.h"
+
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
@@ -73,7 +75,7 @@ void Trace::work()
         something_.wait(lock, [this] { return !waiting_.empty(); });
         std::swap(waiting_, writing_);
         lock.unlock();
-        const bool written = put(writing_);
+        const bool written = write_all(file_, writing_);
         const int error = errno;
         lock.lock();
         if (!written) {
@@ -84,22 +86,6 @@ void Trace::work()
         writing_.clear();
     }
     nothing_.notify_all();
-}
-
-bool Trace::put(const std::string& text)
-{
-    for (std::size_t done = 0; done < text.size();) {
-        const ssize_t length = ::write(file_, text.data() + done, text.size() - done);
-        if (length >= 0) {
-            done += static_cast<std::size_t>(length);
-        } else if (errno == EAGAIN) {
-            pollfd writable {file_, POLLOUT, 0};
-            poll(&writable, 1, -1);
-        } else if (errno != EINTR) {
-            return false;
-        }
-    }
-    return true;
 }
 
 void Trace::finish(std::chrono::milliseconds patience)

@@ -52,7 +52,6 @@ private:
     void add(const std::string& line);
     void start();
     void work();
-    bool put(const std::string& text);
 
     int file_;
     Traced traced_;

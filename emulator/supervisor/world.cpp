@@ -1,10 +1,12 @@
 #include "emulator/supervisor/world.h"
 
+#include "emulator/state/state_file.h"
 #include "emulator/supervisor/control.h"
 #include "emulator/supervisor/failure.h"
 #include "emulator/supervisor/guest.h"
 #include "emulator/supervisor/mounts.h"
 #include "emulator/supervisor/namespaces.h"
+#include "emulator/supervisor/output.h"
 #include "emulator/supervisor/supervisor.h"
 
 #include <csignal>
@@ -146,6 +148,16 @@ private:
     std::optional<ControlSocket> socket_;
 };
 
+// Does what is left to be done when the world has ended.
+void wind_up(const Wishes& wishes, SharedModule& module, Trace& trace, Door& door)
+{
+    trace.finish(wishes.lifetime.grace);
+    if (wishes.state >= 0)
+        module.use([&](Module& used) { replace_content(wishes.state, json::print(state_of(used))); });
+    // Who takes the name over finds the state written.
+    door.shut();
+}
+
 } // namespace
 
 Ending run_in_world(Module& module, const Wishes& wishes, const std::function<int()>& program)
@@ -162,8 +174,7 @@ Ending run_in_world(Module& module, const Wishes& wishes, const std::function<in
             signals.restore();
             return program();
         });
-        door.shut();
-        trace.finish(wishes.lifetime.grace);
+        wind_up(wishes, shared, trace, door);
     });
     door.leave_to_supervisor();
     return front.wait(signals);
@@ -181,8 +192,7 @@ Ending serve_world(Module& module, const Wishes& wishes, const std::function<voi
         Supervisor supervisor(shared, premises, wishes.lifetime, link, door.socket());
         link.send(Word::Ready);
         supervisor.serve();
-        door.shut();
-        trace.finish(wishes.lifetime.grace);
+        wind_up(wishes, shared, trace, door);
     });
     door.leave_to_supervisor();
     ready();

@@ -26,6 +26,7 @@ struct Wishes
     std::optional<Mode> mode; // the best one that the machine allows, if none is given
     int trace = -1;           // where to write a line of JSON for each command answered, if anywhere
     Traced traced = Traced::Commands;
+    int state = -1; // where to write the module's state when the world has ended, if anywhere
     Lifetime lifetime;
 };
 

@@ -1,4 +1,5 @@
 // The model held against its description: for every command, what is described is what it reads and answers.
+#include "emulator/model/addresses.h"
 #include "emulator/model/module.h"
 #include "emulator/protocol/commands.h"
 
@@ -23,7 +24,7 @@ void put_text(const std::string& text, std::span<std::byte> field)
 }
 
 // Puts the same into the same field of whatever command: 1 into numbers and addresses, and names by which all find each
-// other. Everything else keeps what background is.
+// other. What must make sense does. Everything else keeps what background is.
 void fill(const Layout& layout, std::span<std::byte> bytes)
 {
     for (const Field* field : layout.fields) {
@@ -33,7 +34,16 @@ void fill(const Layout& layout, std::span<std::byte> bytes)
             for (std::size_t at = 0; at < field->width; at += field->entry->size)
                 fill(*field->entry, place.subspan(at, field->entry->size));
         else if (field->kind == Kind::Text)
-            put_text(field->name == "lif" ? "uplink" : "blue", place);
+            put_text(field->name == "lif"                         ? "uplink"
+                     : field->name == "mac" && field->width == 18 ? "02:00:00:00:00:01"
+                                                                  : "blue",
+                place);
+        else if (field->name == "mask")
+            place[0] = std::byte {0xff};
+        else if (field->name == "prefixLen")
+            place[0] = std::byte {longest_prefix};
+        else if (field->name == "mtu")
+            place[1] = std::byte {0x10};
         else
             place[0] = std::byte {1};
     }
@@ -81,9 +91,9 @@ protected:
 
 TEST_F(Described, EveryCommandIsAnswered)
 {
-    // The LIF is a routed one.
+    // The LIF is a routed one, and the module is in use.
     const std::map<std::string_view, int> refused {
-        {"SetBridgeLifOn", EEXIST}, {"SetBridgeLifOff", ENOENT}, {"GetBridgeLif", ENOENT}};
+        {"SetBridgeLifOn", EEXIST}, {"SetBridgeLifOff", ENOENT}, {"GetBridgeLif", ENOENT}, {"PreUnload", EBUSY}};
     for (const Command* command : all_commands()) {
         Module module;
         prepare(module);
@@ -154,12 +164,8 @@ TEST_F(Described, NothingButTheFieldsIsRead)
 {
     // These report the records in which something was sent, whole.
     const std::set<std::string_view> as_sent {
-        "GetConnections", "GetConnection", "GetBFDPortConnections", "BridgeGetLocalTransportNode", "GetRoutesv6"};
-    // What tells IPv6 routes apart includes the bytes between their fields.
-    const std::set<std::string_view> reads_more {"SetRoutev6", "DelRoutev6"};
+        "GetConnections", "GetConnection", "GetBFDPortConnections", "BridgeGetLocalTransportNode"};
     for (const Command* command : all_commands()) {
-        if (reads_more.contains(command->name))
-            continue;
         Module cleared;
         Module uncleared;
         prepare(cleared);

@@ -178,6 +178,16 @@ static int by_openat2(void)
     return report("openat2", device < 0 ? -1 : get_on((int)device, &value));
 }
 
+/* An endpoint, under the key "key", of a bridge that is not there. */
+static int endpoint_of_no_bridge(void)
+{
+    char request[776] = {0};
+    struct envelope envelope = {sizeof request, request, 0, NULL};
+    strcpy(request + 64, "no bridge");
+    strcpy(request + 192, "key");
+    return report("endpoint", ioctl(open(NORMAL, O_RDWR), 45, &envelope));
+}
+
 /* A command whose number the kernel itself knows for every file, as what writes a block size where it is told. */
 static int create_instance_on(int device)
 {
@@ -338,6 +348,8 @@ int main(int argc, char** argv)
         return threads();
     if (strcmp(verb, "other-files") == 0)
         return other_files(argv[0]);
+    if (strcmp(verb, "endpoint-of-no-bridge") == 0)
+        return endpoint_of_no_bridge();
     if (strcmp(verb, "openat2") == 0)
         return by_openat2();
     if (strcmp(verb, "get-at") == 0)

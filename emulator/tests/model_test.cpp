@@ -199,6 +199,15 @@ TEST_F(Model, KeepsTheUuidOfAnInstanceThatIsCreatedByOne)
     }
 }
 
+TEST_F(Model, GivesNoTwoInstancesTheSameUuid)
+{
+    const std::string first = "10000000-0000-4000-8000-000000000001";
+    ASSERT_EQ(command(2, Message().text(0, first)), 0);
+    ASSERT_EQ(command(2, Message().text(0, "blue")), 0);
+    ASSERT_EQ(command(1, Message().text(0, "blue"), 256), 0);
+    EXPECT_EQ(text(reply, 136), "10000000-0000-4000-8000-000000000002");
+}
+
 TEST_F(Model, ReportsInstancesInTheOrderOfTheirCreation)
 {
     for (const char* name : {"c", "a", "b"})
@@ -218,6 +227,24 @@ TEST_F(Model, TakesAtMost1000Instances)
     EXPECT_EQ(command(2, Message().text(0, "999")), 0);
     ASSERT_EQ(command(0, Message(), 256000), 0);
     EXPECT_EQ(reply.size(), 256000u);
+}
+
+TEST_F(Model, CountsNoSaveThatItCannotReport)
+{
+    EXPECT_EQ(command(123, Message(), 3), ENOBUFS);
+    ASSERT_EQ(command(124, Message(), 4), 0);
+    EXPECT_EQ(u32(reply, 0), 0u);
+}
+
+TEST_F(Model, UpdatesAPmacWhenThereAreNoMore)
+{
+    for (std::uint32_t i = 0; i < 13107; ++i)
+        ASSERT_EQ(command(74, Message().u32(64, i).u32(68, i)), 0);
+    EXPECT_EQ(command(74, Message().u32(68, 13107)), ENOSPC);
+    EXPECT_EQ(command(74, Message().u32(64, 4711).u32(68, 0)), 0);
+    ASSERT_EQ(command(73, Message(), 131072), 0);
+    EXPECT_EQ(reply.size(), 131070u);
+    EXPECT_EQ(u32(reply, 6), 4711u);
 }
 
 TEST_F(Model, RefusesToCreateAnInstanceWithoutAName)

@@ -91,6 +91,22 @@ TEST_P(Named, WorldsTraceTheOpensOfTheirGuests)
         HasSubstr("\"open\":\"/pelt/devices/char/zephdriver/kola_lumo\",\"flags\":2}\n{\"order\":1,"));
 }
 
+TEST_P(Named, WorldsBeginWithAStateAndLeaveOne)
+{
+    const std::string state = runtime_.path() / "state";
+    std::ofstream(state) << "{\"logLevel\": 3}";
+    const Words words {"serve", "--mode", GetParam(), "--world", "kept", "--load", state, "--save", state, "--lenient",
+        "--clock", "manual"};
+    Process world(emulator(words));
+    wait_for("kept");
+    EXPECT_EQ(join("kept", {DYNAMIC_CLIENT, "get"}).out, "3\n");
+    EXPECT_EQ(join("kept", {DYNAMIC_CLIENT, "endpoint-of-no-bridge"}).out, "endpoint ok\n");
+    EXPECT_EQ(say({"stop", "kept"}).status, 0);
+    std::ifstream file(state);
+    EXPECT_THAT(std::string(std::istreambuf_iterator<char>(file), {}), MatchesRegex(".*logLevel.: 3,.*endpoints.*"));
+    EXPECT_EQ(world.wait().status, 0);
+}
+
 TEST_P(Named, WorldsEndByASignal)
 {
     Process world(serve("ending"));

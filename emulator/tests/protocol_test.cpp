@@ -232,10 +232,4 @@ TEST_F(Fields, EntriesLieOneAfterTheOther)
     EXPECT_EQ(input[table][1][element<U8>], 'b');
 }
 
-TEST_F(Fields, ARecordBeginsWithWhatWasSent)
-{
-    record.begin_with(std::as_bytes(std::span("ab").first(2)));
-    EXPECT_EQ(bytes, "abxxxxxx");
-}
-
 } // namespace

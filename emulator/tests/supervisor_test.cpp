@@ -8,6 +8,7 @@
 
 using testing::HasSubstr;
 using testing::MatchesRegex;
+using testing::Not;
 using testing::StartsWith;
 
 namespace {
@@ -888,6 +889,99 @@ TEST_P(Trace, NumbersCommandsInTheOrderOfTheirApplication)
         orders.insert(line.substr(0, line.find(',')));
     EXPECT_EQ(orders.size(), 800U);
     EXPECT_EQ(orders.count("{\"order\":800"), 1U);
+}
+
+class Settings : public InMode
+{};
+INSTANTIATE_TEST_SUITE_P(Modes, Settings, modes, [](const auto& mode) { return mode.param; });
+
+TEST_P(Settings, LenientHasTheModuleAcceptWhatItRefusesOtherwise)
+{
+    const Words client {DYNAMIC_CLIENT, "endpoint-of-no-bridge"};
+    EXPECT_EQ(run(client).out, "endpoint ENOENT\n");
+    EXPECT_EQ(Process(in_world(client, {"--lenient"})).wait().out, "endpoint ok\n");
+}
+
+TEST_P(Settings, TheClockIsRealOrManual)
+{
+    const Words client {DYNAMIC_CLIENT, "get"};
+    EXPECT_EQ(Process(in_world(client, {"--clock", "real"})).wait().out, "4\n");
+    EXPECT_EQ(Process(in_world(client, {"--clock", "manual"})).wait().out, "4\n");
+    const Ended ended = Process(in_world(client, {"--clock", "broken"})).wait();
+    EXPECT_EQ(ended.status, 125);
+    EXPECT_THAT(ended.err, HasSubstr("broken"));
+}
+
+std::string content_of(const std::filesystem::path& path)
+{
+    std::ifstream file(path);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+class States : public InMode
+{
+protected:
+    static Ended run(const Words& options, const Words& program) { return Process(in_world(program, options)).wait(); }
+
+    const Folder folder_ {0700};
+    const std::string first_ = folder_.path() / "first";
+    const std::string second_ = folder_.path() / "second";
+};
+INSTANTIATE_TEST_SUITE_P(Modes, States, modes, [](const auto& mode) { return mode.param; });
+
+TEST_P(States, AreLoadedAndSaved)
+{
+    EXPECT_EQ(run({"--save", first_}, {DYNAMIC_CLIENT, "set", "9"}).status, 0);
+    EXPECT_EQ(run({"--load", first_, "--save", second_}, {DYNAMIC_CLIENT, "get"}).out, "9\n");
+    EXPECT_EQ(content_of(second_), content_of(first_));
+    EXPECT_EQ(run({"--load", second_, "--save", second_}, {DYNAMIC_CLIENT, "set", "4"}).status, 0);
+    EXPECT_THAT(content_of(second_), Not(HasSubstr("logLevel")));
+    const Words in_process {EMULATOR, "run", "--load", first_, "--in-process", "--", DYNAMIC_CLIENT, "get"};
+    EXPECT_EQ(Process(in_process).wait().out, "9\n");
+}
+
+TEST_P(States, AreSavedWhateverBecomesOfTheProgram)
+{
+    const std::string script = "cd / && " DYNAMIC_CLIENT " set 5 && exit 3";
+    const Ended ended = run({"--save", first_}, {"/bin/sh", "-c", script});
+    EXPECT_EQ(ended.status, 3);
+    EXPECT_THAT(content_of(first_), StartsWith("{\n  \"logLevel\": 5,\n"));
+}
+
+TEST_P(States, AreSavedWhenWhoeverBeganTheWorldIsKilled)
+{
+    Process process(in_world({"/bin/sh", "-c", DYNAMIC_CLIENT " set 5; sleep 1000"}, {"--save", first_}));
+    process.wait_for_lines(1);
+    kill(process.pid(), SIGKILL);
+    for (int i = 0; i < 500 && content_of(first_).empty(); ++i)
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    EXPECT_THAT(content_of(first_), StartsWith("{\n  \"logLevel\": 5,\n"));
+}
+
+TEST_P(States, ThatSaySomethingElseAreRefused)
+{
+    std::ofstream(first_) << "{\n  \"loglevel\": 1\n}\n";
+    const Words client {DYNAMIC_CLIENT, "get"};
+    for (const Words& words : {in_world(client, {"--load", first_}),
+             Words {EMULATOR, "run", "--load", first_, "--in-process", "--", DYNAMIC_CLIENT, "get"}}) {
+        const Ended ended = Process(words).wait();
+        EXPECT_EQ(ended.status, 125);
+        EXPECT_THAT(ended.err, HasSubstr(first_ + ":2:3: expected one of logLevel"));
+        EXPECT_EQ(ended.out, "");
+    }
+    EXPECT_EQ(run({"--load", "/no/such/file"}, client).status, 125);
+}
+
+TEST_P(States, ThatCannotBeSavedFailTheEmulator)
+{
+    const Words client {DYNAMIC_CLIENT, "get"};
+    const Ended unwritable = run({"--save", "/no/such/file"}, client);
+    EXPECT_EQ(unwritable.status, 125);
+    EXPECT_EQ(unwritable.out, "");
+    const Ended full = run({"--save", "/dev/full"}, client);
+    EXPECT_EQ(full.status, 125);
+    EXPECT_EQ(full.out, "4\n");
+    EXPECT_EQ(full.err, "lumozeph-emulator: cannot write the state: No space left on device\n");
 }
 
 TEST(Options, HelpAndVersionExitWith0)

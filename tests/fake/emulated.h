@@ -11,6 +11,14 @@ namespace fake {
 class EmulatedDevice : public Device
 {
 public:
+    explicit EmulatedDevice(emulator::Settings settings = {}) : module_(settings) {}
+
+    void advance(emulator::Time by)
+    {
+        const std::lock_guard lock(mutex_);
+        module_.advance(by);
+    }
+
     Answer answer(const Sent& sent) override
     {
         const std::lock_guard lock(mutex_);

@@ -8,10 +8,10 @@
 //     route INSTANCE PREFIX GATEWAY
 //     bridge BRIDGE
 //
-// Instances are created. Each has a thread of its own, the bridges have another. A thread compares what is there with what
-// should be, changes what differs, and begins again until nothing does: what a failed call has left behind, or someone
-// else has undone, is found by the next comparison. LIFs that are not described are removed, and so are routes that this
-// program has made, which it knows by their mark.
+// Instances are created, and LIFs enabled. Each instance has a thread of its own, the bridges have another. A thread
+// compares what is there with what should be, changes what differs, and begins again until nothing does: what a failed
+// call has left behind, or someone else has undone, is found by the next comparison. LIFs that are not described are
+// removed, and so are routes that this program has made, which it knows by their mark.
 //
 // Exits 0 when all is as described, 1 if that was not so after 1000 attempts, 2 on wrong usage.
 #include <chrono>
@@ -35,8 +35,12 @@ struct Lif
 {
     lumozeph::ipv4_prefix address;
     lumozeph::mac mac;
+    bool enabled = true;
 
-    friend bool operator==(const Lif& a, const Lif& b) { return a.address == b.address && a.mac == b.mac; }
+    friend bool operator==(const Lif& a, const Lif& b)
+    {
+        return a.address == b.address && a.mac == b.mac && a.enabled == b.enabled;
+    }
 };
 
 struct Route
@@ -71,7 +75,7 @@ State read(std::istream& file)
         std::string kind, first, second, third, fourth;
         words >> kind >> first >> second >> third >> fourth;
         if (kind == "lif")
-            state.instances[first].lifs[second] = {lumozeph::ipv4_prefix(third), lumozeph::mac(fourth)};
+            state.instances[first].lifs[second] = {lumozeph::ipv4_prefix(third), lumozeph::mac(fourth), true};
         else if (kind == "route")
             state.instances[first].routes.insert({lumozeph::ipv4_prefix(second), lumozeph::ipv4(third)});
         else if (kind == "bridge")
@@ -85,9 +89,11 @@ State read(std::istream& file)
 Instance present(const std::string& name)
 {
     Instance instance;
+    // The first of the module's flags says that the LIF is enabled.
     for (const auto& lif : lumozeph::get_lifs(name))
         instance.lifs[std::string(lumozeph::text(lif.lifName))] = {
-            {lumozeph::ipv4(lif.ipAddr), lumozeph::ipv4_mask(lif.ipMask)}, lumozeph::mac(lif.lifMac)};
+            {lumozeph::ipv4(lif.ipAddr), lumozeph::ipv4_mask(lif.ipMask)}, lumozeph::mac(lif.lifMac),
+            lif.lifFlags[0] != 0};
     for (const auto& route : lumozeph::get_routes(name))
         if (route.routeValue1 == mark)
             for (const auto& hop : lumozeph::next_hops(route))
@@ -126,6 +132,7 @@ int reconcile(const std::string& name, const Instance& desired)
                 .di_address {},
                 .instance = name,
                 .mac = should.mac});
+            lumozeph::enable_lif(name, lif);
             ++changes;
         }
     for (const Route& route : now.routes)

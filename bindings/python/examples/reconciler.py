@@ -9,10 +9,10 @@ A line of FILE is one of
     route INSTANCE PREFIX GATEWAY
     bridge BRIDGE
 
-Instances are created. Each has a thread of its own, the bridges have another. A thread compares what is there with
-what should be, changes what differs, and begins again until nothing does: what a failed call has left behind, or
-someone else has undone, is found by the next comparison. LIFs that are not described are removed, and so are routes
-that this program has made, which it knows by their mark.
+Instances are created, and LIFs enabled. Each instance has a thread of its own, the bridges have another. A thread
+compares what is there with what should be, changes what differs, and begins again until nothing does: what a failed
+call has left behind, or someone else has undone, is found by the next comparison. LIFs that are not described are
+removed, and so are routes that this program has made, which it knows by their mark.
 
 Exits 0 when all is as described, 1 if that was not so after 1000 attempts, 2 on wrong usage.
 """
@@ -31,7 +31,7 @@ import lumozeph
 # The routes of this program.
 MARK = 4711
 
-Lif = Tuple[IPv4Interface, str]  # with its MAC address
+Lif = Tuple[IPv4Interface, str, bool]  # with its MAC address, and whether it is enabled
 Route = Tuple[IPv4Interface, IPv4Address]  # with its gateway
 
 
@@ -56,7 +56,7 @@ def read(lines: Iterable[str]) -> State:
         kind, *rest = words
         if kind == "lif" and len(rest) == 4:
             instance, lif, address, mac = rest
-            state.instances.setdefault(instance, Instance()).lifs[lif] = IPv4Interface(address), mac.lower()
+            state.instances.setdefault(instance, Instance()).lifs[lif] = IPv4Interface(address), mac.lower(), True
         elif kind == "route" and len(rest) == 3:
             instance, prefix, gateway = rest
             route = IPv4Interface(prefix), IPv4Address(gateway)
@@ -71,7 +71,9 @@ def read(lines: Iterable[str]) -> State:
 def present(name: str) -> Instance:
     instance = Instance()
     for lif in lumozeph.get_lifs(name):
-        instance.lifs[lif.lifName] = IPv4Interface(f"{lif.ipAddr}/{lif.ipMask}"), lif.lifMac
+        # The first of the module's flags says that the LIF is enabled.
+        enabled = lif.lifFlags[0] != 0
+        instance.lifs[lif.lifName] = IPv4Interface(f"{lif.ipAddr}/{lif.ipMask}"), lif.lifMac, enabled
     for route in lumozeph.get_routes(name):
         if route.routeValue1 == MARK:
             prefix = IPv4Interface(f"{route.routeDest}/{route.routeMask}")
@@ -89,9 +91,11 @@ def reconcile(name: str, desired: Instance) -> int:
     for lif in sorted(now.lifs.keys() - desired.lifs.keys()):
         lumozeph.del_lif(lif, "", name)
         changes += 1
-    for lif, (address, mac) in sorted(desired.lifs.items()):
-        if now.lifs.get(lif) != (address, mac):
+    for lif, should in sorted(desired.lifs.items()):
+        if now.lifs.get(lif) != should:
+            address, mac, _ = should
             lumozeph.set_lif(lif, "", address.ip, address.netmask, diAddress="0.0.0.0", instance=name, mac=mac)
+            lumozeph.enable_lif(name, lif)
             changes += 1
     for dest, gateway in sorted(now.routes - desired.routes):
         lumozeph.del_route(dest.ip, dest.netmask, gateway, instance=name)

@@ -29,6 +29,7 @@ def blue(lumozeph_module):
             instance="blue",
             mac=f"02:00:00:00:00:0{number}",
         )
+        lumozeph.enable_lif("blue", f"lif{number}")
     lumozeph.set_lif_ipv6("blue", "lif0", "2001:db8::1", 64)
     lumozeph.set_route("192.0.2.0", 24, IPv4Address("10.0.0.2"), instance="blue")
     return lumozeph_module

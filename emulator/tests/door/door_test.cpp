@@ -660,6 +660,7 @@ struct Journal
         inside.push_back(ended(open(normal, O_RDWR)));
         inside.push_back(ended(close(emulator::Descriptors::first)));
         inside.push_back(ended(lumozeph_emulator_reset()));
+        inside.push_back(ended(lumozeph_emulator_advance(1)));
         inside.push_back(ended(lumozeph_emulator_watch(nullptr, nullptr)));
         std::uint32_t value = 0;
         inside.push_back(ended(LUMOZEPH_GetLogLevel(&value)));
@@ -686,7 +687,7 @@ TEST_F(Watchers, CannotUseTheDevice)
     Journal journal;
     ASSERT_EQ(lumozeph_emulator_watch(Journal::call, &journal), 0);
     EXPECT_EQ(log_level(), 4u);
-    EXPECT_THAT(journal.inside, ElementsAre("EDEADLK", "EDEADLK", "EDEADLK", "EDEADLK", "EDEADLK", "0"));
+    EXPECT_THAT(journal.inside, ElementsAre("EDEADLK", "EDEADLK", "EDEADLK", "EDEADLK", "EDEADLK", "EDEADLK", "0"));
 }
 
 TEST_F(Watchers, MayFork)
@@ -722,6 +723,53 @@ TEST_F(Reset, ForgetsWhatWasSetAndKeepsDescriptors)
     EXPECT_EQ(value, 4u);
     LumoInstanceInfo* info = nullptr;
     EXPECT_EQ(ended(LUMOZEPH_GetInstance("blue", &info)), "ENOENT");
+}
+
+// What the module of a process takes for up after a second.
+std::uint32_t connections_up()
+{
+    LumoCPSyncState* state = nullptr;
+    if (LUMOZEPH_GetLumoInstanceCPSyncState("blue", &state) != 0)
+        return 4711;
+    const std::uint32_t up = state->entries[0].value6;
+    LUMOZEPH_ReleaseStats(state);
+    return up;
+}
+
+TEST_F(Reset, GoesBackToWhatWasSaved)
+{
+    std::string path = testing::TempDir() + "state-XXXXXX";
+    ::close(mkstemp(path.data()));
+    EXPECT_EQ(LUMOZEPH_SetLumoInstance("blue", 7, nullptr, 0), 0);
+    EXPECT_EQ(lumozeph_emulator_save(path.c_str()), 0);
+    EXPECT_EQ(lumozeph_emulator_reset(), 0);
+    EXPECT_EQ(lumozeph_emulator_load(path.c_str()), 0);
+    LumoInstanceInfo* info = nullptr;
+    ASSERT_EQ(LUMOZEPH_GetInstance("blue", &info), 0);
+    EXPECT_EQ(+info->value1, 7u);
+    LUMOZEPH_ReleaseInstance(info);
+
+    truncate(path.c_str(), 1);
+    EXPECT_EQ(ended(lumozeph_emulator_load(path.c_str())), "EINVAL");
+    EXPECT_EQ(ended(lumozeph_emulator_load("/no/such/file")), "EINVAL");
+    EXPECT_EQ(ended(lumozeph_emulator_save("/no/such/file")), "EIO");
+    EXPECT_EQ(LUMOZEPH_DelLumoInstance("blue"), 0);
+    unlink(path.c_str());
+}
+
+TEST_F(Reset, TakesTheClockFromTheEnvironment)
+{
+    constexpr std::uint64_t second = 1000000000;
+    setenv("LUMOZEPH_EMULATOR_CLOCK", "manual", 1);
+    EXPECT_EQ(lumozeph_emulator_reset(), 0);
+    EXPECT_EQ(LUMOZEPH_SetLumoInstance("blue", 1, nullptr, 0), 0);
+    EXPECT_EQ(LUMOZEPH_PlumbLumoConnection("port", "", 0, nullptr, nullptr, nullptr), 0);
+    EXPECT_EQ(lumozeph_emulator_advance(second - 1), 0);
+    EXPECT_EQ(connections_up(), 0u);
+    EXPECT_EQ(lumozeph_emulator_advance(1), 0);
+    EXPECT_EQ(connections_up(), 1u);
+    unsetenv("LUMOZEPH_EMULATOR_CLOCK");
+    EXPECT_EQ(lumozeph_emulator_reset(), 0);
 }
 
 } // namespace

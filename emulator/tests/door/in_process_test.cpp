@@ -113,6 +113,15 @@ TEST(Door, IsThereForChildrenEachWithAModuleOfItsOwn)
         (Ended {"set ok\n4\n", 0}));
 }
 
+TEST(Door, IsLenientIfAskedToBe)
+{
+    const std::string client = DYNAMIC_CLIENT " endpoint-of-no-bridge";
+    EXPECT_EQ(shell(in_process + client), (Ended {"endpoint ENOENT\n", 1}));
+    EXPECT_EQ(shell(tolerant + EMULATOR " run --lenient --in-process -- " + client), (Ended {"endpoint ok\n", 0}));
+    EXPECT_EQ(shell("LUMOZEPH_EMULATOR_LENIENT=1 " + in_process + client), (Ended {"endpoint ok\n", 0}));
+    EXPECT_EQ(shell("LUMOZEPH_EMULATOR_LENIENT= " + in_process + client), (Ended {"endpoint ENOENT\n", 1}));
+}
+
 TEST(Door, WorksInsideAWorld)
 {
     EXPECT_EQ(shell(in_world + EMULATOR " run --in-process -- " DYNAMIC_CLIENT " get"), (Ended {"4\n", 0}));

@@ -4,12 +4,15 @@
 
 int main(void)
 {
-    /* what is in an entry is the module's */
+    /* what is in an entry is the module's; the emulator's begins with a
+     * table */
     const LumoPolicyTableRefEntry entries[2] = {{{7}}, {{8}}};
     LumoLifPolicyTableRef* ref = NULL;
     if (LUMOZEPH_SetLumoInstance("blue", 100, NULL, 0) != 0 ||
         LUMOZEPH_SetLif("uplink", "", 0, 0, 0, 0, 0, 0, "blue", NULL) !=
             0 ||
+        LUMOZEPH_SetPolicyTable(7, "voice", NULL) != 0 ||
+        LUMOZEPH_SetPolicyTable(8, "video", NULL) != 0 ||
         LUMOZEPH_SetLifPolicyTableRef(
             "blue", "uplink", 2, entries, NULL) != 0 ||
         LUMOZEPH_GetLifPolicyTableRef("blue", "uplink", &ref) != 0) {

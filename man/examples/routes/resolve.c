@@ -6,6 +6,10 @@ int main(void)
 {
     LumoRouteInfo* route = NULL;
     if (LUMOZEPH_SetLumoInstance("blue", 100, NULL, 0) != 0 ||
+        LUMOZEPH_SetLif("uplink", "", inet_addr("10.0.0.2"),
+            lumozeph_mask_of_length(24), 0, 0, 0, 0, "blue",
+            NULL) != 0 ||
+        LUMOZEPH_EnableLif("blue", "uplink") != 0 ||
         LUMOZEPH_SetRoute(
             0, 0, inet_addr("10.0.0.1"), NULL, "blue", 0, NULL) != 0) {
         perror("default route of blue");

@@ -9,6 +9,10 @@ int main(void)
     const uint32_t gateway = inet_addr("10.0.0.1");
     LumoCmdResult result;
     if (LUMOZEPH_SetLumoInstance("blue", 100, NULL, 0) != 0 ||
+        LUMOZEPH_SetLif("uplink", "", inet_addr("10.0.0.2"),
+            lumozeph_mask_of_length(24), 0, 0, 0, 0, "blue",
+            NULL) != 0 ||
+        LUMOZEPH_EnableLif("blue", "uplink") != 0 ||
         LUMOZEPH_SetRoute(
             dest, mask, gateway, NULL, "blue", 0, &result) != 0) {
         perror("add 192.168.4.0/24");

@@ -12,6 +12,10 @@ int main(void)
         return 1;
     lumozeph_ipv6_to_words(bytes, gateway);
     if (LUMOZEPH_SetLumoInstance("blue", 100, NULL, 0) != 0 ||
+        LUMOZEPH_SetLif("uplink", "", 0, 0, 0, 0, 0, 0, "blue", NULL) !=
+            0 ||
+        LUMOZEPH_SetLifIpv6("blue", "uplink", gateway[0], 2, 64) != 0 ||
+        LUMOZEPH_EnableLif("blue", "uplink") != 0 ||
         LUMOZEPH_SetRoutev6(
             0, 0, 0, gateway[0], gateway[1], NULL, "blue") != 0 ||
         LUMOZEPH_GetRoutesv6("blue", &block, &count) != 0) {
@@ -32,5 +36,6 @@ int main(void)
 }
 
 /* prints:
+ * instance blue
  * instance blue
  */

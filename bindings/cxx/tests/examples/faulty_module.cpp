@@ -32,11 +32,13 @@ public:
     FaultyModule()
     {
         const std::uint8_t mac[6] {2, 0, 0, 0, 0, 1};
-        LUMOZEPH_SetLumoInstance("blue", 0, nullptr, 0);
-        LUMOZEPH_SetLif("uplink", "", 0x0100000a, 0x00ffffff, 0, 0, 0, 0, "blue", mac);
-        LUMOZEPH_SetLif("stray", "", 0x0100010a, 0x00ffffff, 0, 0, 0, 0, "blue", mac);
-        LUMOZEPH_SetRoute(0x000200c0, 0x00ffffff, 0x0200000a, nullptr, "blue", 4711, nullptr);
-        LUMOZEPH_BridgeAdd("br0", 0);
+        if (LUMOZEPH_SetLumoInstance("blue", 0, nullptr, 0) != 0 ||
+            LUMOZEPH_SetLif("uplink", "", 0x0100000a, 0x00ffffff, 0, 0, 0, 0, "blue", mac) != 0 ||
+            LUMOZEPH_SetLif("stray", "", 0x0100010a, 0x00ffffff, 0, 0, 0, 0, "blue", mac) != 0 ||
+            LUMOZEPH_EnableLif("blue", "uplink") != 0 ||
+            LUMOZEPH_SetRoute(0x000200c0, 0x00ffffff, 0x0200000a, nullptr, "blue", 4711, nullptr) != 0 ||
+            LUMOZEPH_BridgeAdd("br0", 0) != 0)
+            std::abort();
         faults_ = true;
     }
     ~FaultyModule()

@@ -8,10 +8,10 @@
 //!     route INSTANCE PREFIX GATEWAY
 //!     bridge BRIDGE
 //!
-//! Instances are created. Each has a thread of its own, the bridges have another. A thread compares what is there with
-//! what should be, changes what differs, and begins again until nothing does: what a failed call has left behind, or
-//! someone else has undone, is found by the next comparison. LIFs that are not described are removed, and so are routes
-//! that this program has made, which it knows by their mark.
+//! Instances are created, and LIFs enabled. Each instance has a thread of its own, the bridges have another. A thread
+//! compares what is there with what should be, changes what differs, and begins again until nothing does: what a failed
+//! call has left behind, or someone else has undone, is found by the next comparison. LIFs that are not described are
+//! removed, and so are routes that this program has made, which it knows by their mark.
 //!
 //! Exits 0 when all is as described, 1 if that was not so after 1000 attempts, 2 on wrong usage.
 
@@ -30,6 +30,7 @@ const MARK: u32 = 4711;
 struct Lif {
     address: Ipv4Prefix,
     mac: Mac,
+    enabled: bool,
 }
 
 #[derive(PartialEq, Eq, PartialOrd, Ord)]
@@ -54,7 +55,7 @@ fn read_line(line: &str, state: &mut State) -> Result<(), Box<dyn Error>> {
     let words: Vec<&str> = line.split_whitespace().collect();
     match words[..] {
         ["lif", instance, lif, address, mac] => {
-            let described = Lif { address: address.parse()?, mac: mac.parse()? };
+            let described = Lif { address: address.parse()?, mac: mac.parse()?, enabled: true };
             state.instances.entry(instance.into()).or_default().lifs.insert(lif.into(), described);
         }
         ["route", instance, dest, gateway] => {
@@ -81,7 +82,8 @@ fn read(text: &str) -> Result<State, Box<dyn Error>> {
 fn present(name: &str) -> lumozeph::Result<Instance> {
     let mut instance = Instance::default();
     for lif in &lumozeph::get_lifs(name)? {
-        let found = Lif { address: lif.ip_addr_prefix(), mac: lif.lif_mac() };
+        // The first of the module's flags says that the LIF is enabled.
+        let found = Lif { address: lif.ip_addr_prefix(), mac: lif.lif_mac(), enabled: lif.lif_flags()[0] != 0 };
         instance.lifs.insert(lif.lif_name().to_string(), found);
     }
     for route in lumozeph::get_routes(name)?.iter().filter(|route| route.route_value1() == MARK) {
@@ -106,6 +108,7 @@ fn reconcile(name: &str, desired: &Instance) -> lumozeph::Result<usize> {
     }
     for (lif, should) in desired.lifs.iter().filter(|(lif, should)| now.lifs.get(*lif) != Some(*should)) {
         lumozeph::set_lif(&SetLif::new(lif, "", should.address, Ipv4Addr::UNSPECIFIED, name).mac(should.mac))?;
+        lumozeph::enable_lif(name, lif)?;
         changes += 1;
     }
     for route in now.routes.difference(&desired.routes) {

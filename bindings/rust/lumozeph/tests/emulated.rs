@@ -13,7 +13,8 @@ fn with_lif(instance: &str) -> Result<()> {
     set_lumo_instance(&SetLumoInstance::new(instance).value1(7))?;
     let address = "10.0.0.2/24".parse().unwrap();
     let mac = "02:00:00:00:00:0a".parse().unwrap();
-    set_lif(&SetLif::new("uplink", "second", address, Ipv4Addr::new(10, 0, 0, 9), instance).param_b(5).mac(mac))
+    set_lif(&SetLif::new("uplink", "second", address, Ipv4Addr::new(10, 0, 0, 9), instance).param_b(5).mac(mac))?;
+    enable_lif(instance, "uplink")
 }
 
 #[test]
@@ -78,10 +79,11 @@ fn ipv6_addresses_arrive_in_wire_order() -> Result<()> {
     assert_eq!(lif.ipv6_addrs().iter().map(|one| one.address_prefix()).collect::<Vec<_>>(), [address]);
     set_route_v6(&SetRouteV6::new("2001:db8:1::/48".parse().unwrap(), "2001:db8::1".parse().unwrap(), "six"))?;
     let routes = get_routes_v6("six")?;
-    assert_eq!((routes.reported(), routes.entries().len(), routes.entries().truncated()), (1, 1, false));
-    let entry = routes.entries().iter().next().unwrap();
+    // The network of the LIF's address is the first.
+    assert_eq!((routes.reported(), routes.entries().len(), routes.entries().truncated()), (2, 2, false));
+    let entry = routes.entries().iter().nth(1).unwrap();
     assert_eq!(entry[68..74], [0x20, 0x01, 0x0d, 0xb8, 0, 1]);
-    assert_eq!(unsafe { routes.all() }.iter().next(), Some(entry));
+    assert_eq!(unsafe { routes.all() }.iter().nth(1), Some(entry));
     Ok(())
 }
 

@@ -1,0 +1,83 @@
+// The module's time, and numbers that move with it.
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <map>
+
+namespace emulator {
+
+// What has passed since the module began.
+using Time = std::chrono::nanoseconds;
+
+enum class Clock
+{
+    Real,  // time passes by itself
+    Manual // it passes when it is told to
+};
+
+class Stopwatch
+{
+public:
+    explicit Stopwatch(Clock clock) : clock_(clock) {}
+
+    Time now() const
+    {
+        return clock_ == Clock::Real ? advanced_ + (std::chrono::steady_clock::now() - begun_) : advanced_;
+    }
+
+    void advance(Time by) { advanced_ += by; }
+
+private:
+    Clock clock_;
+    std::chrono::steady_clock::time_point begun_ = std::chrono::steady_clock::now();
+    Time advanced_ {};
+};
+
+constexpr Time in_whole_seconds(Time time)
+{
+    return std::chrono::floor<std::chrono::seconds>(time);
+}
+
+// Grows by so many a second since it was set.
+struct Counter
+{
+    std::uint64_t value = 0;
+    std::uint64_t rate = 0;
+    Time since {};
+
+    std::uint64_t at(Time now) const
+    {
+        if (now < since)
+            return value;
+        constexpr std::uint64_t second = 1000000000;
+        const auto passed = static_cast<std::uint64_t>((now - since).count());
+        // In parts, none of which is too large for what it is kept in.
+        const std::uint64_t part = passed % second;
+        return value + rate * (passed / second) + rate / second * part + rate % second * part / second;
+    }
+};
+
+// The counters of a record, by their places in it. What has never counted is zero.
+class Counters
+{
+public:
+    auto begin() const { return all_.begin(); }
+    auto end() const { return all_.end(); }
+
+    void set(std::uint32_t place, const Counter& counter) { all_[place] = counter; }
+    void add_one(std::uint32_t place) { ++all_[place].value; }
+
+    // Those that grow by themselves go on at their rates.
+    void reset(Time now)
+    {
+        std::erase_if(all_, [](const auto& placed) { return placed.second.rate == 0; });
+        for (auto& [place, counter] : all_)
+            counter = {0, counter.rate, now};
+    }
+
+private:
+    std::map<std::uint32_t, Counter> all_;
+};
+
+} // namespace emulator

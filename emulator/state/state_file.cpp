@@ -1,0 +1,83 @@
+#include "emulator/state/state_file.h"
+
+// What goes through the descriptions comes before them.
+#include "emulator/state/loading.h"
+#include "emulator/state/saving.h"
+#include "emulator/state/schema.h"
+
+#include "emulator/state/description.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <memory>
+
+namespace emulator {
+
+namespace {
+
+struct CloseFile
+{
+    void operator()(std::FILE* file) const { std::fclose(file); }
+};
+using File = std::unique_ptr<std::FILE, CloseFile>;
+
+} // namespace
+
+json::Value state_of(Module& module)
+{
+    description::Saving saving(module.state());
+    describe(saving, module.state());
+    return {saving.take()};
+}
+
+void set_state(Module& module, const json::Value& document)
+{
+    auto state = std::make_unique<State>(module.state().settings);
+    description::Loading loading(*state, document);
+    describe(loading, *state);
+    loading.finish();
+    module.replace(std::move(state));
+}
+
+void load_state(Module& module, const std::string& path)
+{
+    const File file(std::fopen(path.c_str(), "re"));
+    if (!file)
+        throw std::runtime_error("cannot read '" + path + "': " + std::strerror(errno));
+    std::string text;
+    std::array<char, 65536> piece;
+    for (std::size_t length = 0; (length = std::fread(piece.data(), 1, piece.size(), file.get())) > 0;)
+        text.append(piece.data(), length);
+    if (std::ferror(file.get()) != 0)
+        throw std::runtime_error("cannot read '" + path + "': " + std::strerror(errno));
+    try {
+        set_state(module, json::parse(text));
+    } catch (const json::Error& error) {
+        throw std::runtime_error(path + ":" + error.what());
+    }
+}
+
+void save_state(Module& module, const std::string& path)
+{
+    write_file(path, json::print(state_of(module)));
+}
+
+void write_file(const std::string& path, const std::string& text)
+{
+    File file(std::fopen(path.c_str(), "we"));
+    const bool written = file && std::fwrite(text.data(), 1, text.size(), file.get()) == text.size();
+    // What is buffered may fail to arrive, too.
+    if (!written || std::fclose(file.release()) != 0)
+        throw std::runtime_error("cannot write '" + path + "': " + std::strerror(errno));
+}
+
+json::Value schema_of_states()
+{
+    State blank({});
+    description::Schema schema(blank);
+    describe(schema, blank);
+    return schema.document();
+}
+
+} // namespace emulator

@@ -1,0 +1,14 @@
+// Files that a world writes.
+#pragma once
+
+#include <string_view>
+
+namespace emulator {
+
+// False, with errno, if not all of it can be written.
+bool write_all(int file, std::string_view text);
+
+// Puts a text in the place of all that a file holds. Throws if it cannot be written.
+void replace_content(int file, std::string_view text);
+
+} // namespace emulator
