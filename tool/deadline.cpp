@@ -36,4 +36,10 @@ void end_after(std::chrono::duration<double> time, std::string message)
     setitimer(ITIMER_REAL, &timer, nullptr);
 }
 
+void end_no_more()
+{
+    const itimerval never {};
+    setitimer(ITIMER_REAL, &never, nullptr);
+}
+
 } // namespace tool

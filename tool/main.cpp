@@ -1,12 +1,15 @@
 // lumozephctl: shows and changes the state of the module, for operators.
+#include "tool/batch.h"
 #include "tool/carrying_out.h"
 #include "tool/deadline.h"
+#include "tool/dry_run.h"
 #include "tool/failures.h"
 #include "tool/grammar.h"
 #include "tool/help.h"
 #include "tool/mistakes.h"
 #include "tool/output.h"
 #include "tool/printer.h"
+#include "tool/raw.h"
 #include "tool/spelling.h"
 
 #include <CLI/CLI.hpp>
@@ -28,9 +31,14 @@ struct CommandLine
 {
     std::vector<std::string> words;
     Manner manner;
+    RawCommand raw;
     bool prefer_ipv6 = false;
     bool wants_help = false;
+    bool dry_run = false;
+    bool keep_going = false;
     double timeout = 0;
+    std::string place;           // in a batch; empty: typed
+    std::string help_of_options; // if help is wanted
 };
 
 std::size_t columns_of_terminal()
@@ -41,9 +49,12 @@ std::size_t columns_of_terminal()
     return size.ws_col;
 }
 
-std::string as_json(std::string_view message, std::string_view operation, int error, std::string_view advice)
+std::string as_json(
+    std::string_view place, std::string_view message, std::string_view operation, int error, std::string_view advice)
 {
     nlohmann::ordered_json object {{"error", message}};
+    if (!place.empty())
+        object["place"] = place;
     if (!operation.empty())
         object["operation"] = operation;
     if (error != 0) {
@@ -55,12 +66,13 @@ std::string as_json(std::string_view message, std::string_view operation, int er
     return object.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace) + "\n";
 }
 
-std::string complaint(
-    Style style, std::string_view message, std::string_view operation = {}, int error = 0, std::string_view advice = {})
+std::string complaint(const CommandLine& line, std::string_view message, std::string_view operation = {}, int error = 0,
+    std::string_view advice = {})
 {
-    if (style != Style::Text)
-        return as_json(message, operation, error, advice);
-    return fmt::format("lumozephctl: {}{}{}\n", message, advice.empty() ? "" : ": ", advice);
+    if (line.manner.style != Style::Text)
+        return as_json(line.place, message, operation, error, advice);
+    return fmt::format("lumozephctl: {}{}{}{}{}\n", line.place, line.place.empty() ? "" : ": ", message,
+        advice.empty() ? "" : ": ", advice);
 }
 
 const Operation& function_named(const std::string& name)
@@ -92,35 +104,63 @@ struct Formatter : CLI::Formatter
     std::string make_usage(const CLI::App* /*app*/, std::string /*name*/) const override
     {
         return "Usage: lumozephctl [OPTIONS] OBJECT VERB ...\n"
-               "       lumozephctl [OPTIONS] call FUNCTION [NAME=VALUE...]\n";
+               "       lumozephctl [OPTIONS] call FUNCTION [NAME=VALUE...]\n"
+               "       lumozephctl [OPTIONS] batch FILE\n"
+               "       lumozephctl [OPTIONS] raw NUMBER\n";
     }
 };
 
-std::string help(const CLI::App& app, std::span<const std::string> words)
+std::string help(const CommandLine& line, std::span<const std::string> words)
 {
-    if (words.empty())
-        return app.help() + "\n" + help_of_objects();
+    if (words.empty() || words.front() == "batch" || words.front() == "raw")
+        return line.help_of_options + "\n" + help_of_objects();
     if (words.front() != "call")
         return help_of_verbs(words);
     return words.size() == 1 ? help_of_functions() : help_of_function(function_named(words[1]));
 }
 
-void run(const CLI::App& app, const CommandLine& line, Output& output)
+const std::string& only_word(std::span<const std::string> words, std::string_view what)
+{
+    if (words.size() < 2)
+        throw Misuse(fmt::format("{} needs {}", words.front(), what));
+    if (words.size() > 2)
+        throw Misuse(fmt::format("'{}' is not expected here", words[2]));
+    return words[1];
+}
+
+void refuse_what_is_of_others(const CommandLine& line, std::string_view verb)
+{
+    if (line.keep_going && verb != "batch")
+        throw Misuse("--keep-going belongs to batch");
+    if ((!line.raw.request_file.empty() || line.raw.reply_size > 0) && verb != "raw")
+        throw Misuse("--request and --reply-size belong to raw");
+}
+
+void run(const CommandLine& line, Output& output)
 {
     const std::span<const std::string> words(line.words);
     if (line.wants_help) {
-        output.write(help(app, words));
+        output.write(help(line, words));
         return output.flush();
     }
     if (words.empty())
         throw Misuse("nothing to do; lumozephctl --help says what there is");
     if (words.front().starts_with('-'))
         throw Misuse(fmt::format("unknown option '{}'; lumozephctl --help says what there is", words.front()));
-    if (words.front() == "call") {
-        const Step step = call_of(words.subspan(1));
-        return carry_out({&step, 1}, line.manner, output);
+    refuse_what_is_of_others(line, words.front());
+    if (words.front() == "batch")
+        throw Misuse("a batch within a batch");
+    if (words.front() == "raw") {
+        RawCommand command = line.raw;
+        command.number = only_word(words, "the number of a command");
+        return issue(command, line.dry_run ? Sending::OnlyShown : Sending::Done, line.manner, output);
     }
-    carry_out(understand(words, line.prefer_ipv6), line.manner, output);
+    const std::vector<Step> steps =
+        words.front() == "call" ? std::vector<Step> {call_of(words.subspan(1))} : understand(words, line.prefer_ipv6);
+    if (line.dry_run)
+        show_requests(steps, line.manner, output);
+    else
+        carry_out(steps, line.manner, output);
 }
 
 void complain(const std::string& message)
@@ -129,74 +169,145 @@ void complain(const std::string& message)
     static_cast<void>(std::fputs(message.c_str(), stderr));
 }
 
-int run_safely(const CLI::App& app, const CommandLine& line)
+// Says what goes wrong, and returns the exit status.
+template <class Action>
+int attempt(const CommandLine& line, Action action)
 {
-    const Style style = line.manner.style;
     try {
-        Output output;
-        if (line.timeout > 0)
-            end_after(std::chrono::duration<double>(line.timeout),
-                complaint(style, fmt::format("no answer within {} seconds", line.timeout)));
-        run(app, line, output);
-        return EXIT_SUCCESS;
+        return action();
     } catch (const Misuse& misuse) {
-        complain(complaint(style, misuse.what()));
+        complain(complaint(line, misuse.what()));
         return misused;
     } catch (const Failure& failure) {
-        complain(complaint(style, failure.what(), failure.operation, failure.number, failure.advice));
+        complain(complaint(line, failure.what(), failure.operation, failure.number, failure.advice));
         return failed;
     } catch (const std::bad_alloc&) {
-        complain(complaint(style, "out of memory"));
+        complain(complaint(line, "out of memory"));
         return failed;
     }
 }
 
-int understand_and_run(int argc, char** argv)
+int run_safely(const CommandLine& line)
 {
+    const int status = attempt(line, [&] {
+        Output output;
+        if (line.timeout > 0)
+            end_after(std::chrono::duration<double>(line.timeout),
+                complaint(line, fmt::format("no answer within {} seconds", line.timeout)));
+        run(line, output);
+        return EXIT_SUCCESS;
+    });
+    // A batch may wait for its next line.
+    end_no_more();
+    return status;
+}
+
+// Takes a command line apart. What it does not say is as in the one that it is given.
+class Parser
+{
+public:
+    explicit Parser(CommandLine line) : _line(std::move(line))
+    {
+        Manner& manner = _line.manner;
+        _app.set_help_flag();
+        _app.set_version_flag("--version", LUMOZEPH_VERSION, "the version");
+        const auto formatter = std::make_shared<Formatter>();
+        formatter->column_width(34);
+        _app.formatter(formatter);
+        _app.allow_extras();
+        _app.add_flag("-h,--help", _line.wants_help, "this help, or that of an object or a function");
+        _app.add_flag("-j,--json", _json, "JSON, with the field names of lumozeph.h");
+        _app.add_flag("--json-pretty", _indented_json, "the same, indented");
+        _app.add_option(
+                "-o", _output_form, "wide: all fields, whatever the width of the terminal; raw: bytes as they are")
+            ->check(CLI::IsMember({"wide", "raw"}));
+        _app.add_option("--fields", manner.fields, "only these fields, with commas between them");
+        _app.add_option("--filter", manner.filters, "only what fulfils FIELD==VALUE, or !=, <, <=, >, >=, ~ (contains)")
+            ->allow_extra_args(false);
+        _app.add_option(
+                "--address-order", _address_order, "how the module keeps IPv4 addresses: network (default) or host")
+            ->check(CLI::IsMember({"network", "host"}));
+        _app.add_flag("-6", _line.prefer_ipv6, "IPv6, where the words do not say it");
+        _app.add_option("--timeout", _line.timeout, "seconds after which a call that hangs is given up")
+            ->check(CLI::PositiveNumber);
+        _app.add_flag("--dry-run", _line.dry_run, "show what would be sent, and send nothing");
+        _app.add_flag("--keep-going", _line.keep_going, "batch: go on after a command that failed");
+        _app.add_option("--request", _line.raw.request_file, "raw: the file that has the command's input");
+        _app.add_option("--reply-size", _line.raw.reply_size, "raw: the room for its reply in bytes");
+    }
+
+    // Throws CLI::ParseError.
+    CommandLine parse(std::vector<std::string> arguments)
+    {
+        std::ranges::reverse(arguments);
+        _app.parse(arguments);
+        Manner& manner = _line.manner;
+        _line.words = _app.remaining();
+        if (_json || _indented_json)
+            manner.style = _indented_json ? Style::IndentedJson : Style::Json;
+        if (!_output_form.empty()) {
+            manner.wide = _output_form == "wide";
+            manner.raw = _output_form == "raw";
+        }
+        if (!_address_order.empty())
+            manner.order = _address_order == "host" ? AddressOrder::Host : AddressOrder::Network;
+        if (_line.wants_help)
+            _line.help_of_options = _app.help();
+        return std::move(_line);
+    }
+
+    int exit(const CLI::ParseError& error) { return _app.exit(error); }
+
+private:
+    CLI::App _app {"Shows and changes the state of the host's router and bridge.", "lumozephctl"};
+    CommandLine _line;
+    bool _json = false;
+    bool _indented_json = false;
+    std::string _output_form;
+    std::string _address_order;
+};
+
+template <class Action>
+int take_apart(const CommandLine& general, std::vector<std::string> arguments, Action action)
+{
+    Parser parser(general);
     CommandLine line;
-    Manner& manner = line.manner;
-    CLI::App app("Shows and changes the state of the host's router and bridge.", "lumozephctl");
-    app.set_help_flag();
-    app.set_version_flag("--version", LUMOZEPH_VERSION, "the version");
-    const auto formatter = std::make_shared<Formatter>();
-    formatter->column_width(34);
-    app.formatter(formatter);
-    bool json = false;
-    bool indented_json = false;
-    std::string output_form;
-    std::string address_order = "network";
-    app.allow_extras();
-    app.add_flag("-h,--help", line.wants_help, "this help, or that of an object or a function");
-    app.add_flag("-j,--json", json, "JSON, with the field names of lumozeph.h");
-    app.add_flag("--json-pretty", indented_json, "the same, indented");
-    app.add_option("-o", output_form, "wide: all fields, whatever the width of the terminal")
-        ->check(CLI::IsMember({"wide"}));
-    app.add_option("--fields", manner.fields, "only these fields, with commas between them");
-    app.add_option("--filter", manner.filters, "only what fulfils FIELD==VALUE, or !=, <, <=, >, >=, ~ (contains)")
-        ->allow_extra_args(false);
-    app.add_option("--address-order", address_order, "how the module keeps IPv4 addresses: network (default) or host")
-        ->check(CLI::IsMember({"network", "host"}));
-    app.add_flag("-6", line.prefer_ipv6, "IPv6, where the words do not say it");
-    app.add_option("--timeout", line.timeout, "seconds after which a call that hangs is given up")
-        ->check(CLI::PositiveNumber);
     try {
-        app.parse(argc, argv);
+        line = parser.parse(std::move(arguments));
     } catch (const CLI::ParseError& error) {
         if (error.get_exit_code() == 0)
-            return app.exit(error);
-        complain(fmt::format("lumozephctl: {}\n", error.what()));
+            return parser.exit(error);
+        complain(complaint(general, error.what()));
         return misused;
     }
-    line.words = app.remaining();
-    if (json || indented_json)
-        manner.style = indented_json ? Style::IndentedJson : Style::Json;
-    manner.wide = output_form == "wide";
-    manner.order = address_order == "host" ? AddressOrder::Host : AddressOrder::Network;
-    manner.columns = columns_of_terminal();
-    // NOLINTNEXTLINE(concurrency-mt-unsafe): there is one thread
-    const char* const no_color = std::getenv("NO_COLOR");
-    manner.bold = isatty(STDOUT_FILENO) != 0 && (!no_color || *no_color == '\0');
-    return run_safely(app, line);
+    return action(line);
+}
+
+// Its options hold for all of its lines.
+int run_batch(const CommandLine& line)
+{
+    refuse_what_is_of_others(line, "batch");
+    CommandLine general = line;
+    general.words.clear();
+    general.keep_going = false;
+    Batch batch(only_word(line.words, "a file"));
+    int status = EXIT_SUCCESS;
+    while ((status == EXIT_SUCCESS || line.keep_going) && batch.advance()) {
+        general.place = batch.place();
+        const int one = attempt(general, [&] {
+            std::vector<std::string> words = words_of(batch.line());
+            return words.empty() ? EXIT_SUCCESS : take_apart(general, std::move(words), run_safely);
+        });
+        if (one != EXIT_SUCCESS)
+            status = failed;
+    }
+    return status;
+}
+
+int run_any(const CommandLine& line)
+{
+    const bool is_batch = !line.wants_help && !line.words.empty() && line.words.front() == "batch";
+    return is_batch ? attempt(line, [&] { return run_batch(line); }) : run_safely(line);
 }
 
 } // namespace
@@ -206,7 +317,12 @@ int main(int argc, char** argv)
     // A reader that has seen enough is not worth a message.
     static_cast<void>(std::signal(SIGPIPE, SIG_DFL));
     try {
-        return understand_and_run(argc, argv);
+        CommandLine general;
+        general.manner.columns = columns_of_terminal();
+        // NOLINTNEXTLINE(concurrency-mt-unsafe): there is one thread
+        const char* const no_color = std::getenv("NO_COLOR");
+        general.manner.bold = isatty(STDOUT_FILENO) != 0 && (!no_color || *no_color == '\0');
+        return take_apart(general, {argv + 1, argv + argc}, run_any);
     } catch (const std::exception& exception) {
         static_cast<void>(std::fprintf(stderr, "lumozephctl: %s\n", exception.what()));
         return failed;

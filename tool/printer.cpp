@@ -1,6 +1,7 @@
 #include "tool/printer.h"
 
 #include "tool/filter.h"
+#include "tool/hex_dump.h"
 #include "tool/json_writer.h"
 #include "tool/layouts.h"
 #include "tool/members.h"
@@ -241,37 +242,6 @@ void print_members(Output& output, const Records& records, std::span<const Membe
     }
 }
 
-// As hexdump -C shows them.
-void print_bytes(Output& output, std::span<const std::byte> bytes)
-{
-    constexpr std::size_t on_a_line = 16;
-    bool is_repeated = false;
-    for (std::size_t at = 0; at < bytes.size(); at += on_a_line) {
-        const auto line = bytes.subspan(at, std::min(on_a_line, bytes.size() - at));
-        if (at > 0 && line.size() == on_a_line && std::ranges::equal(line, bytes.subspan(at - on_a_line, on_a_line))) {
-            output.write(is_repeated ? "" : "*\n");
-            is_repeated = true;
-            continue;
-        }
-        is_repeated = false;
-        output.format("{:08x} ", at);
-        for (std::size_t i = 0; i < on_a_line; ++i) {
-            output.write(i % 8 == 0 ? " " : "");
-            if (i < line.size())
-                output.format("{:02x} ", line[i]);
-            else
-                output.write("   ");
-        }
-        output.write(" |");
-        for (const std::byte byte : line) {
-            const char c = static_cast<char>(byte);
-            output.format("{}", c >= ' ' && c <= '~' ? c : '.');
-        }
-        output.write("|\n");
-    }
-    output.format("{:08x}\n", bytes.size());
-}
-
 std::string value_text(const Operation& operation, const Reply& reply, AddressOrder order)
 {
     return operation.form == Form::Ipv4 ? ipv4_text(reply.value(), order) : fmt::format("{}", reply.value());
@@ -297,6 +267,8 @@ void print_result_as_json(Output& output, const Operation& operation, const Repl
 
 void print_result(Output& output, const Operation& operation, const Reply& reply, const Manner& manner)
 {
+    if (manner.raw)
+        return output.write({reinterpret_cast<const char*>(reply.data()), reply.size()});
     if (manner.style != Style::Text)
         return print_result_as_json(output, operation, reply, manner);
     if (operation.answer == Answer::Value)
@@ -353,6 +325,8 @@ void print_records(Output& output, const Records& records, const Manner& manner,
 
 void refuse_unknown_fields(const Operation& operation, const Manner& manner)
 {
+    if (manner.raw && operation.answer != Answer::Bytes)
+        throw Misuse(fmt::format("the answer of {} is not mere bytes", operation.name));
     const RawLayout* const layout = find_layout(operation.name);
     const Record* const record = layout ? &layout->record : operation.record;
     if (record) {
@@ -366,7 +340,8 @@ void refuse_unknown_fields(const Operation& operation, const Manner& manner)
 void print(
     Output& output, const Operation& operation, const Reply& reply, const Manner& manner, std::string_view usual_fields)
 {
-    if (const auto records = records_of(operation, reply))
+    const std::optional<Records> records = manner.raw ? std::nullopt : records_of(operation, reply);
+    if (records)
         print_records(output, *records, manner, usual_fields);
     else
         print_result(output, operation, reply, manner);

@@ -26,6 +26,7 @@ struct Manner
 {
     Style style = Style::Text;
     bool wide = false; // all members, whatever the width of the terminal
+    bool raw = false;  // bytes as they are
     AddressOrder order = AddressOrder::Network;
     std::string fields; // only these members, with commas between them; none: the usual ones
     std::vector<std::string> filters;

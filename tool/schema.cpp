@@ -96,6 +96,33 @@ json answer(const Operation& operation)
     return one_value(operation);
 }
 
+json text()
+{
+    return {{"type", "string"}};
+}
+
+json hexadecimal()
+{
+    return {{"type", "string"}, {"pattern", "^([0-9a-f]{2})*$"}};
+}
+
+json all_of(const json& properties, const json& required)
+{
+    return {{"type", "object"}, {"properties", properties}, {"required", required}, {"additionalProperties", false}};
+}
+
+// What --dry-run shows: a line for each command.
+json request()
+{
+    const json field =
+        all_of({{"offset", number(32, false)}, {"size", number(32, false)}, {"name", text()}, {"value", text()}},
+            {"offset", "size", "value"});
+    return all_of(
+        {{"command", number(32, true)}, {"operation", text()}, {"fields", {{"type", "array"}, {"items", field}}},
+            {"request", hexadecimal()}, {"room", number(32, false)}},
+        {"command", "fields", "request", "room"});
+}
+
 } // namespace
 
 std::string schema()
@@ -109,9 +136,11 @@ std::string schema()
         definitions[std::string(operation.name)] = answer(operation);
     definitions["error"] = {{"type", "object"},
         {"properties",
-            {{"error", {{"type", "string"}}}, {"operation", {{"type", "string"}}}, {"errno", {{"type", "string"}}},
-                {"number", {{"type", "integer"}}}, {"advice", {{"type", "string"}}}}},
+            {{"error", {{"type", "string"}}}, {"place", {{"type", "string"}}}, {"operation", {{"type", "string"}}},
+                {"errno", {{"type", "string"}}}, {"number", {{"type", "integer"}}}, {"advice", {{"type", "string"}}}}},
         {"required", {"error"}}, {"additionalProperties", false}};
+    definitions["request"] = request();
+    definitions["raw"] = all_of({{"reply", hexadecimal()}}, {"reply"});
     const json document {{"$schema", "https://json-schema.org/draft/2020-12/schema"},
         {"title", "What lumozephctl prints as JSON, by the operation that it carries out"}, {"$defs", definitions}};
     return document.dump(1) + "\n";

@@ -4,6 +4,7 @@
 #include "tool/layouts.h"
 #include "tool/mistakes.h"
 #include "tool/pattern.h"
+#include "tool/tests/samples.h"
 #include "tool/words.h"
 
 #include <algorithm>
@@ -39,31 +40,6 @@ std::vector<const Verb*> all_verbs()
         for (const Verb& verb : object.verbs)
             verbs.push_back(&verb);
     return verbs;
-}
-
-// A value that the parameter may have.
-std::string sample(const Parameter& parameter)
-{
-    switch (parameter.input) {
-    case Input::Text:
-        return "x";
-    case Input::Number:
-    case Input::SignedNumber:
-        return "1";
-    case Input::Ipv4:
-        return "10.0.0.1";
-    case Input::Ipv6Word:
-        return "2001:db8::1";
-    case Input::Mac:
-        return "02:00:00:00:00:01";
-    case Input::Bytes:
-        return std::string(2 * parameter.size, '0');
-    case Input::Record:
-        return "{}";
-    case Input::Records:
-        return "[]";
-    }
-    return {};
 }
 
 std::vector<std::string> words(std::initializer_list<const char*> list)

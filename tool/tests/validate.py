@@ -17,9 +17,16 @@ TOO_LONG = {"DumpFLTable"}
 def operation_of(words, verbs):
     """The operation that the words of a command line mean."""
     ipv6 = "-6" in words
+    is_dry = "--dry-run" in words
     words = [word for word in words[1:] if not word.startswith("-")]
+    if words[0] == "batch":
+        return "batch"
+    if is_dry:
+        return "request"
     if words[0] == "call":
         return words[1]
+    if words[0] == "raw":
+        return "raw"
     meant = [
         (family, operation)
         for verb, family, operation, _ in verbs
@@ -35,10 +42,14 @@ def answers_in(session, verbs):
     for command in commands:
         line, _, printed = command.partition("\n")
         words = shlex.split(line)
-        if not {"-j", "--json", "--json-pretty"} & set(words) or ">" in words:
+        if words[0] != "lumozephctl" or {">", "|"} & set(words) or not {"-j", "--json", "--json-pretty"} & set(words):
             continue
         printed, failed, _ = printed.partition("[1]\n") if "[1]\n" in printed else printed.partition("[2]\n")
-        yield line, "error" if failed else operation_of(words, verbs), json.loads(printed)
+        operation = operation_of(words, verbs)
+        for document in [printed] if "--json-pretty" in words else printed.splitlines():
+            answer = json.loads(document)
+            is_error = "error" in answer if operation == "batch" else failed
+            yield line, "error" if is_error else operation, answer
 
 
 def main():
@@ -48,6 +59,8 @@ def main():
     jsonschema.Draft202012Validator.check_schema(schema)
     listed = subprocess.run([documents, "verbs"], stdout=subprocess.PIPE, check=True, text=True).stdout
     verbs = [line.split("\t") for line in listed.splitlines()]
+    # Each line of a batch has what its own command answers.
+    schema["$defs"]["batch"] = {"anyOf": [{"$ref": f"#/$defs/{name}"} for name in schema["$defs"]]}
     seen = set()
     for session in sessions:
         for line, definition, answer in answers_in(session, verbs):

@@ -1,0 +1,21 @@
+// Files that are named on the command line.
+#pragma once
+
+#include "tool/mistakes.h"
+
+#include <cstdio>
+#include <memory>
+#include <string>
+
+namespace tool {
+
+using File = std::unique_ptr<std::FILE, void (*)(std::FILE*)>;
+
+// - is standard input. Throws Failure.
+File open_to_read(const std::string& file);
+// Why, as errno has it.
+Failure unreadable(const std::string& file);
+// All of it; - is standard input. Throws Failure.
+std::string contents_of(const std::string& file);
+
+} // namespace tool

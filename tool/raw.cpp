@@ -1,0 +1,58 @@
+#include "tool/raw.h"
+
+#include "lumozeph.h"
+#include "tool/dry_run.h"
+#include "tool/failures.h"
+#include "tool/files.h"
+#include "tool/hex_dump.h"
+#include "tool/json_writer.h"
+#include "tool/mistakes.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <vector>
+
+namespace tool {
+namespace {
+
+std::int32_t number_of(const std::string& word)
+{
+    return static_cast<std::int32_t>(word.starts_with("-") ? parse_signed_number(word, sizeof(std::int32_t))
+                                                           : parse_number(word, sizeof(std::uint32_t)));
+}
+
+void print_reply(std::span<const std::byte> reply, const Manner& manner, Output& output)
+{
+    if (manner.raw)
+        return output.write({reinterpret_cast<const char*>(reply.data()), reply.size()});
+    if (manner.style == Style::Text)
+        return reply.empty() ? void() : print_bytes(output, reply);
+    JsonWriter json(output, manner.style == Style::Json ? JsonWriter::Layout::OneLine : JsonWriter::Layout::Indented);
+    json.begin_object();
+    json.key("reply");
+    json.string(bytes_text(reply));
+    json.end_object();
+    output.write("\n");
+}
+
+} // namespace
+
+void issue(const RawCommand& command, Sending sending, const Manner& manner, Output& output)
+{
+    const std::int32_t number = number_of(command.number);
+    const std::string request = command.request_file.empty() ? "" : contents_of(command.request_file);
+    if (sending == Sending::OnlyShown)
+        return show_command({number, request, command.reply_size}, manner, output);
+    std::vector<std::byte> reply(command.reply_size);
+    LumoEnvelope envelope {static_cast<std::uint32_t>(request.size()), request.empty() ? nullptr : request.data(),
+        command.reply_size, reply.empty() ? nullptr : reply.data()};
+    errno = 0;
+    if (LUMOZEPHIoctl(number, &envelope) != 0)
+        throw failure("raw " + command.number, "Ioctl", errno);
+    // What the module reports may be more than the room that it had.
+    const std::size_t length = std::min<std::size_t>(envelope.outLen, reply.size());
+    print_reply({reply.data(), length}, manner, output);
+    output.flush();
+}
+
+} // namespace tool
