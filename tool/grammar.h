@@ -24,6 +24,8 @@ struct Verb
     std::string_view implied = {};
     // The columns of its table on a narrow terminal, with commas between them; none: all of them.
     std::string_view fields = {};
+    // Of a list, the fields by which its records are told apart, with commas between them.
+    std::string_view key = {};
     // Of those with the same words, for IPv6.
     bool is_ipv6 = false;
     // Of those with the same words, several may be given at once, each with its own keywords.

@@ -47,6 +47,12 @@ public:
         _output.format("{}", value);
     }
 
+    void decimal(double value)
+    {
+        next();
+        _output.format("{:.7g}", value);
+    }
+
 private:
     void begin(char bracket);
     void end(char bracket);

@@ -9,8 +9,10 @@
 #include "tool/mistakes.h"
 #include "tool/output.h"
 #include "tool/printer.h"
+#include "tool/rates.h"
 #include "tool/raw.h"
 #include "tool/spelling.h"
+#include "tool/watch.h"
 
 #include <CLI/CLI.hpp>
 #include <csignal>
@@ -32,10 +34,14 @@ struct CommandLine
     std::vector<std::string> words;
     Manner manner;
     RawCommand raw;
+    WatchTerms terms;
+    std::string interval;
+    std::string duration;
     bool prefer_ipv6 = false;
     bool wants_help = false;
     bool dry_run = false;
     bool keep_going = false;
+    bool rates = false;
     double timeout = 0;
     std::string place;           // in a batch; empty: typed
     std::string help_of_options; // if help is wanted
@@ -106,13 +112,14 @@ struct Formatter : CLI::Formatter
         return "Usage: lumozephctl [OPTIONS] OBJECT VERB ...\n"
                "       lumozephctl [OPTIONS] call FUNCTION [NAME=VALUE...]\n"
                "       lumozephctl [OPTIONS] batch FILE\n"
-               "       lumozephctl [OPTIONS] raw NUMBER\n";
+               "       lumozephctl [OPTIONS] raw NUMBER\n"
+               "       lumozephctl [OPTIONS] watch OBJECT[=NAME]...\n";
     }
 };
 
 std::string help(const CommandLine& line, std::span<const std::string> words)
 {
-    if (words.empty() || words.front() == "batch" || words.front() == "raw")
+    if (words.empty() || words.front() == "batch" || words.front() == "raw" || words.front() == "watch")
         return line.help_of_options + "\n" + help_of_objects();
     if (words.front() != "call")
         return help_of_verbs(words);
@@ -132,8 +139,22 @@ void refuse_what_is_of_others(const CommandLine& line, std::string_view verb)
 {
     if (line.keep_going && verb != "batch")
         throw Misuse("--keep-going belongs to batch");
+    if ((line.terms.count > 0 || line.terms.timestamps || !line.duration.empty()) && verb != "watch")
+        throw Misuse("--count, --duration and --timestamps belong to watch");
+    if (!line.interval.empty() && verb != "watch" && !line.rates)
+        throw Misuse("--interval belongs to watch and to --rates");
     if ((!line.raw.request_file.empty() || line.raw.reply_size > 0) && verb != "raw")
         throw Misuse("--request and --reply-size belong to raw");
+}
+
+WatchTerms terms_of(const CommandLine& line)
+{
+    WatchTerms terms = line.terms;
+    if (!line.interval.empty())
+        terms.interval = parse_time(line.interval);
+    if (!line.duration.empty())
+        terms.duration = parse_time(line.duration);
+    return terms;
 }
 
 void run(const CommandLine& line, Output& output)
@@ -155,10 +176,17 @@ void run(const CommandLine& line, Output& output)
         command.number = only_word(words, "the number of a command");
         return issue(command, line.dry_run ? Sending::OnlyShown : Sending::Done, line.manner, output);
     }
+    if (words.front() == "watch") {
+        if (line.dry_run || line.rates || line.timeout > 0)
+            throw Misuse("watch takes none of --dry-run, --rates and --timeout");
+        return watch(words.subspan(1), terms_of(line), line.manner, output);
+    }
     const std::vector<Step> steps =
         words.front() == "call" ? std::vector<Step> {call_of(words.subspan(1))} : understand(words, line.prefer_ipv6);
     if (line.dry_run)
         show_requests(steps, line.manner, output);
+    else if (line.rates)
+        show_rates(steps, terms_of(line).interval, line.manner, output);
     else
         carry_out(steps, line.manner, output);
 }
@@ -232,6 +260,12 @@ public:
             ->check(CLI::PositiveNumber);
         _app.add_flag("--dry-run", _line.dry_run, "show what would be sent, and send nothing");
         _app.add_flag("--keep-going", _line.keep_going, "batch: go on after a command that failed");
+        _app.add_flag("--rates", _line.rates, "of statistics: read twice, and show how much they count a second");
+        _app.add_option(
+            "--interval", _line.interval, "watch, --rates: the time between reads: 1s (default), 500ms, 2m");
+        _app.add_option("--count", _line.terms.count, "watch: end after so many events")->check(CLI::PositiveNumber);
+        _app.add_option("--duration", _line.duration, "watch: end after this time");
+        _app.add_flag("--timestamps", _line.terms.timestamps, "watch: say when each event was seen");
         _app.add_option("--request", _line.raw.request_file, "raw: the file that has the command's input");
         _app.add_option("--reply-size", _line.raw.reply_size, "raw: the room for its reply in bytes");
     }

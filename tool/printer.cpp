@@ -3,9 +3,10 @@
 #include "tool/filter.h"
 #include "tool/hex_dump.h"
 #include "tool/json_writer.h"
-#include "tool/layouts.h"
 #include "tool/members.h"
 #include "tool/mistakes.h"
+#include "tool/record_json.h"
+#include "tool/records.h"
 #include "tool/words.h"
 
 #include <algorithm>
@@ -13,111 +14,6 @@
 
 namespace tool {
 namespace {
-
-// Records where they lie.
-struct Records
-{
-    const Record* record;
-    const std::byte* first;
-    std::size_t count;
-    bool are_a_list;
-
-    const std::byte* operator[](std::size_t i) const { return first + i * record->size; }
-};
-
-std::size_t entries_in(const Reply& reply, const RawLayout& layout)
-{
-    const std::size_t size = layout.record.size;
-    std::size_t count = 0;
-    const auto is_zero = [](std::byte byte) { return byte == std::byte {0}; };
-    while ((count + 1) * size <= reply.size() &&
-           !std::all_of(reply.data() + count * size, reply.data() + (count + 1) * size, is_zero))
-        ++count;
-    return count;
-}
-
-// Nothing if nobody knows what the bytes are.
-std::optional<Records> records_of(const Operation& operation, const Reply& reply)
-{
-    const bool is_list = operation.answer == Answer::List;
-    if (operation.answer == Answer::Record || is_list)
-        return Records {operation.record, reply.data(), reply.count(), is_list};
-    const RawLayout* const layout = find_layout(operation.name);
-    if (!layout)
-        return std::nullopt;
-    if (operation.answer == Answer::Entries)
-        return Records {&layout->record, reply.data(), reply.count(), true};
-    if (layout->repeated == Repeated::Once)
-        return Records {&layout->record, reply.data(), 1, false};
-    return Records {&layout->record, reply.data(), entries_in(reply, *layout), true};
-}
-
-std::vector<const Member*> all_members(const Record& record)
-{
-    std::vector<const Member*> members;
-    for (const Member& member : record.members)
-        members.push_back(&member);
-    return members;
-}
-
-// Records hold records, two deep.
-// NOLINTBEGIN(misc-no-recursion)
-class JsonPrinter
-{
-public:
-    JsonPrinter(Output& output, const Manner& manner)
-        : _order(manner.order), _json(output, manner.style == Style::IndentedJson ? JsonWriter::Layout::Indented
-                                                                                  : JsonWriter::Layout::OneLine)
-    {}
-
-    JsonWriter& json() { return _json; }
-
-    void record(const Record& record, std::span<const Member* const> members, const std::byte* data)
-    {
-        _json.begin_object();
-        for (const Member* const one : members) {
-            _json.key(one->name);
-            member(record, *one, data);
-        }
-        _json.end_object();
-    }
-
-private:
-    void member(const Record& record, const Member& member, const std::byte* data)
-    {
-        if (member.length == 0)
-            return element(record, member, data, 0);
-        _json.begin_array();
-        const std::size_t count = elements_in_use(record, member, data);
-        for (std::size_t i = 0; i < count; ++i)
-            element(record, member, data, i);
-        _json.end_array();
-    }
-
-    void element(const Record& record, const Member& member, const std::byte* data, std::size_t element)
-    {
-        const std::byte* const where = data + member.offset + element * member.width;
-        switch (member.form) {
-        case Form::Number:
-            return _json.number(load_number(where, member.width));
-        case Form::SignedNumber: {
-            const unsigned unused = 64 - 8 * member.width;
-            return _json.number(static_cast<std::int64_t>(load_number(where, member.width) << unused) >> unused);
-        }
-        case Form::Text:
-            return _json.string(text_in(where, member.width));
-        case Form::Records:
-            return this->record(*member.record, all_members(*member.record), where);
-        default:
-            return _json.string(element_text(record, member, data, element, _order));
-        }
-    }
-
-    AddressOrder _order;
-    JsonWriter _json;
-};
-
-// NOLINTEND(misc-no-recursion)
 
 // How many columns of a terminal a text takes: one for each character.
 std::size_t width_of(std::string_view text)
@@ -242,6 +138,11 @@ void print_members(Output& output, const Records& records, std::span<const Membe
     }
 }
 
+JsonWriter::Layout layout_of(const Manner& manner)
+{
+    return manner.style == Style::IndentedJson ? JsonWriter::Layout::Indented : JsonWriter::Layout::OneLine;
+}
+
 std::string value_text(const Operation& operation, const Reply& reply, AddressOrder order)
 {
     return operation.form == Form::Ipv4 ? ipv4_text(reply.value(), order) : fmt::format("{}", reply.value());
@@ -250,8 +151,7 @@ std::string value_text(const Operation& operation, const Reply& reply, AddressOr
 // What is no record: one thing under its name.
 void print_result_as_json(Output& output, const Operation& operation, const Reply& reply, const Manner& manner)
 {
-    JsonPrinter printer(output, manner);
-    JsonWriter& json = printer.json();
+    JsonWriter json(output, layout_of(manner));
     json.begin_object();
     if (operation.answer != Answer::Nothing)
         json.key(operation.result);
@@ -311,13 +211,13 @@ void print_records(Output& output, const Records& records, const Manner& manner,
     if (!is_json)
         return rows.empty() ? void() : print_members(output, records, members, manner);
 
-    JsonPrinter printer(output, manner);
+    JsonWriter json(output, layout_of(manner));
     if (records.are_a_list)
-        printer.json().begin_array();
+        json.begin_array();
     for (const std::size_t row : rows)
-        printer.record(record, members, records[row]);
+        write_record(json, record, members, records[row], manner.order);
     if (records.are_a_list)
-        printer.json().end_array();
+        json.end_array();
     output.write("\n");
 }
 
@@ -327,9 +227,7 @@ void refuse_unknown_fields(const Operation& operation, const Manner& manner)
 {
     if (manner.raw && operation.answer != Answer::Bytes)
         throw Misuse(fmt::format("the answer of {} is not mere bytes", operation.name));
-    const RawLayout* const layout = find_layout(operation.name);
-    const Record* const record = layout ? &layout->record : operation.record;
-    if (record) {
+    if (const Record* const record = record_of(operation)) {
         members_named(*record, split(manner.fields, ','));
         filters_of(*record, manner);
     } else if (!manner.fields.empty() || !manner.filters.empty()) {

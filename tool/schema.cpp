@@ -1,8 +1,11 @@
 #include "tool/schema.h"
 
 #include "tool/description.h"
+#include "tool/grammar.h"
 #include "tool/layouts.h"
+#include "tool/records.h"
 
+#include <algorithm>
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>
 
@@ -123,6 +126,53 @@ json request()
         {"command", "fields", "request", "room"});
 }
 
+// What watch prints: a line for each event.
+json event()
+{
+    json records = json::array();
+    for (const Object& one : known_objects())
+        for (const Verb& verb : one.verbs)
+            if (!verb.key.empty()) {
+                const json record = reference(record_of(*find_operation(verb.operation))->name);
+                if (std::ranges::find(records, record) == records.end())
+                    records.push_back(record);
+            }
+    const json any {{"anyOf", records}};
+    const json changes {{"type", "object"},
+        {"additionalProperties", all_of({{"old", json::object()}, {"new", json::object()}}, {"old", "new"})}};
+    const json time {{"type", "string"}, {"format", "date-time"}};
+    const json place {{"type", "object"}, {"additionalProperties", text()}};
+    json kinds = json::array();
+    const auto add = [&](std::string_view name, const json& also) {
+        json properties {{"time", time}, {"event", {{"const", name}}}};
+        json required {"event"};
+        if (name != "begun") {
+            properties.update({{"list", text()}, {"operation", text()}, {"place", place}});
+            required.insert(required.end(), {"list", "operation", "place"});
+        }
+        properties.update(also);
+        for (const auto& [key, value] : also.items())
+            required.push_back(key);
+        kinds.push_back(all_of(properties, required));
+    };
+    const json count = number(32, false);
+    add("begun", {{"lists", count}, {"records", count}});
+    add("added", {{"key", any}, {"record", any}});
+    add("removed", {{"key", any}, {"record", any}});
+    add("changed", {{"key", any}, {"changes", changes}});
+    add("failed", {{"error", text()}, {"number", number(32, true)}});
+    add("answered", json::object());
+    return {{"oneOf", kinds}};
+}
+
+// What --rates shows of any record: its counters.
+json rates()
+{
+    const json rate {{"type", "number"}, {"minimum", 0}};
+    const json one_or_more {{"anyOf", {rate, {{"type", "array"}, {"items", rate}}}}};
+    return {{"type", "object"}, {"additionalProperties", one_or_more}};
+}
+
 } // namespace
 
 std::string schema()
@@ -139,6 +189,8 @@ std::string schema()
             {{"error", {{"type", "string"}}}, {"place", {{"type", "string"}}}, {"operation", {{"type", "string"}}},
                 {"errno", {{"type", "string"}}}, {"number", {{"type", "integer"}}}, {"advice", {{"type", "string"}}}}},
         {"required", {"error"}}, {"additionalProperties", false}};
+    definitions["event"] = event();
+    definitions["rates"] = rates();
     definitions["request"] = request();
     definitions["raw"] = all_of({{"reply", hexadecimal()}}, {"reply"});
     const json document {{"$schema", "https://json-schema.org/draft/2020-12/schema"},

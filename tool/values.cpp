@@ -93,6 +93,19 @@ std::string parse_bytes(std::string_view text, std::size_t size)
     return bytes;
 }
 
+std::chrono::duration<double> parse_time(std::string_view text)
+{
+    constexpr std::pair<std::string_view, double> units[] {{"ms", 0.001}, {"s", 1}, {"", 1}, {"m", 60}, {"h", 3600}};
+    constexpr double longest = 1e9;
+    double number = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number, std::chars_format::fixed);
+    const std::string_view unit(end, static_cast<std::size_t>(text.data() + text.size() - end));
+    const auto* const known = std::ranges::find(units, unit, &std::pair<std::string_view, double>::first);
+    if (error != std::errc() || known == std::end(units) || !(number > 0) || number * known->second > longest)
+        throw Misuse(fmt::format("'{}' is not a time, as 1s, 500ms or 2m", text));
+    return std::chrono::duration<double>(number * known->second);
+}
+
 std::uint32_t mask_of_length(std::string_view length, AddressOrder order)
 {
     std::uint32_t bits = 0;

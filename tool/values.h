@@ -4,6 +4,7 @@
 #include "tool/description.h"
 
 #include <array>
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -26,6 +27,8 @@ std::uint32_t parse_ipv4(std::string_view text, AddressOrder order);
 std::array<std::uint8_t, 16> parse_ipv6(std::string_view text);
 std::array<std::uint8_t, 6> parse_mac(std::string_view text);
 std::string parse_bytes(std::string_view text, std::size_t size);
+// A number above 0, of seconds if no unit follows: ms, s, m or h.
+std::chrono::duration<double> parse_time(std::string_view text);
 std::uint32_t mask_of_length(std::string_view length, AddressOrder order);
 
 std::uint64_t load_number(const std::byte* where, std::size_t width);

@@ -5,8 +5,8 @@
 namespace tool::objects {
 
 inline constexpr Verb bfd_verbs[] {
-    {.words = "bfd list", .operation = "GetBridgeBFDSessions", .form = "[<key>]"},
-    {.words = "bfd connection list", .operation = "GetBFDPortConnections", .form = ""},
+    {.words = "bfd list", .operation = "GetBridgeBFDSessions", .form = "[<key>]", .key = "addr1,addr2"},
+    {.words = "bfd connection list", .operation = "GetBFDPortConnections", .form = "", .key = "port"},
     {.words = "bfd connection plumb",
         .operation = "PlumbBFDPortConnection",
         .form = "<port> [text <text>] [mac <mac>]"},

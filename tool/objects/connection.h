@@ -5,7 +5,7 @@
 namespace tool::objects {
 
 inline constexpr Verb connection_verbs[] {
-    {.words = "connection list", .operation = "GetConnections", .form = ""},
+    {.words = "connection list", .operation = "GetConnections", .form = "", .key = "name"},
     {.words = "connection show", .operation = "GetConnection", .form = "<name>"},
     {.words = "connection mac", .operation = "GetVMAC", .form = "<name>"},
     {.words = "connection deletion", .operation = "LUMODevCheckConnDeletion", .form = ""},

@@ -5,7 +5,7 @@
 namespace tool::objects {
 
 inline constexpr Verb instance_verbs[] {
-    {.words = "instance list", .operation = "GetInstances", .form = ""},
+    {.words = "instance list", .operation = "GetInstances", .form = "", .key = "instanceKey"},
     {.words = "instance show", .operation = "GetInstance", .form = "<instance>"},
     {.words = "instance set",
         .operation = "SetLumoInstance",

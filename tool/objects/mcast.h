@@ -5,7 +5,7 @@
 namespace tool::objects {
 
 inline constexpr Verb mcast_verbs[] {
-    {.words = "mcast group list", .operation = "GetMRoutingAllMcastGroups", .form = "<instance>"},
+    {.words = "mcast group list", .operation = "GetMRoutingAllMcastGroups", .form = "<instance>", .key = "value1"},
     {.words = "mcast receiver list", .operation = "GetMRoutingLocalRcvrs", .form = "<instance> <value>"},
     {.words = "mcast receiver add", .operation = "AddMRoutingLocalRcvrs", .form = "<instance> <value> [<text>]"},
     {.words = "mcast receiver delete", .operation = "DelMRoutingLocalRcvrs", .form = "<instance> <value> [<text>]"},

@@ -5,8 +5,12 @@
 namespace tool::objects {
 
 inline constexpr Verb neighbour_verbs[] {
-    {.words = "neighbour list", .operation = "GetArps", .form = "<instance> [<lif>]"},
-    {.words = "neighbour list", .operation = "GetArpsv6", .form = "<instance> [<lif>]", .is_ipv6 = true},
+    {.words = "neighbour list", .operation = "GetArps", .form = "<instance> [<lif>]", .key = "address,lif"},
+    {.words = "neighbour list",
+        .operation = "GetArpsv6",
+        .form = "<instance> [<lif>]",
+        .key = "address,lif",
+        .is_ipv6 = true},
     {.words = "neighbour add", .operation = "SetArp", .form = "<instance> <address> [mac <mac>] [dev <lif>]"},
     {.words = "neighbour add",
         .operation = "SetArpv6",
@@ -16,7 +20,7 @@ inline constexpr Verb neighbour_verbs[] {
     {.words = "neighbour delete", .operation = "DelArpv6", .form = "<instance> <address> [dev <lif>]", .is_ipv6 = true},
     {.words = "neighbour clear", .operation = "ClearArp", .form = "<instance> [<lif>]"},
     {.words = "neighbour clear", .operation = "ClearArpv6", .form = "<instance> [<lif>]", .is_ipv6 = true},
-    {.words = "neighbour proxy list", .operation = "GetProxyArps", .form = "<instance> [<lif>]"},
+    {.words = "neighbour proxy list", .operation = "GetProxyArps", .form = "<instance> [<lif>]", .key = "address,lif"},
     {.words = "neighbour proxy add", .operation = "SetProxyArp", .form = "<instance> <address> [dev <lif>]"},
     {.words = "neighbour proxy add",
         .operation = "SetProxyArpv6",

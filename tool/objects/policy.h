@@ -5,11 +5,11 @@
 namespace tool::objects {
 
 inline constexpr Verb policy_verbs[] {
-    {.words = "policy list", .operation = "GetPolicy", .form = "<table>"},
+    {.words = "policy list", .operation = "GetPolicy", .form = "<table>", .key = "value1,value2,value3"},
     {.words = "policy count", .operation = "GetPolicyCount", .form = "<table>"},
     {.words = "policy add", .operation = "SetPolicy", .form = "<table> <key1> <key2> [value <value>]"},
     {.words = "policy delete", .operation = "DelPolicy", .form = "<table> <key1> <key2>"},
-    {.words = "policy table list", .operation = "GetPolicyTable", .form = ""},
+    {.words = "policy table list", .operation = "GetPolicyTable", .form = "", .key = "policyTableId"},
     {.words = "policy table add", .operation = "SetPolicyTable", .form = "<table> [<name>]"},
     {.words = "policy table delete", .operation = "DelPolicyTable", .form = "<table>"},
     {.words = "policy reference show", .operation = "GetLifPolicyTableRef", .form = "<instance> <lif>"},

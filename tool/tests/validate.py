@@ -18,6 +18,10 @@ def operation_of(words, verbs):
     """The operation that the words of a command line mean."""
     ipv6 = "-6" in words
     is_dry = "--dry-run" in words
+    if words[0] == "cat" or "watch" in words:
+        return "event"
+    if "--rates" in words:
+        return "rates"
     words = [word for word in words[1:] if not word.startswith("-")]
     if words[0] == "batch":
         return "batch"
@@ -42,7 +46,9 @@ def answers_in(session, verbs):
     for command in commands:
         line, _, printed = command.partition("\n")
         words = shlex.split(line)
-        if words[0] != "lumozephctl" or {">", "|"} & set(words) or not {"-j", "--json", "--json-pretty"} & set(words):
+        if words[-2:] == ["cat", "events.jsonl"]:
+            words = ["cat", "events.jsonl", "-j"]
+        elif words[0] != "lumozephctl" or {">", "|"} & set(words) or not {"-j", "--json", "--json-pretty"} & set(words):
             continue
         printed, failed, _ = printed.partition("[1]\n") if "[1]\n" in printed else printed.partition("[2]\n")
         operation = operation_of(words, verbs)
