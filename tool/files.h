@@ -17,5 +17,7 @@ File open_to_read(const std::string& file);
 Failure unreadable(const std::string& file);
 // All of it; - is standard input. Throws Failure.
 std::string contents_of(const std::string& file);
+// All at once: whoever reads the file meanwhile has what was there or what comes, and everybody may read it. Throws Failure.
+void replace_contents(const std::string& file, const std::string& contents);
 
 } // namespace tool

@@ -6,6 +6,7 @@
 #include "tool/failures.h"
 #include "tool/grammar.h"
 #include "tool/help.h"
+#include "tool/metrics.h"
 #include "tool/mistakes.h"
 #include "tool/output.h"
 #include "tool/printer.h"
@@ -34,6 +35,7 @@ struct CommandLine
     std::vector<std::string> words;
     Manner manner;
     RawCommand raw;
+    MetricsTerms metrics;
     WatchTerms terms;
     std::string interval;
     std::string duration;
@@ -42,6 +44,7 @@ struct CommandLine
     bool dry_run = false;
     bool keep_going = false;
     bool rates = false;
+    bool openmetrics = false;
     double timeout = 0;
     std::string place;           // in a batch; empty: typed
     std::string help_of_options; // if help is wanted
@@ -113,13 +116,15 @@ struct Formatter : CLI::Formatter
                "       lumozephctl [OPTIONS] call FUNCTION [NAME=VALUE...]\n"
                "       lumozephctl [OPTIONS] batch FILE\n"
                "       lumozephctl [OPTIONS] raw NUMBER\n"
-               "       lumozephctl [OPTIONS] watch OBJECT[=NAME]...\n";
+               "       lumozephctl [OPTIONS] watch OBJECT[=NAME]...\n"
+               "       lumozephctl [OPTIONS] metrics [TARGET...]\n";
     }
 };
 
 std::string help(const CommandLine& line, std::span<const std::string> words)
 {
-    if (words.empty() || words.front() == "batch" || words.front() == "raw" || words.front() == "watch")
+    constexpr std::string_view verbs_of_their_own[] {"batch", "raw", "watch", "metrics"};
+    if (words.empty() || std::ranges::find(verbs_of_their_own, words.front()) != std::end(verbs_of_their_own))
         return line.help_of_options + "\n" + help_of_objects();
     if (words.front() != "call")
         return help_of_verbs(words);
@@ -139,6 +144,8 @@ void refuse_what_is_of_others(const CommandLine& line, std::string_view verb)
 {
     if (line.keep_going && verb != "batch")
         throw Misuse("--keep-going belongs to batch");
+    if ((line.openmetrics || !line.metrics.file.empty()) && verb != "metrics")
+        throw Misuse("--output and --openmetrics belong to metrics");
     if ((line.terms.count > 0 || line.terms.timestamps || !line.duration.empty()) && verb != "watch")
         throw Misuse("--count, --duration and --timestamps belong to watch");
     if (!line.interval.empty() && verb != "watch" && !line.rates)
@@ -180,6 +187,13 @@ void run(const CommandLine& line, Output& output)
         if (line.dry_run || line.rates || line.timeout > 0)
             throw Misuse("watch takes none of --dry-run, --rates and --timeout");
         return watch(words.subspan(1), terms_of(line), line.manner, output);
+    }
+    if (words.front() == "metrics") {
+        if (line.dry_run || line.rates || line.manner.style != Style::Text)
+            throw Misuse("metrics has a format of its own, and takes neither --dry-run nor --rates");
+        MetricsTerms terms = line.metrics;
+        terms.exposition = line.openmetrics ? Exposition::OpenMetrics : Exposition::PrometheusText;
+        return export_metrics(words.subspan(1), terms, line.manner.order, output);
     }
     const std::vector<Step> steps =
         words.front() == "call" ? std::vector<Step> {call_of(words.subspan(1))} : understand(words, line.prefer_ipv6);
@@ -266,6 +280,8 @@ public:
         _app.add_option("--count", _line.terms.count, "watch: end after so many events")->check(CLI::PositiveNumber);
         _app.add_option("--duration", _line.duration, "watch: end after this time");
         _app.add_flag("--timestamps", _line.terms.timestamps, "watch: say when each event was seen");
+        _app.add_option("--output", _line.metrics.file, "metrics: the file that is replaced by them");
+        _app.add_flag("--openmetrics", _line.openmetrics, "metrics: in the format of OpenMetrics");
         _app.add_option("--request", _line.raw.request_file, "raw: the file that has the command's input");
         _app.add_option("--reply-size", _line.raw.reply_size, "raw: the room for its reply in bytes");
     }

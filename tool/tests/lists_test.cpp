@@ -2,6 +2,7 @@
 #include "tool/lists.h"
 
 #include "lumozeph.h"
+#include "tool/metrics.h"
 #include "tool/pattern.h"
 #include "tool/words.h"
 
@@ -45,6 +46,13 @@ TEST(Lists, AreReachedThroughNamesThatCanBeRead)
         for (const Verb* const verb : lists_of_object(object.name))
             for (const std::string& parameter : Pattern(verb->form).demanded())
                 EXPECT_TRUE(find_source(*verb, parameter)) << verb->words << ": " << parameter;
+}
+
+TEST(Lists, HaveAMetricEach)
+{
+    for (const Object& object : known_objects())
+        for (const Verb* const verb : lists_of_object(object.name))
+            EXPECT_FALSE(metric_of_list(verb->operation).empty()) << verb->words;
 }
 
 TEST(Names, AreThoseOfFieldsThatThereAre)
