@@ -71,9 +71,8 @@ def main():
     for session in sessions:
         for line, definition, answer in answers_in(session, verbs):
             one = {"$ref": f"#/$defs/{definition}", "$defs": schema["$defs"]}
-            try:
-                jsonschema.validate(answer, one, format_checker=jsonschema.FormatChecker())
-            except jsonschema.ValidationError as error:
+            checker = jsonschema.Draft202012Validator(one, format_checker=jsonschema.FormatChecker())
+            for error in checker.iter_errors(answer):
                 sys.exit(f"{session}: {line}: {error.message}")
             seen.add(definition)
     missing = {operation for *_, operation, does in verbs if does == "reads"} - seen - TOO_LONG
