@@ -1,11 +1,13 @@
 // lumozephctl: shows and changes the state of the module, for operators.
 #include "tool/batch.h"
 #include "tool/carrying_out.h"
+#include "tool/completion.h"
 #include "tool/deadline.h"
 #include "tool/dry_run.h"
 #include "tool/failures.h"
 #include "tool/grammar.h"
 #include "tool/help.h"
+#include "tool/members.h"
 #include "tool/metrics.h"
 #include "tool/mistakes.h"
 #include "tool/output.h"
@@ -123,8 +125,10 @@ struct Formatter : CLI::Formatter
 
 std::string help(const CommandLine& line, std::span<const std::string> words)
 {
-    constexpr std::string_view verbs_of_their_own[] {"batch", "raw", "watch", "metrics"};
-    if (words.empty() || std::ranges::find(verbs_of_their_own, words.front()) != std::end(verbs_of_their_own))
+    const auto own = own_verbs();
+    const bool is_own =
+        !words.empty() && std::ranges::find(own, words.front(), &OwnVerb::name) != own.end() && words.front() != "call";
+    if (words.empty() || is_own)
         return line.help_of_options + "\n" + help_of_objects();
     if (words.front() != "call")
         return help_of_verbs(words);
@@ -306,6 +310,20 @@ public:
         return std::move(_line);
     }
 
+    std::vector<OptionWords> options() const
+    {
+        std::vector<OptionWords> all;
+        for (const CLI::Option* const option : _app.get_options()) {
+            OptionWords words {{}, option->get_description(), option->get_expected_max() > 0};
+            for (const std::string& name : option->get_snames())
+                words.names.push_back("-" + name);
+            for (const std::string& name : option->get_lnames())
+                words.names.push_back("--" + name);
+            all.push_back(std::move(words));
+        }
+        return all;
+    }
+
     int exit(const CLI::ParseError& error) { return _app.exit(error); }
 
 private:
@@ -360,6 +378,22 @@ int run_any(const CommandLine& line)
     return is_batch ? attempt(line, [&] { return run_batch(line); }) : run_safely(line);
 }
 
+// For the scripts by which shells complete: a candidate a line, what it is behind a tab.
+int complete(std::vector<std::string> words)
+{
+    if (!words.empty() && words.front() == "--")
+        words.erase(words.begin());
+    // A shell that waits is worse than one that does not know.
+    constexpr std::chrono::duration<double> patience {2};
+    end_after(patience, "");
+    const std::vector<OptionWords> options = Parser({}).options();
+    Output output;
+    for (const Candidate& candidate : candidates(words, options))
+        output.format("{}\t{}\n", printable(candidate.word), candidate.brief);
+    output.flush();
+    return EXIT_SUCCESS;
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -367,6 +401,8 @@ int main(int argc, char** argv)
     // A reader that has seen enough is not worth a message.
     static_cast<void>(std::signal(SIGPIPE, SIG_DFL));
     try {
+        if (argc > 1 && std::string_view(argv[1]) == "complete")
+            return complete({argv + 2, argv + argc});
         CommandLine general;
         general.manner.columns = columns_of_terminal();
         // NOLINTNEXTLINE(concurrency-mt-unsafe): there is one thread

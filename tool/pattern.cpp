@@ -93,6 +93,39 @@ Pattern::Match Pattern::match_keywords(std::span<const std::string> words) const
     return match;
 }
 
+Pattern::Expected Pattern::expected_after(std::span<const std::string> words) const
+{
+    Expected expected;
+    const std::size_t places = std::min(words.size(), _places.size());
+    for (std::size_t i = 0; i < places; ++i)
+        give(expected.given, _places[i].value, words[i]);
+    if (places < _places.size()) {
+        expected.value = _places[places].value;
+        return expected;
+    }
+    std::vector<const Part*> left;
+    for (const Part& part : _keywords)
+        left.push_back(&part);
+    for (std::size_t i = places; i < words.size(); ++i) {
+        const auto found =
+            std::ranges::find_if(left, [&](const Part* part) { return part->keyword.starts_with(words[i]); });
+        if (found == left.end() || words[i].empty())
+            continue;
+        const Part& part = **found;
+        left.erase(found);
+        if (part.value.empty())
+            continue;
+        if (++i == words.size()) {
+            expected.value = part.value;
+            return expected;
+        }
+        give(expected.given, part.value, words[i]);
+    }
+    for (const Part* const part : left)
+        expected.keywords.push_back(part->keyword);
+    return expected;
+}
+
 std::vector<std::string> Pattern::parameters() const
 {
     std::vector<std::string> names;

@@ -30,6 +30,15 @@ public:
     // The keywords behind them, up to the first word that is none. Throws Misuse if one is missing.
     Match match_keywords(std::span<const std::string> words) const;
 
+    // What may follow these words, and what they give. Words that are not of this pattern are passed over.
+    struct Expected
+    {
+        std::string_view value; // a parameter, or two with a slash between them; empty: no value is due
+        std::vector<std::string_view> keywords;
+        std::vector<Given> given;
+    };
+    Expected expected_after(std::span<const std::string> words) const;
+
     // The names of all parameters that it can give, and of those that must be given.
     std::vector<std::string> parameters() const;
     std::vector<std::string> demanded() const;

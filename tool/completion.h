@@ -1,0 +1,39 @@
+// What may stand where somebody asks their shell to complete a command line.
+#pragma once
+
+#include "tool/values.h"
+
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tool {
+
+struct OptionWords
+{
+    std::vector<std::string> names; // with their dashes
+    std::string brief;
+    bool takes_value = false;
+};
+
+// A verb that is no object's.
+struct OwnVerb
+{
+    std::string_view name;
+    std::string_view brief;
+};
+
+std::span<const OwnVerb> own_verbs();
+
+struct Candidate
+{
+    std::string word;
+    std::string_view brief;
+};
+
+// Of the words behind the name of the tool, the last one is to be completed, and may be empty. The names that the module
+// has are read; if it does not answer, there are none.
+std::vector<Candidate> candidates(std::span<const std::string> words, std::span<const OptionWords> options);
+
+} // namespace tool
