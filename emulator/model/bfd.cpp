@@ -36,8 +36,8 @@ int plumb(Exchange& exchange)
         nodes += cluster.nodes.size();
     if (state.bfd_connections.find(port_of(exchange)) == nullptr && !has_room_for_sessions(state, nodes))
         return ENOSPC;
-    return plumb<BfdConnection>({port_of(exchange), exchange.request[bfd::text], exchange.request[bfd::mac], Link::Up,
-                                    exchange.state.stopwatch.now()},
+    return plumb<BfdConnection>({port_of(exchange), exchange.request[bfd::text], exchange.request[bfd::mac],
+                                    LinkState::Up, exchange.state.stopwatch.now()},
         exchange.state.bfd_connections);
 }
 
@@ -62,7 +62,7 @@ void write_session(const BfdConnection& port, const Cluster& cluster, const Clus
 {
     const Time begun = std::max(port.since, node.since);
     const Time passed = exchange.state.stopwatch.now() - begun;
-    const bool can_begin = port.link == Link::Up && node.link == Link::Up && passed >= until_it_begins;
+    const bool can_begin = port.link == LinkState::Up && node.link == LinkState::Up && passed >= until_it_begins;
     const SessionState state = !can_begin                ? SessionState::Down
                                : passed < until_it_is_up ? SessionState::Beginning
                                                          : SessionState::Up;

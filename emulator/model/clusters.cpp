@@ -75,8 +75,8 @@ int set_node(Exchange& exchange)
     Cluster* cluster = cluster_of(exchange);
     if (cluster == nullptr)
         return ENOENT;
-    const ClusterNode node {
-        exchange.request[clusters::node], exchange.request[clusters::mac], Link::Up, exchange.state.stopwatch.now()};
+    const ClusterNode node {exchange.request[clusters::node], exchange.request[clusters::mac], LinkState::Up,
+        exchange.state.stopwatch.now()};
     const auto existing = std::find_if(cluster->nodes.begin(), cluster->nodes.end(),
         [&](const ClusterNode& candidate) { return candidate.name == node.name; });
     if (existing != cluster->nodes.end()) {

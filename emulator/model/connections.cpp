@@ -23,7 +23,7 @@ int plumb(Exchange& exchange)
     return plumb<Connection>({name_of(exchange),
                                  {request[connections::text1], request[connections::text2], request[connections::text3],
                                      request[connections::text4]},
-                                 Link::Up, exchange.state.stopwatch.now()},
+                                 LinkState::Up, exchange.state.stopwatch.now()},
         exchange.state.connections);
 }
 

@@ -26,7 +26,7 @@ int plumb(const Connection& connection, Collection<Connection>& all)
 template <class Connection>
 bool is_up(const Connection& connection, Time now)
 {
-    return connection.link == Link::Up && now >= connection.since + std::chrono::seconds(1);
+    return connection.link == LinkState::Up && now >= connection.since + std::chrono::seconds(1);
 }
 
 } // namespace emulator

@@ -327,7 +327,7 @@ struct Bridge
 };
 
 // Whether what is at the other end can be reached.
-enum class Link
+enum class LinkState
 {
     Up,
     Down
@@ -337,7 +337,7 @@ struct ClusterNode
 {
     std::string name;
     MacAddress mac {};
-    Link link = Link::Up;
+    LinkState link = LinkState::Up;
     Time since {}; // when it was set
 };
 
@@ -372,7 +372,7 @@ struct Connection
 {
     std::string name;
     std::array<std::string, 4> texts;
-    Link link = Link::Up;
+    LinkState link = LinkState::Up;
     Time since {}; // when it was plumbed
 
     const std::string& identity() const { return name; }
@@ -383,7 +383,7 @@ struct BfdConnection
     std::string name;
     std::string text;
     MacAddress mac {};
-    Link link = Link::Up;
+    LinkState link = LinkState::Up;
     Time since {}; // when it was plumbed
 
     const std::string& identity() const { return name; }

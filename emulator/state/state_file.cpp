@@ -40,7 +40,7 @@ void set_state(Module& module, const json::Value& document)
     module.replace(std::move(state));
 }
 
-void load_state(Module& module, const std::string& path)
+std::string read_file(const std::string& path)
 {
     const File file(std::fopen(path.c_str(), "re"));
     if (!file)
@@ -51,6 +51,12 @@ void load_state(Module& module, const std::string& path)
         text.append(piece.data(), length);
     if (std::ferror(file.get()) != 0)
         throw std::runtime_error("cannot read '" + path + "': " + std::strerror(errno));
+    return text;
+}
+
+void load_state(Module& module, const std::string& path)
+{
+    const std::string text = read_file(path);
     try {
         set_state(module, json::parse(text));
     } catch (const json::Error& error) {

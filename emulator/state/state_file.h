@@ -14,6 +14,7 @@ void set_state(Module& module, const json::Value& document);
 // The same with files. What is thrown says what is wrong with which file, and where: FILE:LINE:COLUMN: expected ...
 void load_state(Module& module, const std::string& path);
 void save_state(Module& module, const std::string& path);
+std::string read_file(const std::string& path);
 void write_file(const std::string& path, const std::string& text);
 
 // The JSON schema of such documents.

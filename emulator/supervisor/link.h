@@ -27,6 +27,13 @@ enum class Word : char
     Handed,   // number: what its filter is to hand to the supervisor
     Describe, // asks for a text about the world
     Stop,     // asks the world to end
+    Read,     // asks for the state of the world's module; what Ready passes is the document
+    Replace,  // passes a document that is to be the state
+    Patch,    // passes operations that are to change it
+    Merge,    // passes changes that are to be merged into it
+    Compare,  // passes a document; what Ready passes are the operations that make the state of it
+    Advance,  // text: the seconds that are to pass for the module
+    Refused,  // text: why what was asked makes no sense
 };
 
 struct Message

@@ -10,6 +10,7 @@
 #include "emulator/supervisor/failure.h"
 #include "emulator/supervisor/readiness.h"
 #include "emulator/supervisor/world.h"
+#include "emulator/supervisor/world_command.h"
 
 #include <CLI/CLI.hpp>
 #include <array>
@@ -302,6 +303,7 @@ int main(int argc, char** argv)
         app.add_subcommand("join", "Run a program in a world: join NAME -- PROGRAM [ARGS...]");
     CLI::App* const list_command = app.add_subcommand("list", "List the worlds that have names");
     CLI::App* const stop_command = app.add_subcommand("stop", "End a world");
+    const emulator::WorldCommand world_command(app);
     CLI::App* const check_command = app.add_subcommand("check", "Say whether this machine can run the emulator");
 
     add_options_of_world(*run_command, asked);
@@ -329,6 +331,8 @@ int main(int argc, char** argv)
             return list();
         if (stop_command->parsed())
             return stop(*asked.world);
+        if (world_command.is_asked_for())
+            return world_command.run();
         if (serve_command->parsed())
             return serve(asked);
         if (*program == nullptr)

@@ -2,6 +2,7 @@
 
 #include "emulator/supervisor/crew.h"
 #include "emulator/supervisor/signals.h"
+#include "emulator/supervisor/world_state.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -96,6 +97,10 @@ void Supervisor::hear(Visitor& visitor)
     visitor.has_left = !message;
     if (!message)
         return;
+    if (is_about_state(message->word)) {
+        answer_about_state(module_, *message, visitor.link);
+        return;
+    }
     switch (message->word) {
     case Word::Join:
         let_join(visitor.link);

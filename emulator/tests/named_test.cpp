@@ -1,6 +1,7 @@
 // Worlds with names, which are shared between shells.
 #include "emulator/tests/in_mode.h"
 
+#include <optional>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
@@ -105,6 +106,182 @@ TEST_P(Named, WorldsBeginWithAStateAndLeaveOne)
     std::ifstream file(state);
     EXPECT_THAT(std::string(std::istreambuf_iterator<char>(file), {}), MatchesRegex(".*logLevel.: 3,.*endpoints.*"));
     EXPECT_EQ(world.wait().status, 0);
+}
+
+// A world whose time passes when it is told to, and what is asked of its state.
+class NamedStates : public Named
+{
+protected:
+    void SetUp() override
+    {
+        Named::SetUp();
+        if (IsSkipped())
+            return;
+        world_.emplace(emulator({"serve", "--mode", GetParam(), "--world", "kept", "--clock", "manual"}));
+        wait_for("kept");
+    }
+    void TearDown() override
+    {
+        if (!world_)
+            return;
+        EXPECT_EQ(say({"stop", "kept"}).status, 0);
+        EXPECT_EQ(world_->wait().status, 0);
+    }
+
+    Ended ask(const Words& verb) const
+    {
+        Words words {"world", "kept"};
+        words.insert(words.end(), verb.begin(), verb.end());
+        return say(words);
+    }
+    std::string get(const std::string& pointer = "") const { return ask({"get", pointer}).out; }
+
+    // A file with this content, which the next one replaces.
+    std::string file(const std::string& content) const
+    {
+        const std::string path = runtime_.path() / "document";
+        std::ofstream(path) << content;
+        return path;
+    }
+
+private:
+    std::optional<Process> world_;
+};
+INSTANTIATE_TEST_SUITE_P(Modes, NamedStates, modes, [](const auto& mode) { return mode.param; });
+
+TEST_P(NamedStates, AreReadAsAWholeAndInParts)
+{
+    EXPECT_EQ(get(), "{}\n");
+    EXPECT_EQ(join("kept", {DYNAMIC_CLIENT, "set", "9"}).status, 0);
+    EXPECT_EQ(get("/logLevel"), "9\n");
+    EXPECT_THAT(get(), StartsWith("{\n  \"logLevel\": 9,\n"));
+    for (const char* pointer : {"/txDispQueueSize", "logLevel", "/~2"}) {
+        const Ended ended = ask({"get", pointer});
+        EXPECT_EQ(ended.status, 1);
+        EXPECT_EQ(ended.out, "");
+        EXPECT_EQ(ended.err, std::string("lumozeph-emulator: there is nothing at '") + pointer + "'\n");
+    }
+}
+
+TEST_P(NamedStates, AreChangedWhileProgramsGoOn)
+{
+    EXPECT_EQ(ask({"merge", file("{\"logLevel\": 7, \"instances\": {\"blue\": {\"value1\": 1}}}")}).status, 0);
+    EXPECT_EQ(join("kept", {DYNAMIC_CLIENT, "get"}).out, "7\n");
+    EXPECT_EQ(ask({"merge", file("{\"instances\": {\"blue\": {\"value2\": 2}}}")}).status, 0);
+    EXPECT_EQ(get("/instances/blue/value1"), "1\n");
+    EXPECT_EQ(get("/instances/blue/value2"), "2\n");
+    EXPECT_EQ(ask({"patch", file("[{\"op\": \"remove\", \"path\": \"/instances/blue\"},"
+                                 " {\"op\": \"replace\", \"path\": \"/logLevel\", \"value\": 8}]")})
+                  .status,
+        0);
+    EXPECT_EQ(join("kept", {DYNAMIC_CLIENT, "get"}).out, "8\n");
+    EXPECT_EQ(ask({"get", "/instances/blue"}).status, 1);
+    EXPECT_EQ(ask({"load", file("{\"logLevel\": 2}")}).status, 0);
+    EXPECT_EQ(get(), "{\n  \"logLevel\": 2\n}\n");
+    EXPECT_EQ(ask({"reset"}).status, 0);
+    EXPECT_EQ(join("kept", {DYNAMIC_CLIENT, "get"}).out, "4\n");
+}
+
+TEST_P(NamedStates, StayAsTheyAreIfAChangeMakesNoSense)
+{
+    EXPECT_EQ(ask({"load", file("{\"logLevel\": 3}")}).status, 0);
+    const std::string before = get();
+    struct Change
+    {
+        const char* verb;
+        const char* document;
+        const char* mistake;
+    };
+    for (const auto& [verb, document, mistake] : {
+             Change {"load", "{\n  \"loglevel\": 1}", ":2:3: expected one of logLevel"},
+             {"load", "{\"logLevel\": 1", ":1:15: expected"},
+             {"load",
+                 "{\"logLevel\": 1, \"instances\": {\"a\": {\"routes\": {\"10.0.0.0/8\": {\"nextHops\": {\"::\": "
+                 "{}}}}}}}",
+                 ":1:76: expected an IPv4 address"},
+             {"merge", "{\"logLevel\": 5,\n \"bridges\": 1}", ":2:13: expected"},
+             {"patch", "{}", ":1:1: expected an array of operations"},
+             {"patch",
+                 "[{\"op\": \"replace\", \"path\": \"/logLevel\", \"value\": 5},\n"
+                 " {\"op\": \"test\", \"path\": \"/logLevel\", \"value\": 6}]",
+                 ":2:"},
+             {"diff", "{\"bridges\": 1}", ":1:13: expected"},
+         }) {
+        const std::string path = file(document);
+        const Ended ended = ask({verb, path});
+        EXPECT_EQ(ended.status, 2) << document;
+        EXPECT_THAT(ended.err, StartsWith("lumozeph-emulator: " + path + mistake));
+        EXPECT_EQ(ended.out, "");
+        EXPECT_EQ(get(), before);
+    }
+    EXPECT_EQ(ask({"load", "/no/such/file"}).status, 125);
+    EXPECT_EQ(ask({"save", "/no/such/file"}).status, 125);
+    EXPECT_EQ(get(), before);
+}
+
+TEST_P(NamedStates, DifferByAPatchThatMakesOneOfTheOther)
+{
+    const std::string one =
+        "{\"logLevel\": 3, \"instances\": {\"a/b\": {\"lifs\": {\"lif{1..3}\": {\"enabled\": true}}}}}";
+    EXPECT_EQ(ask({"load", file(one)}).status, 0);
+    const Ended same = ask({"diff", file(one)});
+    EXPECT_EQ(same.status, 0) << same.out;
+    EXPECT_EQ(same.out, "[]\n");
+
+    const std::string another =
+        "{\"bridges\": {\"br0\": {}}, \"instances\": {\"a/b\": {\"lifs\": {\"lif{2..9}\": {}}}}}";
+    const Ended difference = ask({"diff", file(another)});
+    EXPECT_EQ(difference.status, 1);
+    const std::string goal = get();
+    EXPECT_EQ(ask({"load", file(another)}).status, 0);
+    EXPECT_NE(get(), goal);
+    EXPECT_EQ(ask({"patch", file(difference.out)}).status, 0);
+    EXPECT_EQ(ask({"diff", file(goal)}).out, "[]\n");
+}
+
+TEST_P(NamedStates, MayBeLarge)
+{
+    const std::string large = "{\"instances\": {\"large\": {\"lifs\": {\"lif{1..9999}\": {}}}}}";
+    EXPECT_EQ(ask({"load", file(large)}).status, 0);
+    const std::string saved = runtime_.path() / "saved";
+    EXPECT_EQ(ask({"save", saved}).status, 0);
+    EXPECT_GT(std::filesystem::file_size(saved), 100000U);
+    const Words validate {"/usr/bin/python3", "-c",
+        "import json, jsonschema, sys; jsonschema.validate(*(json.load(open(one)) for one in sys.argv[1:]))", saved,
+        STATE_SCHEMA};
+    EXPECT_EQ(Process(validate).wait().err, "");
+    EXPECT_EQ(ask({"load", saved}).status, 0);
+    EXPECT_EQ(ask({"diff", saved}).status, 0);
+}
+
+TEST_P(NamedStates, MoveOnWhenTimePasses)
+{
+    const std::string counting = "{\"statistics\": {\"0\": {\"value\": 1, \"rate\": 10}}}";
+    EXPECT_EQ(ask({"load", file(counting)}).status, 0);
+    EXPECT_EQ(ask({"advance", "2.5"}).status, 0);
+    EXPECT_EQ(get("/statistics/0/value"), "26\n");
+    for (const char* seconds : {"soon", "1e3", "2,5", "3155760001"}) {
+        const Ended ended = ask({"advance", seconds});
+        EXPECT_EQ(ended.status, 2) << seconds;
+        EXPECT_EQ(
+            ended.err, std::string("lumozeph-emulator: '") + seconds + "' is no number of seconds, up to a century\n");
+    }
+    EXPECT_EQ(get("/statistics/0/value"), "26\n");
+}
+
+TEST_P(NamedStates, CanBeAskedForInTheWorld)
+{
+    const Ended ended =
+        join("kept", {"/bin/sh", "-c", DYNAMIC_CLIENT " set 6 && " EMULATOR " world $LUMOZEPH_WORLD get /logLevel"});
+    EXPECT_EQ(ended.out, "set ok\n6\n") << ended.err;
+}
+
+TEST_P(NamedStates, AreThoseOfWorldsThatAreThere)
+{
+    for (const Words& words : {Words {"world"}, {"world", "kept"}, {"world", "kept", "get", "/a", "/b"},
+             {"world", "none", "get"}, {"world", "a/b", "get"}})
+        EXPECT_EQ(say(words).status, 125);
+    EXPECT_EQ(say({"world", "none", "get"}).err, "lumozeph-emulator: there is no world 'none'\n");
 }
 
 TEST_P(Named, WorldsEndByASignal)
@@ -224,8 +401,9 @@ TEST_P(Named, WorldsBelongToTheirUserAlone)
     std::filesystem::permissions(runtime_.path(), std::filesystem::perms(0755));
     const Ended other = Process(emulator({"join", "private", "--", "/bin/true"}), User::Ordinary).wait();
     EXPECT_EQ(other.status, 125);
-    EXPECT_THAT(
-        other.err, MatchesRegex("lumozeph-emulator: .*/lumozeph-emulator is not a folder of this user alone\n"));
+    const auto refusal = MatchesRegex("lumozeph-emulator: .*/lumozeph-emulator is not a folder of this user alone\n");
+    EXPECT_THAT(other.err, refusal);
+    EXPECT_THAT(Process(emulator({"world", "private", "get"}), User::Ordinary).wait().err, refusal);
 }
 
 TEST_P(Named, WorldsAreNotMadeInFoldersThatOthersMayWrite)
