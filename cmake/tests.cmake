@@ -14,15 +14,19 @@ target_precompile_headers(lumozeph_test_headers PRIVATE <gmock/gmock.h> <gtest/g
 
 include(GoogleTest)
 
+# The environment of tests in which the library leaves something allocated, as it does on purpose.
+set(lumozeph_left_allocated
+  LSAN_OPTIONS=print_suppressions=0:suppressions=${PROJECT_SOURCE_DIR}/tests/end_to_end/left_allocated)
+
 # Every test in a process of its own; half of them in one where a process starts slowly, because it is instrumented or
-# emulated.
+# emulated. Further arguments are an environment for the sanitizers.
 function(lumozeph_add_tests program prefix timeout)
   target_precompile_headers(${program} REUSE_FROM lumozeph_test_headers)
   if(LUMOZEPH_INSTRUMENTED OR CMAKE_CROSSCOMPILING)
     foreach(half 0 1)
       add_test(NAME ${prefix}${program}.${half} COMMAND ${program} --gtest_brief=1)
       set_tests_properties(${prefix}${program}.${half} PROPERTIES
-        TIMEOUT 600 ENVIRONMENT "GTEST_TOTAL_SHARDS=2;GTEST_SHARD_INDEX=${half}")
+        TIMEOUT 600 ENVIRONMENT "GTEST_TOTAL_SHARDS=2;GTEST_SHARD_INDEX=${half};${ARGN}")
     endforeach()
   else()
     gtest_discover_tests(${program} TEST_PREFIX "${prefix}" PROPERTIES TIMEOUT ${timeout} DISCOVERY_TIMEOUT 60)

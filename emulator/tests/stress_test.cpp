@@ -94,7 +94,7 @@ TEST_P(Stress, CallsThatMakeNoSenseDoNoHarm)
     // What AddressSanitizer keeps aside is no growth.
     Words words = in_world({"/bin/sh", "-c",
         STRESS " garbage 100000; echo some; sleep 1; " STRESS " garbage 200000; echo all; sleep 1; exec " DYNAMIC_CLIENT
-               " ioctl 42"});
+               " ioctl 9"});
     words.insert(words.begin(), "ASAN_OPTIONS=quarantine_size_mb=1:thread_local_quarantine_size_kb=64");
     MarkedWorld world(words);
     world.process().wait_for_lines(1);
