@@ -17,7 +17,16 @@ File open_to_read(const std::string& file);
 Failure unreadable(const std::string& file);
 // All of it; - is standard input. Throws Failure.
 std::string contents_of(const std::string& file);
-// All at once: whoever reads the file meanwhile has what was there or what comes, and everybody may read it. Throws Failure.
-void replace_contents(const std::string& file, const std::string& contents);
+
+// Who may read and write a file that is replaced.
+enum class Access
+{
+    AsBefore, // who may the one that is there, or a new one
+    ReadByAll
+};
+
+// All at once: whoever reads the file meanwhile has what was there or what comes. What is no regular file is written to.
+// Throws Failure.
+void replace_contents(const std::string& file, const std::string& contents, Access access);
 
 } // namespace tool

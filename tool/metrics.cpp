@@ -301,7 +301,7 @@ void export_metrics(std::span<const std::string> targets, const MetricsTerms& te
 {
     const std::string text = exposed(Scrape(order).run(targets), terms.exposition);
     if (!terms.file.empty())
-        return replace_contents(terms.file, text);
+        return replace_contents(terms.file, text, Access::ReadByAll);
     output.write(text);
     output.flush();
 }
