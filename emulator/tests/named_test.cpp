@@ -396,7 +396,8 @@ TEST_P(Named, WorldsBelongToTheirUserAlone)
     EXPECT_EQ(found.st_uid, geteuid());
     ASSERT_EQ(stat((folder() / "private").c_str(), &found), 0);
     EXPECT_EQ(found.st_mode & 07777, 0600U);
-    if (geteuid() != 0)
+    // Another user may not be able to reach the program.
+    if (geteuid() != 0 || !refusal_of(GetParam(), User::Ordinary).empty())
         return;
     std::filesystem::permissions(runtime_.path(), std::filesystem::perms(0755));
     const Ended other = Process(emulator({"join", "private", "--", "/bin/true"}), User::Ordinary).wait();
