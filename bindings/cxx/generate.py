@@ -59,9 +59,8 @@ def fixed(c_type):
 class Argument:
     """A parameter of a C++ function, or a member of its aggregate; what C gets of it stands in c, by parameter."""
 
-    def __init__(self, name, kind, cxx_type, words, c, default=""):
+    def __init__(self, name, cxx_type, words, c, default=""):
         self.name = name
-        self.kind = kind
         self.type = cxx_type
         self.words = words
         self.c = c
@@ -108,19 +107,19 @@ class Operation(described.NamedOperation):
         if kind == "ipv4":
             mask = next((p for p in self.inputs if p.get("mask_of") == c_name), None)
             if mask is None:
-                return Argument(name, kind, "ipv4", words, {c_name: "{}.value()"})
+                return Argument(name, "ipv4", words, {c_name: "{}.value()"})
             merged.add(mask["name"])
             accessors = {c_name: "{}.address().value()", mask["name"]: "{}.mask().value()"}
-            return Argument(name, kind, "ipv4_prefix", f"{words}, and its mask", accessors)
+            return Argument(name, "ipv4_prefix", f"{words}, and its mask", accessors)
         if kind == "ipv4_mask":  # Of no parameter's address.
-            return Argument(name, kind, "ipv4_mask", words, {c_name: "{}.value()"})
+            return Argument(name, "ipv4_mask", words, {c_name: "{}.value()"})
         if kind == "switch":
             words = self.switch_words(parameter, "on", "off")
-            return Argument(name, kind, "switched", words, {c_name: f"static_cast<{fixed(base)}>({{}})"})
+            return Argument(name, "switched", words, {c_name: f"static_cast<{fixed(base)}>({{}})"})
         if kind == "mac":
             words = words.replace("6 bytes", "the MAC address")
             if null != "meaning":
-                return Argument(name, kind, "lumozeph::mac", words, {c_name: "{}.data()"})
+                return Argument(name, "lumozeph::mac", words, {c_name: "{}.data()"})
             condition = parameter["null"].get("if")
             if condition:
                 chooser = snake(condition["parameter"])
@@ -132,14 +131,13 @@ class Operation(described.NamedOperation):
                 )
                 words += f"; left out, if {chooser} is off: {parameter['null']['text']}"
             accessor = {c_name: "{0} ? {0}->data() : nullptr"}
-            return Argument(name, kind, "std::optional<lumozeph::mac>", words, accessor, "{}")
+            return Argument(name, "std::optional<lumozeph::mac>", words, accessor, "{}")
         if kind == "records":
             count = parameter["size"]["parameter"]
             merged.add(count)
             record = snake(base)
             return Argument(
                 name,
-                kind,
                 f"view<const {record}>",
                 self.words(self.parameter(count)),
                 {
@@ -156,30 +154,29 @@ class Operation(described.NamedOperation):
         if kind == "record":
             for count, room in self.counts_in(base):
                 self.guards.append((f"{{{name}}}.{count} > {room}", f"{name}.{count} is larger than {room}"))
-            return Argument(name, kind, f"const {snake(base)}&", words, {c_name: "&{}"})
+            return Argument(name, f"const {snake(base)}&", words, {c_name: "&{}"})
         if kind == "bytes":
             macro = parameter["size"]["macro"]
-            return Argument(name, kind, f"bytes_argument<{macro}>", words, {c_name: "{}.data()"})
+            return Argument(name, f"bytes_argument<{macro}>", words, {c_name: "{}.data()"})
         if kind == "dhcp_servers":
-            return Argument(name, kind, "char*", words, {c_name: "{}"}, "nullptr")
+            return Argument(name, "char*", words, {c_name: "{}"}, "nullptr")
         if parameter["type"]["pointers"] == 0:
-            return Argument(name, kind, fixed(base), words, {c_name: "{}"}, "0")
+            return Argument(name, fixed(base), words, {c_name: "{}"}, "0")
         # Null is an error for some calls, or means something: the text may be left out.
         reference = f"{kind}_argument"
         if null == "meaning" or "if" in parameter["null"]:
-            return Argument(name, kind, f"maybe<{reference}>", words, {c_name: "{}.c_str()"}, "{}")
-        return Argument(name, kind, reference, words, {c_name: "{}.c_str()"})
+            return Argument(name, f"maybe<{reference}>", words, {c_name: "{}.c_str()"}, "{}")
+        return Argument(name, reference, words, {c_name: "{}.c_str()"})
 
     def ipv6_argument(self, parameter, merged):
         name, words, second, length = self.ipv6_parts(parameter)
         merged.add(second["name"])
         if not length:
             accessors = {parameter["name"]: "{}.word1()", second["name"]: "{}.word2()"}
-            return Argument(snake(name), "ipv6", "ipv6", words, accessors)
+            return Argument(snake(name), "ipv6", words, accessors)
         merged.add(length["name"])
         return Argument(
             snake(name),
-            "ipv6",
             "ipv6_prefix",
             f"{words}, and its length {length['summary']}",
             {
