@@ -1,6 +1,7 @@
 #include "tool/layouts.h"
 
 #include <algorithm>
+#include <array>
 
 namespace tool {
 namespace {
@@ -36,19 +37,14 @@ constexpr Member route6[] {
     text("lif", 117, 64),
 };
 
-constexpr Member arp[] {
-    one("address", Form::Ipv4, "ipv4", 0, 4),
-    text("lif", 16, 64),
-    text("mac", 80, 18),
-    number("proxy", 98, 1),
-};
+// The same for both families, but for the address.
+constexpr std::array<Member, 4> neighbour_of(Member address)
+{
+    return {address, text("lif", 16, 64), text("mac", 80, 18), number("proxy", 98, 1)};
+}
 
-constexpr Member neighbour[] {
-    one("address", Form::Ipv6, "ipv6", 0, 16),
-    text("lif", 16, 64),
-    text("mac", 80, 18),
-    number("proxy", 98, 1),
-};
+constexpr auto arp = neighbour_of(one("address", Form::Ipv4, "ipv4", 0, 4));
+constexpr auto neighbour = neighbour_of(one("address", Form::Ipv6, "ipv6", 0, 16));
 
 constexpr Member pmac[] {
     one("mac", Form::Mac, "mac", 0, 6),
