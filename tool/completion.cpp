@@ -19,6 +19,7 @@ constexpr OwnVerb all_own_verbs[] {
     {"raw", "A command by its number"},
     {"watch", "What changes, as it changes"},
     {"metrics", "Statistics and numbers of objects for Prometheus"},
+    {"save", "The state as a whole, to a file"},
 };
 
 // The values that options take, where they are few.
@@ -89,6 +90,8 @@ private:
                     offer(std::string(value), "");
         if (option == "--fields" || option == "--filter")
             complete_field();
+        else if (option == "--instance")
+            offer_names(Verb {}, "instance", {}, "");
     }
 
     // Of several with commas between them, the last.

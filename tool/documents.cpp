@@ -2,6 +2,7 @@
 //
 // usage: lumozephctl_documents page TEMPLATE     the manual page: the template, with the verbs where @VERBS@ stands
 //        lumozephctl_documents schema            the JSON Schema of what it prints
+//        lumozephctl_documents state-schema      that of what it saves
 //        lumozephctl_documents verbs             the words of each verb, 4 or 6, its operation, sets or reads
 #include "tool/grammar.h"
 #include "tool/schema.h"
@@ -82,6 +83,8 @@ int main(int argc, char** argv)
         return print_page(argv[2]);
     if (what == "schema" && argc == 2)
         fmt::print("{}", schema());
+    else if (what == "state-schema" && argc == 2)
+        fmt::print("{}", state_schema());
     else if (what == "verbs" && argc == 2)
         list_verbs();
     else

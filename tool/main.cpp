@@ -15,6 +15,7 @@
 #include "tool/rates.h"
 #include "tool/raw.h"
 #include "tool/spelling.h"
+#include "tool/state/commands.h"
 #include "tool/watch.h"
 
 #include <CLI/CLI.hpp>
@@ -38,6 +39,7 @@ struct CommandLine
     Manner manner;
     RawCommand raw;
     MetricsTerms metrics;
+    StateOptions state;
     WatchTerms terms;
     std::string interval;
     std::string duration;
@@ -119,17 +121,20 @@ struct Formatter : CLI::Formatter
                "       lumozephctl [OPTIONS] batch FILE\n"
                "       lumozephctl [OPTIONS] raw NUMBER\n"
                "       lumozephctl [OPTIONS] watch OBJECT[=NAME]...\n"
-               "       lumozephctl [OPTIONS] metrics [TARGET...]\n";
+               "       lumozephctl [OPTIONS] metrics [TARGET...]\n"
+               "       lumozephctl [OPTIONS] save FILE\n";
     }
 };
 
 std::string help(const CommandLine& line, std::span<const std::string> words)
 {
+    if (!words.empty() && is_state_command(words.front()))
+        return help_of_state_commands();
     const auto own = own_verbs();
     const bool is_own =
         !words.empty() && std::ranges::find(own, words.front(), &OwnVerb::name) != own.end() && words.front() != "call";
     if (words.empty() || is_own)
-        return line.help_of_options + "\n" + help_of_objects();
+        return line.help_of_options + "\n" + help_of_state_commands() + "\n" + help_of_objects();
     if (words.front() != "call")
         return help_of_verbs(words);
     return words.size() == 1 ? help_of_functions() : help_of_function(function_named(words[1]));
@@ -156,6 +161,8 @@ void refuse_what_is_of_others(const CommandLine& line, std::string_view verb)
         throw Misuse("--interval belongs to watch and to --rates");
     if ((!line.raw.request_file.empty() || line.raw.reply_size > 0) && verb != "raw")
         throw Misuse("--request and --reply-size belong to raw");
+    if ((!line.state.instance.empty() || line.state.statistics) && verb != "save")
+        throw Misuse("--instance and --statistics belong to save");
 }
 
 WatchTerms terms_of(const CommandLine& line)
@@ -209,6 +216,20 @@ void run(const CommandLine& line, Output& output)
         carry_out(steps, line.manner, output);
 }
 
+bool is_about_state(const CommandLine& line)
+{
+    return !line.wants_help && !line.words.empty() && is_state_command(line.words.front());
+}
+
+int run_about_state(const CommandLine& line, Output& output)
+{
+    const std::string& verb = line.words.front();
+    refuse_what_is_of_others(line, verb);
+    if (line.dry_run || line.rates)
+        throw Misuse(fmt::format("{} takes neither --dry-run nor --rates", verb));
+    return run_state_command(line.words, line.state, line.manner, output);
+}
+
 void complain(const std::string& message)
 {
     // Where even that cannot be written, the exit status must do.
@@ -240,6 +261,8 @@ int run_safely(const CommandLine& line)
         if (line.timeout > 0)
             end_after(std::chrono::duration<double>(line.timeout),
                 complaint(line, fmt::format("no answer within {} seconds", line.timeout)));
+        if (is_about_state(line))
+            return run_about_state(line, output);
         run(line, output);
         return EXIT_SUCCESS;
     });
@@ -288,6 +311,8 @@ public:
         _app.add_flag("--openmetrics", _line.openmetrics, "metrics: in the format of OpenMetrics");
         _app.add_option("--request", _line.raw.request_file, "raw: the file that has the command's input");
         _app.add_option("--reply-size", _line.raw.reply_size, "raw: the room for its reply in bytes");
+        _app.add_option("--instance", _line.state.instance, "save: only this instance");
+        _app.add_flag("--statistics", _line.state.statistics, "save: with counters and states of sessions");
     }
 
     // Throws CLI::ParseError.

@@ -4,6 +4,9 @@
 #include "tool/grammar.h"
 #include "tool/layouts.h"
 #include "tool/records.h"
+#include "tool/state/reading.h"
+#include "tool/state/shape.h"
+#include "tool/state/texts.h"
 
 #include <algorithm>
 #include <fmt/format.h>
@@ -173,7 +176,47 @@ json rates()
     return {{"type", "object"}, {"additionalProperties", one_or_more}};
 }
 
+// Lists of records are written as texts.
+json property(const Member& member)
+{
+    const bool is_list = member.form == Form::Records || member.length > 0;
+    json found = member.form == Form::Records ? json {{"type", "string"}} : element(member);
+    return is_list ? json {{"type", "array"}, {"items", found}} : found;
+}
+
+// The state is six levels deep.
+// NOLINTNEXTLINE(misc-no-recursion)
+json object_of(const Level& level, const Level* outer)
+{
+    json properties = json::object();
+    for (const Field& field : level.fields)
+        if (!is_in_key(level, field.name))
+            properties[std::string(field.name)] = property(member_of(level, outer, field));
+    for (const Level* const inner : level.levels) {
+        json one = object_of(*inner, inner->embedded.empty() ? nullptr : &level);
+        if (!inner->key.empty())
+            one = {{"type", "object"}, {"description", fmt::format("{}, by \"{}\"", inner->brief, inner->key)},
+                {"additionalProperties", one}};
+        else
+            one["description"] = inner->brief;
+        properties[std::string(inner->name)] = one;
+    }
+    return {{"type", "object"}, {"properties", properties}, {"additionalProperties", false}};
+}
+
 } // namespace
+
+std::string state_schema()
+{
+    json document {{"$schema", "https://json-schema.org/draft/2020-12/schema"},
+        {"title", "The state of a host's router and bridge, as lumozephctl saves and applies it"}};
+    const json whole = object_of(whole_state(), nullptr);
+    document.update(whole);
+    document["properties"]["format"] = {{"const", json::parse(document_format)}};
+    document["properties"]["instance"] = {{"type", "string"}, {"description", "the only one that it speaks of"}};
+    document["required"] = {"format"};
+    return document.dump(1) + "\n";
+}
 
 std::string schema()
 {

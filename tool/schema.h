@@ -7,5 +7,7 @@ namespace tool {
 
 // Definitions of all records, and of the answer of each operation under its name.
 std::string schema();
+// That of documents of the whole state.
+std::string state_schema();
 
 } // namespace tool

@@ -1,6 +1,6 @@
 """Validates the JSON of sessions against the schema of what the tool prints.
 
-usage: validate.py SCHEMA LUMOZEPHCTL_DOCUMENTS SESSION...
+usage: validate.py SCHEMA STATE_SCHEMA LUMOZEPHCTL_DOCUMENTS SESSION...
 """
 
 import json
@@ -13,6 +13,8 @@ import jsonschema
 # 426,080 bytes that no session shows.
 TOO_LONG = {"DumpFLTable"}
 
+ABOUT_THE_STATE = {"save"}
+
 
 def operation_of(words, verbs):
     """The operation that the words of a command line mean."""
@@ -23,8 +25,8 @@ def operation_of(words, verbs):
     if "--rates" in words:
         return "rates"
     words = [word for word in words[1:] if not word.startswith("-")]
-    if words[0] == "batch":
-        return "batch"
+    if words[0] == "batch" or words[0] in ABOUT_THE_STATE:
+        return words[0]
     if is_dry:
         return "request"
     if words[0] == "call":
@@ -46,24 +48,28 @@ def answers_in(session, verbs):
     for command in commands:
         line, _, printed = command.partition("\n")
         words = shlex.split(line)
+        is_json = {"-j", "--json", "--json-pretty"} & set(words) or words[1:3] == ["save", "-"]
         if "complete" in words:
             continue
         if words[-2:] == ["cat", "events.jsonl"]:
             words = ["cat", "events.jsonl", "-j"]
-        elif words[0] != "lumozephctl" or {">", "|"} & set(words) or not {"-j", "--json", "--json-pretty"} & set(words):
+        elif words[0] != "lumozephctl" or {">", "|"} & set(words) or not is_json:
             continue
         printed, failed, _ = printed.partition("[1]\n") if "[1]\n" in printed else printed.partition("[2]\n")
         operation = operation_of(words, verbs)
-        for document in [printed] if "--json-pretty" in words else printed.splitlines():
+        is_one = "--json-pretty" in words or operation == "save"
+        for document in [printed] if is_one else printed.splitlines():
             answer = json.loads(document)
             is_error = "error" in answer if operation == "batch" else failed
             yield line, "error" if is_error else operation, answer
 
 
 def main():
-    schema_path, documents, *sessions = sys.argv[1:]
+    schema_path, state_schema_path, documents, *sessions = sys.argv[1:]
     with open(schema_path, encoding="utf-8") as file:
         schema = json.load(file)
+    with open(state_schema_path, encoding="utf-8") as file:
+        schema["$defs"]["save"] = json.load(file)
     jsonschema.Draft202012Validator.check_schema(schema)
     listed = subprocess.run([documents, "verbs"], stdout=subprocess.PIPE, check=True, text=True).stdout
     verbs = [line.split("\t") for line in listed.splitlines()]
