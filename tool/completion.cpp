@@ -20,6 +20,7 @@ constexpr OwnVerb all_own_verbs[] {
     {"watch", "What changes, as it changes"},
     {"metrics", "Statistics and numbers of objects for Prometheus"},
     {"save", "The state as a whole, to a file"},
+    {"diff", "How the state differs from a file"},
 };
 
 // The values that options take, where they are few.

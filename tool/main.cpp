@@ -122,7 +122,7 @@ struct Formatter : CLI::Formatter
                "       lumozephctl [OPTIONS] raw NUMBER\n"
                "       lumozephctl [OPTIONS] watch OBJECT[=NAME]...\n"
                "       lumozephctl [OPTIONS] metrics [TARGET...]\n"
-               "       lumozephctl [OPTIONS] save FILE\n";
+               "       lumozephctl [OPTIONS] save|diff FILE\n";
     }
 };
 

@@ -176,6 +176,15 @@ json rates()
     return {{"type", "object"}, {"additionalProperties", one_or_more}};
 }
 
+// A JSON patch.
+json patch()
+{
+    const json step {{"type", "object"},
+        {"properties", {{"op", {{"enum", {"add", "remove", "replace"}}}}, {"path", text()}, {"value", json::object()}}},
+        {"required", {"op", "path"}}, {"additionalProperties", false}};
+    return array_of(step, 0);
+}
+
 // Lists of records are written as texts.
 json property(const Member& member)
 {
@@ -236,6 +245,7 @@ std::string schema()
     definitions["rates"] = rates();
     definitions["request"] = request();
     definitions["raw"] = all_of({{"reply", hexadecimal()}}, {"reply"});
+    definitions["diff"] = patch();
     const json document {{"$schema", "https://json-schema.org/draft/2020-12/schema"},
         {"title", "What lumozephctl prints as JSON, by the operation that it carries out"}, {"$defs", definitions}};
     return document.dump(1) + "\n";

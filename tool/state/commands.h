@@ -1,4 +1,4 @@
-// The commands for the state as a whole: save.
+// The commands for the state as a whole: save and diff.
 #pragma once
 
 #include "tool/output.h"

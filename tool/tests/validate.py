@@ -13,7 +13,7 @@ import jsonschema
 # 426,080 bytes that no session shows.
 TOO_LONG = {"DumpFLTable"}
 
-ABOUT_THE_STATE = {"save"}
+ABOUT_THE_STATE = {"save", "diff"}
 
 
 def operation_of(words, verbs):
@@ -60,7 +60,8 @@ def answers_in(session, verbs):
         is_one = "--json-pretty" in words or operation == "save"
         for document in [printed] if is_one else printed.splitlines():
             answer = json.loads(document)
-            is_error = "error" in answer if operation == "batch" else failed
+            # A difference is no error.
+            is_error = "error" in answer if operation == "batch" or operation in ABOUT_THE_STATE else failed
             yield line, "error" if is_error else operation, answer
 
 
