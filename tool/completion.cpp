@@ -21,6 +21,7 @@ constexpr OwnVerb all_own_verbs[] {
     {"metrics", "Statistics and numbers of objects for Prometheus"},
     {"save", "The state as a whole, to a file"},
     {"diff", "How the state differs from a file"},
+    {"apply", "Makes the state what a file says"},
 };
 
 // The values that options take, where they are few.

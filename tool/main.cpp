@@ -122,7 +122,7 @@ struct Formatter : CLI::Formatter
                "       lumozephctl [OPTIONS] raw NUMBER\n"
                "       lumozephctl [OPTIONS] watch OBJECT[=NAME]...\n"
                "       lumozephctl [OPTIONS] metrics [TARGET...]\n"
-               "       lumozephctl [OPTIONS] save|diff FILE\n";
+               "       lumozephctl [OPTIONS] save|diff|apply FILE\n";
     }
 };
 
@@ -163,6 +163,8 @@ void refuse_what_is_of_others(const CommandLine& line, std::string_view verb)
         throw Misuse("--request and --reply-size belong to raw");
     if ((!line.state.instance.empty() || line.state.statistics) && verb != "save")
         throw Misuse("--instance and --statistics belong to save");
+    if ((line.state.yes || line.state.rollback) && verb != "apply")
+        throw Misuse("--yes and --rollback belong to apply");
 }
 
 WatchTerms terms_of(const CommandLine& line)
@@ -225,9 +227,11 @@ int run_about_state(const CommandLine& line, Output& output)
 {
     const std::string& verb = line.words.front();
     refuse_what_is_of_others(line, verb);
-    if (line.dry_run || line.rates)
-        throw Misuse(fmt::format("{} takes neither --dry-run nor --rates", verb));
-    return run_state_command(line.words, line.state, line.manner, output);
+    if (line.rates || (line.dry_run && verb != "apply"))
+        throw Misuse(fmt::format("{} takes no {}", verb, line.rates ? "--rates" : "--dry-run"));
+    StateOptions options = line.state;
+    options.dry_run = line.dry_run;
+    return run_state_command(line.words, options, line.manner, output);
 }
 
 void complain(const std::string& message)
@@ -313,6 +317,8 @@ public:
         _app.add_option("--reply-size", _line.raw.reply_size, "raw: the room for its reply in bytes");
         _app.add_option("--instance", _line.state.instance, "save: only this instance");
         _app.add_flag("--statistics", _line.state.statistics, "save: with counters and states of sessions");
+        _app.add_flag("--yes", _line.state.yes, "apply: without asking");
+        _app.add_flag("--rollback", _line.state.rollback, "apply: undo it if it fails");
     }
 
     // Throws CLI::ParseError.

@@ -185,6 +185,15 @@ json patch()
     return array_of(step, 0);
 }
 
+json outcome()
+{
+    const json texts = array_of({{"type", "string"}}, 0);
+    return {{"type", "object"},
+        {"properties", {{"commands", texts}, {"done", texts}, {"notDone", texts}, {"notRolledBack", texts},
+                           {"notSettable", texts}, {"losses", texts}}},
+        {"additionalProperties", false}};
+}
+
 // Lists of records are written as texts.
 json property(const Member& member)
 {
@@ -246,6 +255,7 @@ std::string schema()
     definitions["request"] = request();
     definitions["raw"] = all_of({{"reply", hexadecimal()}}, {"reply"});
     definitions["diff"] = patch();
+    definitions["apply"] = outcome();
     const json document {{"$schema", "https://json-schema.org/draft/2020-12/schema"},
         {"title", "What lumozephctl prints as JSON, by the operation that it carries out"}, {"$defs", definitions}};
     return document.dump(1) + "\n";

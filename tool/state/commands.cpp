@@ -3,12 +3,17 @@
 #include "tool/failures.h"
 #include "tool/files.h"
 #include "tool/mistakes.h"
+#include "tool/state/applying.h"
 #include "tool/state/checking.h"
 #include "tool/state/difference.h"
+#include "tool/state/plan.h"
 #include "tool/state/reading.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
+#include <iostream>
+#include <unistd.h>
 
 namespace tool {
 namespace {
@@ -87,18 +92,170 @@ int diff(std::span<const std::string> words, const Manner& manner, Output& outpu
     return found.empty() ? same : different;
 }
 
+Value list_of(const std::vector<Path>& paths)
+{
+    Value list = Value::list();
+    for (const Path& path : paths)
+        list.elements.push_back(Value::string(pointer_to(path)));
+    return list;
+}
+
+Value list_of(const std::vector<Call>& calls)
+{
+    Value list = Value::list();
+    for (const Call& call : calls)
+        list.elements.push_back(Value::string(command_of(call)));
+    return list;
+}
+
+Value list_of(const std::vector<std::string>& texts)
+{
+    Value list = Value::list();
+    for (const std::string& text : texts)
+        list.elements.push_back(Value::string(text));
+    return list;
+}
+
+void write_commands(Output& output, std::string_view before, const std::vector<Call>& calls)
+{
+    for (const Call& call : calls)
+        output.format("{}{}\n", before, command_of(call));
+}
+
+void write_paths(Output& output, std::string_view before, const std::vector<Path>& paths)
+{
+    for (const Path& path : paths)
+        output.format("{}{}\n", before, text_of(path));
+}
+
+bool begins_with(const Path& path, const Path& beginning)
+{
+    return path.size() >= beginning.size() && std::equal(beginning.begin(), beginning.end(), path.begin());
+}
+
+void show_plan(Output& output, const Plan& plan, const Value& state, const Value& document)
+{
+    const Value part = part_spoken_of(state, document);
+    std::vector<Difference> found = differences(part, document);
+    std::erase_if(found, [&](const Difference& one) {
+        return std::ranges::any_of(plan.not_settable, [&](const Path& path) { return begins_with(one.path, path); });
+    });
+    output.write(text_of(found));
+    write_paths(output, "cannot be set: ", plan.not_settable);
+    for (const std::string& loss : plan.losses)
+        output.format("{}\n", loss);
+    output.flush();
+}
+
+void show_dry(Output& output, const Plan& plan, const Manner& manner)
+{
+    if (manner.style == Style::Text) {
+        write_commands(output, "", plan.calls);
+        write_paths(output, "# cannot be set: ", plan.not_settable);
+        for (const std::string& loss : plan.losses)
+            output.format("# {}\n", loss);
+    } else {
+        Value answer = Value::object();
+        answer.members["commands"] = list_of(plan.calls);
+        answer.members["notSettable"] = list_of(plan.not_settable);
+        answer.members["losses"] = list_of(plan.losses);
+        output.write(print_document(answer, spacing_of(manner)));
+    }
+    output.flush();
+}
+
+std::string count_of(std::size_t calls)
+{
+    return fmt::format("{} call{}", calls, calls == 1 ? "" : "s");
+}
+
+bool is_agreed_to(Output& output, std::size_t calls)
+{
+    output.format("{}: carry {} out? [y/N] ", count_of(calls), calls == 1 ? "it" : "them");
+    output.flush();
+    std::string answer;
+    std::getline(std::cin, answer);
+    return answer == "y" || answer == "yes";
+}
+
+// Says what could not be done, and what of it is left.
+[[noreturn]] void end_in_failure(
+    Output& output, const Outcome& outcome, const std::vector<Path>* left, const Manner& manner)
+{
+    if (manner.style == Style::Text) {
+        output.format("{} done\n", count_of(outcome.done.size()));
+        write_commands(output, "not done: ", outcome.not_done);
+        if (left && left->empty())
+            output.write("rolled back\n");
+        else if (left)
+            write_paths(output, "not rolled back: ", *left);
+    } else {
+        Value answer = Value::object();
+        answer.members["done"] = list_of(outcome.done);
+        answer.members["notDone"] = list_of(outcome.not_done);
+        if (left)
+            answer.members["notRolledBack"] = list_of(*left);
+        output.write(print_document(answer, spacing_of(manner)));
+    }
+    output.flush();
+    throw Failure(*outcome.why_not);
+}
+
+void end_in_success(Output& output, const Outcome& outcome, const Manner& manner)
+{
+    if (manner.style == Style::Text) {
+        output.write(outcome.done.empty() ? "nothing to do\n" : count_of(outcome.done.size()) + " done\n");
+        write_paths(output, "cannot be set: ", outcome.not_settable);
+    } else {
+        Value answer = Value::object();
+        answer.members["done"] = list_of(outcome.done);
+        answer.members["notSettable"] = list_of(outcome.not_settable);
+        output.write(print_document(answer, spacing_of(manner)));
+    }
+    output.flush();
+}
+
+int apply(std::span<const std::string> words, const StateOptions& options, const Manner& manner, Output& output)
+{
+    demand_words(words, 1, 1, "FILE");
+    const Value document = without_statistics(load_state(words[1]));
+    HostModule module(manner.order);
+    const Value before = module.read({scope_of(document).instance, Statistics::LeftOut});
+    const Plan plan = plan_of(before, document, manner.order);
+    if (options.dry_run) {
+        show_dry(output, plan, manner);
+        return EXIT_SUCCESS;
+    }
+    if (!plan.calls.empty() && !options.yes && (manner.style != Style::Text || isatty(STDIN_FILENO) == 0))
+        throw Misuse("apply asks before it changes anything, and nobody is there to answer: --yes does it in advance");
+    if (!plan.calls.empty() && manner.style == Style::Text)
+        show_plan(output, plan, before, document);
+    if (!plan.calls.empty() && !options.yes && !is_agreed_to(output, plan.calls.size()))
+        throw Failure("nothing was done", "", 0, "");
+    const Outcome outcome = carry_out(module, plan, document, manner.order);
+    if (!outcome.why_not) {
+        end_in_success(output, outcome, manner);
+        return EXIT_SUCCESS;
+    }
+    if (!options.rollback)
+        end_in_failure(output, outcome, nullptr, manner);
+    const std::vector<Path> left = roll_back(module, before, manner.order);
+    end_in_failure(output, outcome, &left, manner);
+}
+
 } // namespace
 
 bool is_state_command(std::string_view word)
 {
-    return word == "save" || word == "diff";
+    return word == "save" || word == "diff" || word == "apply";
 }
 
 std::string help_of_state_commands()
 {
     return "The state as a whole:\n"
            "  save FILE                   writes it to a file, - for standard output: --instance, --statistics\n"
-           "  diff FILE [FILE]            how it, or another file, differs from a file\n";
+           "  diff FILE [FILE]            how it, or another file, differs from a file\n"
+           "  apply FILE                  makes it what a file says: --yes, --dry-run, --rollback\n";
 }
 
 int run_state_command(
@@ -106,6 +263,8 @@ int run_state_command(
 {
     if (words.front() == "save")
         return save(words, options, manner, output);
+    if (words.front() == "apply")
+        return apply(words, options, manner, output);
     return diff(words, manner, output);
 }
 

@@ -1,4 +1,4 @@
-// The commands for the state as a whole: save and diff.
+// The commands for the state as a whole: save, diff and apply.
 #pragma once
 
 #include "tool/output.h"
@@ -14,6 +14,9 @@ struct StateOptions
 {
     std::string instance;
     bool statistics = false;
+    bool yes = false;
+    bool dry_run = false;
+    bool rollback = false;
 };
 
 bool is_state_command(std::string_view word);

@@ -59,6 +59,25 @@ Value part_of_object(const Level& level, const Value& state, const Value& docume
     return part;
 }
 
+void take_statistics(const Level& level, Value& object)
+{
+    for (const Field& field : level.fields)
+        if (field.part == Part::Statistic)
+            object.members.erase(std::string(field.name));
+    for (const Level* const inner : level.levels) {
+        const auto member = object.members.find(std::string(inner->name));
+        if (member == object.members.end())
+            continue;
+        if (inner->part == Part::Statistic)
+            object.members.erase(member);
+        else if (inner->key.empty())
+            take_statistics(*inner, member->second);
+        else
+            for (auto& [key, one] : member->second.members)
+                take_statistics(*inner, one);
+    }
+}
+
 std::string shown(const Value& value)
 {
     if (value.kind == Value::Kind::Text)
@@ -127,6 +146,13 @@ std::vector<Difference> differences(const Value& from, const Value& to)
 Value part_spoken_of(const Value& state, const Value& document)
 {
     return part_of_object(whole_state(), state, document);
+}
+
+Value without_statistics(const Value& document)
+{
+    Value settings = document;
+    take_statistics(whole_state(), settings);
+    return settings;
 }
 
 std::string text_of(const Path& path)

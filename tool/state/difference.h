@@ -25,6 +25,9 @@ std::vector<Difference> differences(const Value& from, const Value& to);
 // members that it has.
 Value part_spoken_of(const Value& state, const Value& document);
 
+// The document without what changes by itself.
+Value without_statistics(const Value& document);
+
 // As a person reads them: -, + and ~ are what is taken away, added and changed.
 std::string text_of(const std::vector<Difference>& differences);
 std::string text_of(const Path& path);

@@ -13,7 +13,7 @@ import jsonschema
 # 426,080 bytes that no session shows.
 TOO_LONG = {"DumpFLTable"}
 
-ABOUT_THE_STATE = {"save", "diff"}
+ABOUT_THE_STATE = {"save", "diff", "apply"}
 
 
 def operation_of(words, verbs):
@@ -60,7 +60,7 @@ def answers_in(session, verbs):
         is_one = "--json-pretty" in words or operation == "save"
         for document in [printed] if is_one else printed.splitlines():
             answer = json.loads(document)
-            # A difference is no error.
+            # A difference is no error, and what was done before one is an answer, too.
             is_error = "error" in answer if operation == "batch" or operation in ABOUT_THE_STATE else failed
             yield line, "error" if is_error else operation, answer
 
