@@ -22,6 +22,7 @@ constexpr OwnVerb all_own_verbs[] {
     {"save", "The state as a whole, to a file"},
     {"diff", "How the state differs from a file"},
     {"apply", "Makes the state what a file says"},
+    {"graph", "Draws the state, or that of an instance"},
 };
 
 // The values that options take, where they are few.
@@ -65,6 +66,8 @@ public:
             complete_call();
         else if (_words.front() == "watch")
             complete_watch();
+        else if (_words.front() == "graph" && _words.size() == 1)
+            offer_names(Verb {}, "instance", {}, "");
         else if (std::ranges::find(all_own_verbs, _words.front(), &OwnVerb::name) == std::end(all_own_verbs))
             complete_verb();
         return std::move(_candidates);

@@ -122,7 +122,8 @@ struct Formatter : CLI::Formatter
                "       lumozephctl [OPTIONS] raw NUMBER\n"
                "       lumozephctl [OPTIONS] watch OBJECT[=NAME]...\n"
                "       lumozephctl [OPTIONS] metrics [TARGET...]\n"
-               "       lumozephctl [OPTIONS] save|diff|apply FILE\n";
+               "       lumozephctl [OPTIONS] save|diff|apply FILE\n"
+               "       lumozephctl [OPTIONS] graph [INSTANCE]\n";
     }
 };
 
@@ -165,6 +166,8 @@ void refuse_what_is_of_others(const CommandLine& line, std::string_view verb)
         throw Misuse("--instance and --statistics belong to save");
     if ((line.state.yes || line.state.rollback) && verb != "apply")
         throw Misuse("--yes and --rollback belong to apply");
+    if (line.state.svg && verb != "graph")
+        throw Misuse("--svg belongs to graph");
 }
 
 WatchTerms terms_of(const CommandLine& line)
@@ -319,6 +322,7 @@ public:
         _app.add_flag("--statistics", _line.state.statistics, "save: with counters and states of sessions");
         _app.add_flag("--yes", _line.state.yes, "apply: without asking");
         _app.add_flag("--rollback", _line.state.rollback, "apply: undo it if it fails");
+        _app.add_flag("--svg", _line.state.svg, "graph: as SVG, which dot draws");
     }
 
     // Throws CLI::ParseError.

@@ -6,6 +6,7 @@
 #include "tool/state/applying.h"
 #include "tool/state/checking.h"
 #include "tool/state/difference.h"
+#include "tool/state/graph.h"
 #include "tool/state/plan.h"
 #include "tool/state/reading.h"
 
@@ -35,13 +36,18 @@ Spacing spacing_of(const Manner& manner)
     return manner.style == Style::Json ? Spacing::OneLine : Spacing::Indented;
 }
 
+void refuse_missing(const Value& state, const Scope& scope, const std::string& attempt)
+{
+    if (!scope.instance.empty() && state.find("instances")->members.empty())
+        throw failure(attempt, "GetInstances", ENOENT);
+}
+
 int save(std::span<const std::string> words, const StateOptions& options, const Manner& manner, Output& output)
 {
     demand_words(words, 1, 1, "FILE");
     const Scope scope {options.instance, options.statistics ? Statistics::Included : Statistics::LeftOut};
     const Value state = read_state(scope, manner.order);
-    if (!scope.instance.empty() && state.find("instances")->members.empty())
-        throw failure(fmt::format("save --instance {}", scope.instance), "GetInstances", ENOENT);
+    refuse_missing(state, scope, "save --instance " + scope.instance);
     const std::string text = print_document(state, spacing_of(manner));
     if (words[1] != "-") {
         replace_contents(words[1], text, Access::AsBefore);
@@ -243,11 +249,27 @@ int apply(std::span<const std::string> words, const StateOptions& options, const
     end_in_failure(output, outcome, &left, manner);
 }
 
+int graph(std::span<const std::string> words, const StateOptions& options, const Manner& manner, Output& output)
+{
+    demand_words(words, 0, 1, "[INSTANCE]");
+    const Scope scope {words.size() > 1 ? words[1] : "", Statistics::Included};
+    const Value state = read_state(scope, manner.order);
+    refuse_missing(state, scope, "graph " + scope.instance);
+    const std::string text = graph_of(state);
+    if (options.svg) {
+        draw(text);
+        return EXIT_SUCCESS;
+    }
+    output.write(text);
+    output.flush();
+    return EXIT_SUCCESS;
+}
+
 } // namespace
 
 bool is_state_command(std::string_view word)
 {
-    return word == "save" || word == "diff" || word == "apply";
+    return word == "save" || word == "diff" || word == "apply" || word == "graph";
 }
 
 std::string help_of_state_commands()
@@ -255,7 +277,8 @@ std::string help_of_state_commands()
     return "The state as a whole:\n"
            "  save FILE                   writes it to a file, - for standard output: --instance, --statistics\n"
            "  diff FILE [FILE]            how it, or another file, differs from a file\n"
-           "  apply FILE                  makes it what a file says: --yes, --dry-run, --rollback\n";
+           "  apply FILE                  makes it what a file says: --yes, --dry-run, --rollback\n"
+           "  graph [INSTANCE]            draws it, in the language of dot or with --svg\n";
 }
 
 int run_state_command(
@@ -265,6 +288,8 @@ int run_state_command(
         return save(words, options, manner, output);
     if (words.front() == "apply")
         return apply(words, options, manner, output);
+    if (words.front() == "graph")
+        return graph(words, options, manner, output);
     return diff(words, manner, output);
 }
 

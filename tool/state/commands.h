@@ -1,4 +1,4 @@
-// The commands for the state as a whole: save, diff and apply.
+// The commands for the state as a whole: save, diff, apply and graph.
 #pragma once
 
 #include "tool/output.h"
@@ -17,6 +17,7 @@ struct StateOptions
     bool yes = false;
     bool dry_run = false;
     bool rollback = false;
+    bool svg = false;
 };
 
 bool is_state_command(std::string_view word);

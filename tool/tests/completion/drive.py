@@ -52,6 +52,9 @@ CASES = [
     ("lumozephctl --dry", ["--dry-run"]),
     ("lumozephctl --address-order h", ["--address-order", "host"]),
     ("lumozephctl batch lin", ["batch", "lines.batch"]),
+    ("lumozephctl diff lin", ["diff", "lines.batch"]),
+    ("lumozephctl save - --instance b", ["save", "-", "--instance", "blue"]),
+    ("lumozephctl graph g", ["graph", "green"]),
 ]
 PROMPT = "@@"
 
