@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -15,6 +16,10 @@ struct Answer
 {
     int error = 0;                // 0 or an errno value
     std::vector<std::byte> reply; // empty when there is an error
+    // What is said to be the length of the reply, where that is not so.
+    std::optional<std::uint32_t> reported {};
+
+    std::uint32_t length() const { return reported.value_or(static_cast<std::uint32_t>(reply.size())); }
 };
 
 struct State;

@@ -108,9 +108,10 @@ TEST_F(Described, RepliesAreOfTheirShape)
     for (const Command* command : all_commands()) {
         Module module;
         prepare(module);
-        const auto [error, reply] = ask(module, *command, std::byte {0});
-        if (error != 0)
+        const Answer answer = ask(module, *command, std::byte {0});
+        if (answer.error != 0)
             continue;
+        const auto& reply = answer.reply;
         const auto& [shape, record, most, head] = command->reply;
         switch (shape) {
         case Shape::Nothing:
@@ -152,9 +153,9 @@ TEST_F(Described, ResultsAreWrittenWhereThereIsRoomForThem)
         for (const std::uint32_t room : {0u, 87u, 88u}) {
             Module module;
             prepare(module);
-            const auto [error, reply] = ask(module, *command, std::byte {0}, room);
-            EXPECT_EQ(error, 0) << command->name;
-            EXPECT_EQ(reply.size(), room == 88 ? 88u : 0u) << command->name;
+            const Answer answer = ask(module, *command, std::byte {0}, room);
+            EXPECT_EQ(answer.error, 0) << command->name;
+            EXPECT_EQ(answer.reply.size(), room == 88 ? 88u : 0u) << command->name;
         }
     }
 }
