@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <charconv>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -111,6 +112,28 @@ std::unique_ptr<Module> Door::new_module()
         }
     }
     return module;
+}
+
+Faults Door::new_faults()
+{
+    const std::string_view seed = environment("LUMOZEPH_EMULATOR_SEED");
+    std::uint64_t number = 0;
+    std::from_chars(seed.data(), seed.data() + seed.size(), number);
+    Faults faults(number);
+    std::string_view rest = environment("LUMOZEPH_EMULATOR_FAULTS");
+    while (!rest.empty()) {
+        const std::string_view fault = rest.substr(0, rest.find(' '));
+        rest.remove_prefix(std::min(fault.size() + 1, rest.size()));
+        if (fault.empty())
+            continue;
+        try {
+            faults.add(fault);
+        } catch (const FaultError& error) {
+            std::fprintf(stderr, "lumozeph-emulator: %s\n", error.what());
+            std::abort();
+        }
+    }
+    return faults;
 }
 
 int Door::open(Node node, int flags)
@@ -265,7 +288,7 @@ int Door::command(std::uint32_t number, std::uint64_t envelope_at)
     Answer given;
     if (const int result = answer(number, input, room, given); result < 0)
         return result;
-    const auto length = static_cast<std::uint32_t>(given.reply.size());
+    const std::uint32_t length = given.length();
     if (!write_memory(sent[envelope::out_ptr], given.reply) ||
         !write_memory(envelope_at + envelope::out_len.offset, std::as_bytes(std::span(&length, 1))))
         return -EFAULT;
@@ -274,10 +297,17 @@ int Door::command(std::uint32_t number, std::uint64_t envelope_at)
 
 int Door::answer(std::uint32_t number, std::span<const std::byte> input, std::uint32_t room, Answer& answer)
 try {
-    const Gate::Passage passage(gate_);
-    if (passage.refused())
+    std::optional<Gate::Passage> passage(gate_);
+    if (passage->refused())
         return -EDEADLK;
-    answer = module_->answer(number, input, room);
+    const Fate fate = faults_.of_command(number);
+    if (fate.waits()) {
+        // Others pass meanwhile.
+        passage.reset();
+        wait(fate);
+        passage.emplace(gate_);
+    }
+    answer = emulator::answer(*module_, fate, number, input, room);
     if (watcher_ != nullptr) {
         const LumoEmulatorCommand seen {.number = number,
             .error = answer.error,
@@ -296,10 +326,12 @@ try {
 int Door::reset()
 try {
     auto fresh = new_module();
+    Faults faults = new_faults();
     const Gate::Passage passage(gate_);
     if (passage.refused())
         return -EDEADLK;
     module_.swap(fresh);
+    std::swap(faults_, faults);
     return 0;
 } catch (const std::bad_alloc&) {
     return -ENOMEM;
@@ -356,6 +388,29 @@ int Door::watch(LumoEmulatorWatcher watcher, void* context)
         return -EDEADLK;
     watcher_ = watcher;
     context_ = context;
+    return 0;
+}
+
+int Door::add_fault(const char* fault)
+try {
+    const Gate::Passage passage(gate_);
+    if (passage.refused())
+        return -EDEADLK;
+    faults_.add(fault);
+    return 0;
+} catch (const std::bad_alloc&) {
+    return -ENOMEM;
+} catch (const FaultError& error) {
+    std::fprintf(stderr, "lumozeph-emulator: %s\n", error.what());
+    return -EINVAL;
+}
+
+int Door::clear_faults()
+{
+    const Gate::Passage passage(gate_);
+    if (passage.refused())
+        return -EDEADLK;
+    faults_.clear();
     return 0;
 }
 

@@ -4,7 +4,7 @@
 #include "emulator/door/descriptors.h"
 #include "emulator/door/gate.h"
 #include "emulator/door/lumozeph_emulator.h"
-#include "emulator/model/module.h"
+#include "emulator/faults/faults.h"
 
 #include <cstdint>
 #include <memory>
@@ -45,6 +45,8 @@ public:
     int load(const char* path);
     int save(const char* path);
     int watch(LumoEmulatorWatcher watcher, void* context);
+    int add_fault(const char* fault);
+    int clear_faults();
 
 private:
     Door();
@@ -56,10 +58,12 @@ private:
     // As the environment asks for.
     static Settings settings();
     static std::unique_ptr<Module> new_module();
+    static Faults new_faults();
 
     Gate gate_;
     Descriptors descriptors_;
     std::unique_ptr<Module> module_ = new_module();
+    Faults faults_ = new_faults();
     LumoEmulatorWatcher watcher_ = nullptr;
     void* context_ = nullptr;
 };

@@ -478,4 +478,14 @@ std::int32_t lumozeph_emulator_watch(LumoEmulatorWatcher watcher, void* context)
     return result(Door::of_this_process().watch(watcher, context));
 }
 
+std::int32_t lumozeph_emulator_add_fault(const char* fault)
+{
+    return result(Door::of_this_process().add_fault(fault));
+}
+
+std::int32_t lumozeph_emulator_clear_faults(void)
+{
+    return result(Door::of_this_process().clear_faults());
+}
+
 } // extern "C"

@@ -1,5 +1,6 @@
 #include "emulator/door/launch.h"
 
+#include "emulator/faults/faults.h"
 #include "emulator/state/state_file.h"
 
 #include <array>
@@ -41,6 +42,11 @@ std::string environment(const char* name)
 {
     const char* const value = std::getenv(name); // NOLINT(concurrency-mt-unsafe): there are no other threads
     return value != nullptr ? value : "";
+}
+
+void set_environment(const char* name, const std::string& value)
+{
+    setenv(name, value.c_str(), 1); // NOLINT(concurrency-mt-unsafe): there are no other threads
 }
 
 // The file that execvp(3) will take, if there is one.
@@ -138,7 +144,7 @@ void refuse_what_preloading_does_not_reach(fs::path program)
 
 } // namespace
 
-int run_in_process(char** program, Settings settings, const std::string& state, int (*execute)(char** program))
+int run_in_process(char** program, const Inside& inside, int (*execute)(char** program))
 {
     if (const auto file = find_program(program[0]))
         refuse_what_preloading_does_not_reach(*file);
@@ -149,16 +155,23 @@ int run_in_process(char** program, Settings settings, const std::string& state, 
             fmt::format("cannot preload '{}': the dynamic linker takes no path with a space or a colon", preloaded));
     if (const std::string others = environment("LD_PRELOAD"); !others.empty())
         preloaded += ":" + others;
-    setenv("LD_PRELOAD", preloaded.c_str(), 1); // NOLINT(concurrency-mt-unsafe): there are no other threads
-    if (settings.strictness == Strictness::Lenient)
-        setenv("LUMOZEPH_EMULATOR_LENIENT", "1", 1); // NOLINT(concurrency-mt-unsafe): there are no other threads
-    if (!state.empty()) {
-        Module module(settings);
-        load_state(module, state); // which is refused here and not in the program
-        setenv("LUMOZEPH_EMULATOR_STATE", fs::absolute(state).c_str(), 1); // NOLINT(concurrency-mt-unsafe): as above
+    set_environment("LD_PRELOAD", preloaded);
+    if (inside.settings.strictness == Strictness::Lenient)
+        set_environment("LUMOZEPH_EMULATOR_LENIENT", "1");
+    if (!inside.state.empty()) {
+        Module module(inside.settings);
+        load_state(module, inside.state); // which is refused here and not in the program
+        set_environment("LUMOZEPH_EMULATOR_STATE", fs::absolute(inside.state));
     }
-    if (settings.clock == Clock::Manual)
-        setenv("LUMOZEPH_EMULATOR_CLOCK", "manual", 1); // NOLINT(concurrency-mt-unsafe): there are no other threads
+    if (inside.settings.clock == Clock::Manual)
+        set_environment("LUMOZEPH_EMULATOR_CLOCK", "manual");
+    if (!inside.faults.empty()) {
+        Faults faults;
+        for (const std::string& fault : inside.faults)
+            faults.add(fault); // as above
+        set_environment("LUMOZEPH_EMULATOR_FAULTS", fmt::format("{}", fmt::join(inside.faults, " ")));
+        set_environment("LUMOZEPH_EMULATOR_SEED", std::to_string(inside.seed));
+    }
     return execute(program);
 }
 

@@ -49,10 +49,12 @@ typedef void (*LumoEmulatorWatcher)(const struct LumoEmulatorCommand* command, v
 
 /**
  * Puts a new module in the place of this process's: what was set is forgotten. Descriptors of the device stay open, and
- * the watcher stays. The new module accepts what makes no sense if the environment now has LUMOZEPH_EMULATOR_LENIENT, with
- * any text but none, and its time stands still until it is advanced if LUMOZEPH_EMULATOR_CLOCK is "manual". If
- * LUMOZEPH_EMULATOR_STATE names a file, the module begins with what it describes; the program ends if that cannot be. The
- * same holds for the first module and the environment at its time.
+ * the watcher stays. The new module accepts what makes no sense if the environment now has
+ * LUMOZEPH_EMULATOR_LENIENT, with any text but none, and its time stands still until it is advanced if
+ * LUMOZEPH_EMULATOR_CLOCK is "manual". If LUMOZEPH_EMULATOR_STATE names a file, the module begins with what it
+ * describes. There are only those faults left that are in LUMOZEPH_EMULATOR_FAULTS, with spaces between them; what
+ * is at random in faults comes of the number in LUMOZEPH_EMULATOR_SEED. The program ends if the file or a fault
+ * makes no sense. The same holds for the first module and the environment at its time.
  *
  * @return  0, or -1 with the reason in errno
  */
@@ -93,6 +95,32 @@ int32_t lumozeph_emulator_advance(uint64_t nanoseconds);
  * @return         0, or -1 with the reason in errno
  */
 int32_t lumozeph_emulator_watch(LumoEmulatorWatcher watcher, void* context);
+
+/**
+ * Has commands go wrong from now on. What is wrong with the text is said on standard error, with its column, and then
+ * nothing has changed.
+ *
+ * "GetLifs=ENODEV" has every GetLifs fail with ENODEV, without the module hearing of it. In the place of the name there
+ * may be a pattern with asterisks, the command's number or any; "#2" behind it, "#3-5" or "#3-" say which of these
+ * commands, counted from now on, and "%0.01" with what probability. In the place of the errno there may be:
+ *
+ * - short:100, the reply is cut to so many bytes; fragment, it ends in the middle of a record; long, it is said to be
+ *   longer than the room; garbage, it is bytes at random; count:255, the counts in it are this number,
+ * - delay:50ms, the command waits before it takes place; hang, it waits until the process ends. Other threads go on.
+ *
+ * Where several faults strike one command, their delays add up, and of the others the first one counts.
+ *
+ * @param fault  the text
+ * @return       0, or -1 with the reason in errno: EINVAL if the text makes no sense
+ */
+int32_t lumozeph_emulator_add_fault(const char* fault);
+
+/**
+ * Takes away all faults. Commands that wait go on waiting.
+ *
+ * @return  0, or -1 with the reason in errno
+ */
+int32_t lumozeph_emulator_clear_faults(void);
 
 #if defined(__GNUC__)
 #pragma GCC visibility pop

@@ -33,6 +33,9 @@ enum class Word : char
     Merge,    // passes changes that are to be merged into it
     Compare,  // passes a document; what Ready passes are the operations that make the state of it
     Advance,  // text: the seconds that are to pass for the module
+    Fault,    // passes a text that is a fault for the world
+    Faults,   // asks for its faults; what Ready passes has a line for each
+    Unfault,  // takes them away
     Refused,  // text: why what was asked makes no sense
 };
 

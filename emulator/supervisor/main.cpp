@@ -1,5 +1,6 @@
 // lumozeph-emulator: runs programs in a world in which the module exists.
 #include "emulator/door/launch.h"
+#include "emulator/faults/faults.h"
 #include "emulator/model/module.h"
 #include "emulator/protocol/access.h"
 #include "emulator/protocol/commands.h"
@@ -17,6 +18,7 @@
 #include <cerrno>
 #include <chrono>
 #include <csignal>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -109,6 +111,8 @@ struct Asked
     emulator::Clock clock = emulator::Clock::Real;
     std::string load;
     std::string save;
+    std::vector<std::string> faults;
+    std::uint64_t seed = 0;
 };
 
 std::chrono::milliseconds milliseconds(double seconds)
@@ -133,6 +137,14 @@ emulator::Settings settings_for(const Asked& asked)
 {
     using emulator::Strictness;
     return {asked.lenient ? Strictness::Lenient : Strictness::Strict, asked.clock};
+}
+
+emulator::Faults faults_for(const Asked& asked)
+{
+    emulator::Faults faults(asked.seed, asked.opens ? emulator::Opens::Seen : emulator::Opens::Unseen);
+    for (const std::string& fault : asked.faults)
+        faults.add(fault);
+    return faults;
 }
 
 // What the world's module begins with.
@@ -160,20 +172,23 @@ emulator::Wishes wishes_for(const Asked& asked, const Outputs& outputs)
 
 int run(const Asked& asked, char** program)
 {
+    emulator::Faults faults = faults_for(asked);
     emulator::Module module(settings_for(asked));
     load(module, asked);
     const Outputs outputs = open_outputs(asked);
     const std::string name = asked.world.value_or(fmt::format("run-{}", getpid()));
     setenv("LUMOZEPH_WORLD", name.c_str(), 1);
-    return end_like(emulator::run_in_world(module, wishes_for(asked, outputs), [program] { return execute(program); }));
+    return end_like(
+        emulator::run_in_world(module, faults, wishes_for(asked, outputs), [program] { return execute(program); }));
 }
 
 int serve(const Asked& asked)
 {
+    emulator::Faults faults = faults_for(asked);
     emulator::Module module(settings_for(asked));
     load(module, asked);
     const Outputs outputs = open_outputs(asked);
-    return end_like(emulator::serve_world(module, wishes_for(asked, outputs), emulator::notify_readiness));
+    return end_like(emulator::serve_world(module, faults, wishes_for(asked, outputs), emulator::notify_readiness));
 }
 
 int join(const std::string& world, char** program)
@@ -216,9 +231,10 @@ std::string refusal(emulator::Mode mode)
 {
     try {
         emulator::Module module;
+        emulator::Faults none;
         emulator::Wishes wishes;
         wishes.mode = mode;
-        const emulator::Ending ending = emulator::run_in_world(module, wishes, ask_once);
+        const emulator::Ending ending = emulator::run_in_world(module, none, wishes, ask_once);
         if (ending.signal == 0 && ending.status == 0)
             return {};
         return "the supervisor may not read the memory of its children";
@@ -252,12 +268,10 @@ void add_options_of_world(CLI::App& command, Asked& asked)
     command.add_option("--mode", asked.mode, "How the device comes into the world: namespaces or injection")
         ->type_name("MODE")
         ->transform(CLI::Transformer(std::map<std::string, emulator::Mode>(modes.begin(), modes.end())));
-    CLI::Option* const trace =
-        command
-            .add_option("--trace", asked.trace, "Write a line of JSON for each command answered (-: standard error)")
-            ->type_name("FILE");
-    command.add_flag("--opens", asked.opens, "Trace the opens of the device, too; slows all opens in the world")
-        ->needs(trace);
+    command.add_option("--trace", asked.trace, "Write a line of JSON for each command answered (-: standard error)")
+        ->type_name("FILE");
+    command.add_flag("--opens", asked.opens,
+        "See the opens of the device, for the trace and for faults; slows all opens in the world");
     command.add_option("--grace", asked.grace, "Seconds between SIGTERM and SIGKILL for what must end (2)")
         ->type_name("SECONDS")
         ->check(in_seconds);
@@ -275,6 +289,14 @@ void add_options_of_module(CLI::App& command, Asked& asked)
         ->type_name("CLOCK")
         ->transform(CLI::Transformer(std::map<std::string, emulator::Clock> {
             {"real", emulator::Clock::Real}, {"manual", emulator::Clock::Manual}}));
+    command
+        .add_option(
+            "--fault", asked.faults, "Have commands go wrong, such as GetLifs#2=ENODEV; may be given several times")
+        ->type_name("SPEC")
+        ->allow_extra_args(false);
+    command.add_option("--seed", asked.seed, "Of what is at random in faults (0)")
+        ->type_name("NUMBER")
+        ->check(CLI::NonNegativeNumber);
 }
 
 } // namespace
@@ -339,7 +361,8 @@ int main(int argc, char** argv)
             throw CLI::RequiredError("-- PROGRAM");
         if (join_command->parsed())
             return join(*asked.world, program);
-        return in_process ? emulator::run_in_process(program, settings_for(asked), asked.load, execute)
+        return in_process ? emulator::run_in_process(
+                                program, {settings_for(asked), asked.load, asked.faults, asked.seed}, execute)
                           : run(asked, program);
     } catch (const CLI::ParseError& error) {
         // --help and --version come this way, too.

@@ -5,8 +5,10 @@
 #include "emulator/supervisor/failure.h"
 #include "emulator/supervisor/memory.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
+#include <chrono>
 #include <climits>
 #include <cstring>
 #include <fcntl.h>
@@ -15,6 +17,7 @@
 #include <linux/openat2.h>
 #include <sys/ioctl.h>
 #include <sys/syscall.h>
+#include <thread>
 #include <unistd.h>
 
 // Newer than the oldest headers that the emulator is built with.
@@ -48,12 +51,24 @@ bool kernel_knows(int error)
 
 } // namespace
 
-SharedModule::Applied SharedModule::apply(const Asked& asked, std::span<const std::byte> input)
+Fate SharedModule::fate_of_command(std::uint32_t number)
+{
+    const std::lock_guard one(one_at_a_time_);
+    return faults_.of_command(number);
+}
+
+Fate SharedModule::fate_of_open()
+{
+    const std::lock_guard one(one_at_a_time_);
+    return faults_.of_open();
+}
+
+SharedModule::Applied SharedModule::apply(const Asked& asked, std::span<const std::byte> input, const Fate& fate)
 {
     const std::lock_guard one(one_at_a_time_);
     Applied applied {++applied_, {EINVAL, {}}};
     if (asked.in_len == input.size())
-        applied.answer = module_.answer(asked.number, input, asked.room);
+        applied.answer = emulator::answer(module_, fate, asked.number, input, asked.room);
     return applied;
 }
 
@@ -61,6 +76,12 @@ void SharedModule::use(const std::function<void(Module&)>& user)
 {
     const std::lock_guard one(one_at_a_time_);
     user(module_);
+}
+
+void SharedModule::use_faults(const std::function<void(Faults&)>& user)
+{
+    const std::lock_guard one(one_at_a_time_);
+    user(faults_);
 }
 
 void prepare(int listener)
@@ -126,21 +147,20 @@ void Server::answer_open(std::uint64_t folder, std::uint64_t path, std::uint64_t
     const std::size_t end = strnlen(text, length);
     const bool is_whole = end < length && (flags & O_PATH) == 0;
     if (device_.is_file()) {
-        if (is_whole)
-            see_open(folder, text, flags);
-        let_continue();
+        const std::string_view device = is_whole ? device_named(folder, text, flags) : std::string_view();
+        device.empty() ? let_continue() : open_device(device, flags);
     } else if (unreadable) {
         respond(EIO); // It might be the device.
     } else if (is_whole && is_device_path({text, end})) {
-        module_.trace_open(notification_.pid, {text, end}, flags);
-        give(flags);
+        open_device({text, end}, flags);
     } else {
         let_continue();
     }
 }
 
-// Finds out what the kernel is going to open. Whoever changes the path meanwhile deceives the trace alone.
-void Server::see_open(std::uint64_t folder, const std::string& path, std::uint64_t flags)
+// The device that the kernel is going to open, if it is one. Whoever changes the path meanwhile deceives the trace and
+// the faults alone.
+std::string_view Server::device_named(std::uint64_t folder, const std::string& path, std::uint64_t flags)
 {
     Descriptor start;
     const bool is_absolute = path.starts_with('/');
@@ -155,10 +175,21 @@ void Server::see_open(std::uint64_t folder, const std::string& path, std::uint64
     // The links of /proc would lead into the supervisor's own files.
     how.resolve = RESOLVE_NO_MAGICLINKS | (is_absolute ? RESOLVE_IN_ROOT : 0);
     const Descriptor found(static_cast<int>(syscall(SYS_openat2, start.number(), path.c_str(), &how, sizeof how)));
-    if (!found)
+    return found ? device_.path_of(found.number()) : std::string_view();
+}
+
+void Server::open_device(std::string_view path, std::uint64_t flags)
+{
+    const Fate fate = module_.fate_of_open();
+    if (!wait(fate))
         return;
-    if (const std::string_view device = device_.path_of(found.number()); !device.empty())
-        module_.trace_open(notification_.pid, device, flags);
+    module_.trace_open(notification_.pid, path, flags, fate.error());
+    if (fate.error() != 0)
+        respond(fate.error());
+    else if (device_.is_file())
+        let_continue();
+    else
+        give(flags);
 }
 
 void Server::give(std::uint64_t flags)
@@ -187,14 +218,21 @@ void Server::answer_ioctl()
     if (is == Is::Another)
         let_continue();
     else if (is == Is::Meant && notification_.data.arch == native_architecture && notification_.data.nr == SYS_ioctl)
-        respond(command());
+        answer_command();
     else
         // It might be the device, for which the kernel has answers of its own; or it is, and the envelope holds
         // pointers of another width.
         respond(EIO);
 }
 
-int Server::command()
+void Server::answer_command()
+{
+    if (const std::optional<int> error = command())
+        respond(*error);
+}
+
+// The errno, or 0. Nothing if nobody waits for it, or nobody is to get it.
+std::optional<int> Server::command()
 {
     const auto number = static_cast<std::uint32_t>(notification_.data.args[1]);
     const std::uint64_t envelope_at = notification_.data.args[2];
@@ -209,20 +247,38 @@ int Server::command()
     std::vector<std::byte> input(std::min(asked.in_len, longest_input));
     if (!memory.read(sent[envelope::in_ptr], input))
         return EFAULT;
+    const Fate fate = asked.in_len == input.size() ? module_.fate_of_command(number) : Fate();
+    if (!wait(fate))
+        return std::nullopt;
     // The process may have been killed and its number given to another one while its memory was read.
     if (!still_waiting())
         return EINTR;
 
-    SharedModule::Applied applied = module_.apply(asked, input);
+    SharedModule::Applied applied = module_.apply(asked, input, fate);
     Answer& answer = applied.answer;
     if (answer.error == 0) {
-        const auto length = static_cast<std::uint32_t>(answer.reply.size());
+        const std::uint32_t length = answer.length();
         if (!memory.write({{{sent[envelope::out_ptr], answer.reply},
                 {envelope_at + envelope::out_len.offset, std::as_bytes(std::span(&length, 1))}}}))
             answer.error = EFAULT;
     }
     module_.trace(asked, applied);
     return answer.error;
+}
+
+// False if whoever has called is gone, or is left waiting: until it is killed, and without a thread of ours.
+bool Server::wait(const Fate& fate) const
+{
+    if (fate.hangs)
+        return false;
+    constexpr Time look = std::chrono::milliseconds(100);
+    const auto end = std::chrono::steady_clock::now() + fate.delay;
+    for (Time left = fate.delay; left > Time(); left = end - std::chrono::steady_clock::now()) {
+        std::this_thread::sleep_for(std::min(look, left));
+        if (!still_waiting())
+            return false;
+    }
+    return true;
 }
 
 bool Server::still_waiting() const

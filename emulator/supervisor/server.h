@@ -1,7 +1,7 @@
 // Answers the system calls that the filter hands over.
 #pragma once
 
-#include "emulator/model/module.h"
+#include "emulator/faults/faults.h"
 #include "emulator/supervisor/client.h"
 #include "emulator/supervisor/device.h"
 #include "emulator/supervisor/trace.h"
@@ -10,6 +10,7 @@
 #include <functional>
 #include <linux/seccomp.h>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -20,7 +21,11 @@ namespace emulator {
 class SharedModule
 {
 public:
-    SharedModule(Module& module, Trace& trace) : module_(module), trace_(trace) {}
+    SharedModule(Module& module, Faults& faults, Trace& trace) : module_(module), faults_(faults), trace_(trace) {}
+
+    // What is to become of the next command, or open. Whoever asks waits as long as it says.
+    Fate fate_of_command(std::uint32_t number);
+    Fate fate_of_open();
 
     struct Applied
     {
@@ -28,19 +33,22 @@ public:
         Answer answer;
     };
 
-    Applied apply(const Asked& asked, std::span<const std::byte> input);
+    Applied apply(const Asked& asked, std::span<const std::byte> input, const Fate& fate);
 
     // Between two commands.
     void use(const std::function<void(Module&)>& user);
+    void use_faults(const std::function<void(Faults&)>& user);
 
     void trace(const Asked& asked, const Applied& applied) { trace_.write(applied.order, asked, applied.answer); }
-    void trace_open(std::uint32_t pid, std::string_view path, std::uint64_t flags)
+    // error: the errno with which it fails, or 0.
+    void trace_open(std::uint32_t pid, std::string_view path, std::uint64_t flags, int error)
     {
-        trace_.write_open(pid, path, flags);
+        trace_.write_open(pid, path, flags, error);
     }
 
 private:
     Module& module_;
+    Faults& faults_;
     Trace& trace_;
     std::mutex one_at_a_time_;
     std::uint64_t applied_ = 0;
@@ -63,10 +71,13 @@ private:
 
     void answer_open(std::uint64_t folder, std::uint64_t path, std::uint64_t flags);
     void answer_openat2(std::uint64_t folder, std::uint64_t path, std::uint64_t how);
-    void see_open(std::uint64_t folder, const std::string& path, std::uint64_t flags);
+    std::string_view device_named(std::uint64_t folder, const std::string& path, std::uint64_t flags);
+    void open_device(std::string_view path, std::uint64_t flags);
     void give(std::uint64_t flags);
     void answer_ioctl();
-    int command();
+    void answer_command();
+    std::optional<int> command();
+    bool wait(const Fate& fate) const;
     bool still_waiting() const;
     void let_continue();
     void respond(int error);

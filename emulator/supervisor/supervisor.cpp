@@ -97,8 +97,8 @@ void Supervisor::hear(Visitor& visitor)
     visitor.has_left = !message;
     if (!message)
         return;
-    if (is_about_state(message->word)) {
-        answer_about_state(module_, *message, visitor.link);
+    if (is_about_module(message->word)) {
+        answer_about_module(module_, *message, visitor.link);
         return;
     }
     switch (message->word) {

@@ -29,13 +29,15 @@ void Trace::write(std::uint64_t order, const Asked& asked, const Answer& answer)
         return;
     add(fmt::format(
         "{{\"order\":{},\"pid\":{},\"command\":{},\"inLen\":{},\"room\":{},\"errno\":{},\"replyLen\":{}}}\n", order,
-        asked.pid, asked.number, asked.in_len, asked.room, answer.error, answer.error == 0 ? answer.reply.size() : 0));
+        asked.pid, asked.number, asked.in_len, asked.room, answer.error, answer.error == 0 ? answer.length() : 0));
 }
 
-void Trace::write_open(std::uint32_t pid, std::string_view path, std::uint64_t flags)
+void Trace::write_open(std::uint32_t pid, std::string_view path, std::uint64_t flags, int error)
 {
-    if (file_ >= 0 && traced_ == Traced::CommandsAndOpens)
-        add(fmt::format("{{\"pid\":{},\"open\":\"{}\",\"flags\":{}}}\n", pid, path, flags));
+    if (file_ < 0 || traced_ != Traced::CommandsAndOpens)
+        return;
+    const std::string failure = error != 0 ? fmt::format(",\"errno\":{}", error) : "";
+    add(fmt::format("{{\"pid\":{},\"open\":\"{}\",\"flags\":{}{}}}\n", pid, path, flags, failure));
 }
 
 void Trace::add(const std::string& line)

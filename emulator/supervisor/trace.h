@@ -42,8 +42,8 @@ public:
     // order: that of the commands, which may be answered in another.
     void write(std::uint64_t order, const Asked& asked, const Answer& answer);
 
-    // path: that of the device.
-    void write_open(std::uint32_t pid, std::string_view path, std::uint64_t flags);
+    // path: that of the device; error: the errno with which it is made to fail, or 0.
+    void write_open(std::uint32_t pid, std::string_view path, std::uint64_t flags, int error);
 
     // Waits until all has been written, but not for long, and says on the standard error what was not.
     void finish(std::chrono::milliseconds patience);

@@ -160,11 +160,11 @@ void wind_up(const Wishes& wishes, SharedModule& module, Trace& trace, Door& doo
 
 } // namespace
 
-Ending run_in_world(Module& module, const Wishes& wishes, const std::function<int()>& program)
+Ending run_in_world(Module& module, Faults& faults, const Wishes& wishes, const std::function<int()>& program)
 {
     Door door(wishes.name);
     Trace trace(wishes.trace, wishes.traced);
-    SharedModule shared(module, trace);
+    SharedModule shared(module, faults, trace);
     const Signals signals = heard_by_front();
     const Foreground foreground;
     Front front = make_best_world(wishes, foreground, [&](Mode mode, const Premises& premises, const Link& link) {
@@ -180,12 +180,12 @@ Ending run_in_world(Module& module, const Wishes& wishes, const std::function<in
     return front.wait(signals);
 }
 
-Ending serve_world(Module& module, const Wishes& wishes, const std::function<void()>& ready)
+Ending serve_world(Module& module, Faults& faults, const Wishes& wishes, const std::function<void()>& ready)
 {
     require_filter();
     Door door(wishes.name);
     Trace trace(wishes.trace, wishes.traced);
-    SharedModule shared(module, trace);
+    SharedModule shared(module, faults, trace);
     const Signals signals = heard_by_front();
     const Foreground foreground;
     Front front = make_best_world(wishes, foreground, [&](Mode, const Premises& premises, const Link& link) {

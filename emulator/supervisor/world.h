@@ -1,7 +1,7 @@
 // A world in which the device exists, and a program in it.
 #pragma once
 
-#include "emulator/model/module.h"
+#include "emulator/faults/faults.h"
 #include "emulator/supervisor/front.h"
 #include "emulator/supervisor/lifetime.h"
 #include "emulator/supervisor/trace.h"
@@ -33,10 +33,10 @@ struct Wishes
 // Runs program, in a child process, in a world of its own and serves it and all its descendants. What program returns
 // becomes its exit status; usually it calls exec and does not return. The signals that ask for an end are passed on to
 // it. Throws if no world can be made.
-Ending run_in_world(Module& module, const Wishes& wishes, const std::function<int()>& program);
+Ending run_in_world(Module& module, Faults& faults, const Wishes& wishes, const std::function<int()>& program);
 
 // Holds a world without a program until a signal or a visitor asks for its end. ready: is called when it can be joined.
-Ending serve_world(Module& module, const Wishes& wishes, const std::function<void()>& ready);
+Ending serve_world(Module& module, Faults& faults, const Wishes& wishes, const std::function<void()>& ready);
 
 // The same as run_in_world(), in a world that is there already.
 Ending join_world(const std::string& name, const std::function<int()>& program);

@@ -26,13 +26,13 @@ void print(std::string_view text)
 } // namespace
 
 WorldCommand::WorldCommand(CLI::App& app)
-    : command_(app.add_subcommand("world", "Read and change the state of a world: world NAME get"))
+    : command_(app.add_subcommand("world", "Read and change the state of a world, and its faults: world NAME get"))
 {
     command_->add_option("NAME", world_, "The world's name")->required();
     command_->require_subcommand(1);
     command_->footer(
-        "Exits with 0; 1 if there is nothing at POINTER, or states differ; 2 if what FILE or SECONDS says\n"
-        "makes no sense, and then nothing has changed; 125 if the emulator failed.");
+        "Exits with 0; 1 if there is nothing at POINTER, or states differ; 2 if what FILE, SECONDS or SPEC\n"
+        "says makes no sense, and then nothing has changed; 125 if the emulator failed.");
     add("get", "Print the state, or what is at a JSON pointer in it", [this](const WorldState& state) {
         return get(state);
     })->add_option("POINTER", pointer_, "Such as /instances/blue/lifs");
@@ -65,13 +65,40 @@ WorldCommand::WorldCommand(CLI::App& app)
         })
         ->add_option("SECONDS", seconds_, "How much, beside what passes by itself")
         ->required();
+    add_faults();
 }
 
 CLI::App* WorldCommand::add(const char* name, const char* what, Verb verb)
 {
-    CLI::App* const added = command_->add_subcommand(name, what);
+    return add_to(*command_, name, what, std::move(verb));
+}
+
+CLI::App* WorldCommand::add_to(CLI::App& parent, const char* name, const char* what, Verb verb)
+{
+    CLI::App* const added = parent.add_subcommand(name, what);
     verbs_.emplace_back(added, std::move(verb));
     return added;
+}
+
+void WorldCommand::add_faults()
+{
+    CLI::App* const faults = command_->add_subcommand("fault", "Have commands go wrong: world NAME fault add SPEC");
+    faults->require_subcommand(1);
+    add_to(*faults, "add", "Add a fault, such as GetLifs#2=ENODEV",
+        [this](const WorldState& state) {
+            state.add_fault(fault_);
+            return 0;
+        })
+        ->add_option("SPEC", fault_, "Which commands, and what becomes of them")
+        ->required();
+    add_to(*faults, "list", "Print the faults that there are", [](const WorldState& state) {
+        print(state.faults());
+        return 0;
+    });
+    add_to(*faults, "clear", "Take all away", [](const WorldState& state) {
+        state.clear_faults();
+        return 0;
+    });
 }
 
 CLI::App* WorldCommand::add_with_file(const char* name, const char* what, Verb verb)

@@ -27,6 +27,8 @@ private:
     using Verb = std::function<int(const WorldState&)>;
 
     CLI::App* add(const char* name, const char* what, Verb verb);
+    CLI::App* add_to(CLI::App& parent, const char* name, const char* what, Verb verb);
+    void add_faults();
     CLI::App* add_with_file(const char* name, const char* what, Verb verb);
 
     int get(const WorldState& state) const;
@@ -39,6 +41,7 @@ private:
     std::string pointer_;
     std::string file_;
     std::string seconds_;
+    std::string fault_;
 };
 
 } // namespace emulator

@@ -42,15 +42,35 @@ json::Value changed(Module& module, Word how, json::Value document)
     return state;
 }
 
-void pass(const Link& link, const json::Value& document)
+void pass(const Link& link, const std::string& text)
 {
-    link.pass(Word::Ready, document_of(json::print(document)).number());
+    link.pass(Word::Ready, document_of(text).number());
 }
 
-void answer(Module& module, const Message& asked, const Link& link)
+bool is_about_faults(Word word)
+{
+    return word == Word::Fault || word == Word::Faults || word == Word::Unfault;
+}
+
+void answer_about_faults(Faults& faults, const Message& asked, const Link& link)
+{
+    switch (asked.word) {
+    case Word::Faults:
+        pass(link, faults.list());
+        return;
+    case Word::Fault:
+        faults.add(text_of(asked.passed));
+        break;
+    default:
+        faults.clear();
+    }
+    link.send(Word::Ready);
+}
+
+void answer_about_state(Module& module, const Message& asked, const Link& link)
 {
     if (asked.word == Word::Read) {
-        pass(link, state_of(module));
+        pass(link, json::print(state_of(module)));
         return;
     }
     if (asked.word == Word::Advance) {
@@ -63,7 +83,7 @@ void answer(Module& module, const Message& asked, const Link& link)
     }
     json::Value document = json::parse(text_of(asked.passed));
     if (asked.word == Word::Compare) {
-        pass(link, json::difference(as_saved(document, module.state().settings), state_of(module)));
+        pass(link, json::print(json::difference(as_saved(document, module.state().settings), state_of(module))));
         return;
     }
     set_state(module, changed(module, asked.word, std::move(document)));
@@ -92,6 +112,18 @@ void WorldState::advance(const std::string& seconds) const
     answer();
 }
 
+void WorldState::clear_faults() const
+{
+    link_.send(Word::Unfault);
+    answer();
+}
+
+std::string WorldState::faults() const
+{
+    link_.send(Word::Faults);
+    return text_of(answer().passed);
+}
+
 void WorldState::change(Word how, const std::string& document) const
 {
     link_.pass(how, document_of(document).number());
@@ -110,7 +142,7 @@ Message WorldState::answer() const
     return std::move(*message);
 }
 
-bool is_about_state(Word word)
+bool is_about_module(Word word)
 {
     switch (word) {
     case Word::Read:
@@ -121,14 +153,19 @@ bool is_about_state(Word word)
     case Word::Advance:
         return true;
     default:
-        return false;
+        return is_about_faults(word);
     }
 }
 
-void answer_about_state(SharedModule& module, const Message& asked, const Link& link)
+void answer_about_module(SharedModule& module, const Message& asked, const Link& link)
 {
     try {
-        module.use([&](Module& used) { emulator::answer(used, asked, link); });
+        if (is_about_faults(asked.word))
+            module.use_faults([&](Faults& used) { answer_about_faults(used, asked, link); });
+        else
+            module.use([&](Module& used) { answer_about_state(used, asked, link); });
+    } catch (const FaultError& refusal) {
+        link.send(Word::Refused, 0, refusal.what());
     } catch (const json::Error& refusal) {
         link.send(Word::Refused, 0, refusal.what());
     } catch (const Refusal& refusal) {

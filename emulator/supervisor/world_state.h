@@ -1,4 +1,4 @@
-// The state of a world's module, as somebody outside reads and changes it while the world is there.
+// The state of a world's module, and its faults, as somebody outside reads and changes them while the world is there.
 #pragma once
 
 #include "emulator/model/time.h"
@@ -37,6 +37,12 @@ public:
     // Seconds, with up to nine decimals.
     void advance(const std::string& seconds) const;
 
+    // A Refusal begins with the column of what is wrong.
+    void add_fault(const std::string& fault) const { change(Word::Fault, fault); }
+    void clear_faults() const;
+    // A line for each.
+    std::string faults() const;
+
 private:
     void change(Word how, const std::string& document) const;
     Message answer() const;
@@ -45,7 +51,7 @@ private:
 };
 
 // The world's side: answers what somebody asks by these words.
-bool is_about_state(Word word);
-void answer_about_state(SharedModule& module, const Message& asked, const Link& link);
+bool is_about_module(Word word);
+void answer_about_module(SharedModule& module, const Message& asked, const Link& link);
 
 } // namespace emulator

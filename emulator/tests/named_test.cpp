@@ -82,11 +82,13 @@ TEST_P(Named, WorldsOfAProgramCanBeJoinedWhileItRuns)
     expect_nothing_left();
 }
 
-TEST_P(Named, WorldsTraceTheOpensOfTheirGuests)
+TEST_P(Named, WorldsSeeTheOpensOfTheirGuests)
 {
     Process world(emulator({"serve", "--mode", GetParam(), "--world", "seen", "--opens", "--trace", "-"}));
     wait_for("seen");
     EXPECT_EQ(join("seen", {DYNAMIC_CLIENT, "get"}).out, "4\n");
+    EXPECT_EQ(say({"world", "seen", "fault", "add", "open=EACCES"}).status, 0);
+    EXPECT_EQ(join("seen", {DYNAMIC_CLIENT, "get"}).out, "get EACCES\n");
     EXPECT_EQ(say({"stop", "seen"}).status, 0);
     EXPECT_THAT(world.wait().err,
         HasSubstr("\"open\":\"/pelt/devices/char/zephdriver/kola_lumo\",\"flags\":2}\n{\"order\":1,"));
@@ -267,6 +269,49 @@ TEST_P(NamedStates, MoveOnWhenTimePasses)
             ended.err, std::string("lumozeph-emulator: '") + seconds + "' is no number of seconds, up to a century\n");
     }
     EXPECT_EQ(get("/statistics/0/value"), "26\n");
+}
+
+TEST_P(NamedStates, HaveFaultsBesideThem)
+{
+    EXPECT_EQ(ask({"fault", "list"}).out, "");
+    EXPECT_EQ(ask({"fault", "add", "SetLogLevel=EBUSY"}).status, 0);
+    EXPECT_EQ(ask({"fault", "add", "Get*#2-3=ENODEV"}).status, 0);
+    EXPECT_EQ(ask({"fault", "list"}).out, "SetLogLevel=EBUSY\nGet*#2-3=ENODEV\n");
+    EXPECT_EQ(join("kept", {DYNAMIC_CLIENT, "set", "9"}).out, "set EBUSY\n");
+    EXPECT_EQ(get(), "{}\n");
+    EXPECT_EQ(join("kept", {DYNAMIC_CLIENT, "get"}).out, "4\n");
+    EXPECT_EQ(join("kept", {STATIC_CLIENT, "get"}).out, "get ENODEV\n");
+    EXPECT_EQ(ask({"reset"}).status, 0);
+    EXPECT_EQ(join("kept", {STATIC_CLIENT, "get"}).out, "get ENODEV\n");
+    EXPECT_EQ(ask({"fault", "clear"}).status, 0);
+    EXPECT_EQ(ask({"fault", "list"}).out, "");
+    EXPECT_EQ(join("kept", {DYNAMIC_CLIENT, "set", "9"}).out, "set ok\n");
+    EXPECT_EQ(join("kept", {DYNAMIC_CLIENT, "get"}).out, "9\n");
+}
+
+TEST_P(NamedStates, HaveNoFaultsThatMakeNoSense)
+{
+    EXPECT_EQ(ask({"fault", "add", "GetLifs=EIO"}).status, 0);
+    for (const auto& [fault, why] : {
+             std::pair("GetLifs#2=EFAULTY", "column 11 of 'GetLifs#2=EFAULTY': expected an errno such as EIO, "),
+             {"SetLif=long",
+                 "column 8 of 'SetLif=long': expected an errno, delay:TIME or hang: the command has no reply"},
+             {"open=EACCES", "column 1 of 'open=EACCES': opens can be at fault in a world with --opens only"},
+             {"", "column 1 of '': expected the name or number of a command, any or open\n"},
+         }) {
+        const Ended ended = ask({"fault", "add", fault});
+        EXPECT_EQ(ended.status, 2) << fault;
+        EXPECT_THAT(ended.err, StartsWith(std::string("lumozeph-emulator: ") + why));
+        EXPECT_EQ(ended.out, "");
+    }
+    // Longer than any message.
+    const Ended lengthy = ask({"fault", "add", "GetLifs=EIO" + std::string(5000, '#')});
+    EXPECT_EQ(lengthy.status, 2);
+    EXPECT_THAT(lengthy.err, StartsWith("lumozeph-emulator: column 12 of 'GetLifs=EIO###"));
+    EXPECT_EQ(ask({"fault", "list"}).out, "GetLifs=EIO\n");
+    for (const Words& verb : {Words {"fault"}, {"fault", "add"}, {"fault", "list", "all"}, {"fault", "mend"}})
+        EXPECT_EQ(ask(verb).status, 125);
+    EXPECT_EQ(say({"world", "none", "fault", "clear"}).status, 125);
 }
 
 TEST_P(NamedStates, CanBeAskedForInTheWorld)

@@ -113,6 +113,7 @@ using Commands = Fresh;
 using Threads = Fresh;
 using Processes = Fresh;
 using Watchers = Fresh;
+using Faults = Fresh;
 using Reset = Fresh;
 
 TEST_F(Opens, FindTheDeviceUnderBothPathsInAnySpelling)
@@ -662,6 +663,8 @@ struct Journal
         inside.push_back(ended(lumozeph_emulator_reset()));
         inside.push_back(ended(lumozeph_emulator_advance(1)));
         inside.push_back(ended(lumozeph_emulator_watch(nullptr, nullptr)));
+        inside.push_back(ended(lumozeph_emulator_add_fault("any=EIO")));
+        inside.push_back(ended(lumozeph_emulator_clear_faults()));
         std::uint32_t value = 0;
         inside.push_back(ended(LUMOZEPH_GetLogLevel(&value)));
         inside.push_back(ended(close(open("/dev/null", O_RDWR))));
@@ -687,7 +690,8 @@ TEST_F(Watchers, CannotUseTheDevice)
     Journal journal;
     ASSERT_EQ(lumozeph_emulator_watch(Journal::call, &journal), 0);
     EXPECT_EQ(log_level(), 4u);
-    EXPECT_THAT(journal.inside, ElementsAre("EDEADLK", "EDEADLK", "EDEADLK", "EDEADLK", "EDEADLK", "EDEADLK", "0"));
+    EXPECT_THAT(journal.inside,
+        ElementsAre("EDEADLK", "EDEADLK", "EDEADLK", "EDEADLK", "EDEADLK", "EDEADLK", "EDEADLK", "EDEADLK", "0"));
 }
 
 TEST_F(Watchers, MayFork)
@@ -710,6 +714,105 @@ TEST_F(Watchers, StandForWhateverASignalInterrupts)
     EXPECT_EQ(log_level(), 4u);
     EXPECT_EQ(in_handler, "EDEADLK");
     EXPECT_EQ(sigaction(SIGUSR1, &before, nullptr), 0);
+}
+
+TEST_F(Faults, StrikeTheCommandsOfThisProcess)
+{
+    EXPECT_EQ(lumozeph_emulator_add_fault("SetLogLevel#2=EBUSY"), 0);
+    EXPECT_EQ(lumozeph_emulator_add_fault("GetLifs=ENODEV"), 0);
+    EXPECT_EQ(LUMOZEPH_SetLogLevel(7), 0);
+    EXPECT_EQ(ended(LUMOZEPH_SetLogLevel(8)), "EBUSY");
+    EXPECT_EQ(log_level(), 7u);
+    LumoLifList* list = nullptr;
+    EXPECT_EQ(ended(LUMOZEPH_GetLifs("blue", &list)), "ENODEV");
+    EXPECT_EQ(lumozeph_emulator_clear_faults(), 0);
+    EXPECT_EQ(ended(LUMOZEPH_GetLifs("blue", &list)), "ENOENT");
+}
+
+TEST_F(Faults, ReportTheLengthsOfTheirReplies)
+{
+    const Open device;
+    EXPECT_EQ(lumozeph_emulator_add_fault("GetLogLevel#1=short:1"), 0);
+    EXPECT_EQ(lumozeph_emulator_add_fault("GetLogLevel#2=long"), 0);
+    std::uint32_t value = 0x01010101;
+    LumoEnvelope envelope {0, nullptr, 4, &value};
+    EXPECT_EQ(ioctl(device, get_log_level, &envelope), 0);
+    EXPECT_EQ(+envelope.outLen, 1u);
+    EXPECT_EQ(value, 0x01010104u);
+    envelope.outLen = 4;
+    EXPECT_EQ(ioctl(device, get_log_level, &envelope), 0);
+    EXPECT_EQ(+envelope.outLen, 8u);
+    EXPECT_EQ(value, 4u);
+}
+
+TEST_F(Faults, AreShownToTheWatcherAsTheyWereAnswered)
+{
+    EXPECT_EQ(lumozeph_emulator_add_fault("GetLogLevel#1=EIO"), 0);
+    EXPECT_EQ(lumozeph_emulator_add_fault("GetLogLevel#2=short:3"), 0);
+    Journal journal;
+    ASSERT_EQ(lumozeph_emulator_watch(Journal::note, &journal), 0);
+    std::uint32_t value = 0;
+    EXPECT_EQ(ended(LUMOZEPH_GetLogLevel(&value)), "EIO");
+    EXPECT_EQ(LUMOZEPH_GetLogLevel(&value), 0);
+    ASSERT_EQ(lumozeph_emulator_watch(nullptr, nullptr), 0);
+    EXPECT_THAT(journal.lines, testing::SizeIs(2));
+    EXPECT_EQ(journal.lines[0], "9: 0 in 4 room 0 out, errno " + std::to_string(EIO) + ", 0");
+    EXPECT_THAT(journal.lines[1], testing::StartsWith("9: 0 in 4 room 3 out, errno 0"));
+}
+
+TEST_F(Faults, HoldUpOneThreadAlone)
+{
+    EXPECT_EQ(lumozeph_emulator_add_fault("GetLogLevel#1=delay:500ms"), 0);
+    const auto before = std::chrono::steady_clock::now();
+    std::atomic<std::uint32_t> seen {0};
+    std::thread waiting([&] { seen = log_level(); });
+    while (LUMOZEPH_SetLogLevel(8) == 0 && std::chrono::steady_clock::now() - before < std::chrono::milliseconds(100))
+        continue;
+    EXPECT_EQ(seen, 0u);
+    waiting.join();
+    EXPECT_EQ(seen, 8u);
+    EXPECT_GE(std::chrono::steady_clock::now() - before, std::chrono::milliseconds(500));
+}
+
+TEST_F(Faults, MayHangUntilTheProcessEnds)
+{
+    EXPECT_EQ(in_child([] {
+        static std::atomic<int> step {0};
+        lumozeph_emulator_add_fault("GetExtendedLogLevel=hang");
+        std::thread([] {
+            std::uint32_t value = 0;
+            step = 1;
+            LUMOZEPH_GetExtendedLogLevel(&value);
+            step = 2;
+        }).detach();
+        while (step == 0 || LUMOZEPH_SetLogLevel(8) != 0)
+            std::this_thread::yield();
+        std::this_thread::sleep_for(std::chrono::milliseconds(100));
+        return log_level() == 8 && step == 1 ? 5 : 6;
+    }),
+        5);
+}
+
+TEST_F(Faults, ThatMakeNoSenseAreNotAdded)
+{
+    EXPECT_EQ(ended(lumozeph_emulator_add_fault("GetLogLevel=EIOU")), "EINVAL");
+    EXPECT_EQ(ended(lumozeph_emulator_add_fault("open=EIO")), "EINVAL");
+    EXPECT_EQ(ended(lumozeph_emulator_add_fault("")), "EINVAL");
+    EXPECT_EQ(log_level(), 4u);
+}
+
+TEST_F(Faults, AreThoseOfTheEnvironmentAfterAReset)
+{
+    EXPECT_EQ(lumozeph_emulator_add_fault("GetLogLevel=EIO"), 0);
+    EXPECT_EQ(lumozeph_emulator_reset(), 0);
+    EXPECT_EQ(log_level(), 4u);
+    setenv("LUMOZEPH_EMULATOR_FAULTS", "GetLogLevel#2=EBUSY  SetLogLevel=EIO", 1);
+    EXPECT_EQ(lumozeph_emulator_reset(), 0);
+    unsetenv("LUMOZEPH_EMULATOR_FAULTS");
+    EXPECT_EQ(log_level(), 4u);
+    std::uint32_t value = 0;
+    EXPECT_EQ(ended(LUMOZEPH_GetLogLevel(&value)), "EBUSY");
+    EXPECT_EQ(ended(LUMOZEPH_SetLogLevel(1)), "EIO");
 }
 
 TEST_F(Reset, ForgetsWhatWasSetAndKeepsDescriptors)

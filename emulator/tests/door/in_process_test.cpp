@@ -122,6 +122,27 @@ TEST(Door, IsLenientIfAskedToBe)
     EXPECT_EQ(shell("LUMOZEPH_EMULATOR_LENIENT= " + in_process + client), (Ended {"endpoint ENOENT\n", 1}));
 }
 
+TEST(Door, IsAtFaultIfAskedToBe)
+{
+    const std::string run = tolerant + EMULATOR " run --in-process ";
+    const std::string twice = " -- /bin/sh -c '" DYNAMIC_CLIENT " set 9; exec " DYNAMIC_CLIENT " get'";
+    EXPECT_EQ(
+        shell(run + "--fault 'Set*=EBUSY' --fault any%0.5=EIO --seed 3" + twice).output.substr(0, 10), "set EBUSY\n");
+    EXPECT_EQ(shell(run + "--fault 'Set*=EBUSY' --fault 9=ENODEV" + twice), (Ended {"set EBUSY\nget ENODEV\n", 1}));
+    EXPECT_EQ(shell("LUMOZEPH_EMULATOR_FAULTS='Set*=EBUSY 9=ENODEV' " + in_process + DYNAMIC_CLIENT " get"),
+        (Ended {"get ENODEV\n", 1}));
+    EXPECT_EQ(shell(run + "--fault 'Set*=EBUSI'" + twice),
+        (Ended {"lumozeph-emulator: column 6 of 'Set*=EBUSI': expected an errno such as EIO, short:BYTES, fragment, "
+                "long, garbage, count:NUMBER, delay:TIME or hang\n",
+            125}));
+    const Ended opens = shell(run + "--fault open=EACCES" + twice);
+    EXPECT_EQ(opens.status, 125);
+    EXPECT_THAT(opens.output, HasSubstr("opens can be at fault in a world with --opens only"));
+    const Ended wrong = shell("LUMOZEPH_EMULATOR_FAULTS=get=EIO " + in_process + DYNAMIC_CLIENT " get");
+    EXPECT_NE(wrong.status, 0);
+    EXPECT_THAT(wrong.output, HasSubstr("lumozeph-emulator: column 1 of 'get=EIO': expected"));
+}
+
 TEST(Door, WorksInsideAWorld)
 {
     EXPECT_EQ(shell(in_world + EMULATOR " run --in-process -- " DYNAMIC_CLIENT " get"), (Ended {"4\n", 0}));
