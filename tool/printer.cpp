@@ -11,6 +11,9 @@
 
 #include <algorithm>
 #include <optional>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace tool {
 namespace {
@@ -116,26 +119,39 @@ private:
     std::vector<std::size_t> _widths;
 };
 
-// One member a line; of many counters, those that have counted.
-void print_members(Output& output, const Records& records, std::span<const Member* const> members, const Manner& manner)
+struct NamedText
+{
+    std::string name;
+    std::string text;
+};
+
+// A member, or of many counters those that have counted.
+void add_texts(std::vector<NamedText>& texts, const Records& records, const Member& member, AddressOrder order)
 {
     constexpr std::size_t many = 16;
+    const Record& record = *records.record;
     const std::byte* const data = records[0];
-    std::size_t width = 0;
-    for (const Member* const member : members)
-        width = std::max(width, member->name.size());
-    for (const Member* const member : members) {
-        const bool are_records = member->form == Form::Records && member->length > 0;
-        if (member->length <= many && !are_records) {
-            output.format(
-                "{:{}}  {}\n", member->name, width, member_text(*records.record, *member, data, manner.order));
-            continue;
-        }
-        const std::size_t count = elements_in_use(*records.record, *member, data);
-        for (std::size_t i = 0; i < count; ++i)
-            if (const std::string text = element_text(*records.record, *member, data, i, manner.order); text != "0")
-                output.format("{:{}}  {}\n", fmt::format("{}[{}]", member->name, i), width, text);
+    const bool are_records = member.form == Form::Records && member.length > 0;
+    if (member.length <= many && !are_records) {
+        texts.push_back({std::string(member.name), member_text(record, member, data, order)});
+        return;
     }
+    const std::size_t count = elements_in_use(record, member, data);
+    for (std::size_t i = 0; i < count; ++i)
+        if (std::string text = element_text(record, member, data, i, order); text != "0")
+            texts.push_back({fmt::format("{}[{}]", member.name, i), std::move(text)});
+}
+
+void print_members(Output& output, const Records& records, std::span<const Member* const> members, const Manner& manner)
+{
+    std::vector<NamedText> texts;
+    for (const Member* const member : members)
+        add_texts(texts, records, *member, manner.order);
+    std::size_t width = 0;
+    for (const NamedText& shown : texts)
+        width = std::max(width, shown.name.size());
+    for (const NamedText& shown : texts)
+        output.format("{:{}}  {}\n", shown.name, width, shown.text);
 }
 
 JsonWriter::Layout layout_of(const Manner& manner)
