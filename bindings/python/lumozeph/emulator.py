@@ -6,9 +6,11 @@ goes on with a copy of its parent's.
 """
 
 import ctypes
+import json
 import os
+import tempfile
 from contextlib import contextmanager
-from typing import Any, Callable, Iterator, List, NamedTuple, Optional
+from typing import Any, Callable, Dict, Iterator, List, Mapping, NamedTuple, Optional, Union
 
 from ._library import Function
 
@@ -66,14 +68,66 @@ class Module:
             raise RuntimeError(f"this process has no emulated module: it was started without {SONAME} preloaded")
         door = ctypes.CDLL(None, use_errno=True)
         self._reset: Function = door.lumozeph_emulator_reset
+        self._load: Function = door.lumozeph_emulator_load
+        self._save: Function = door.lumozeph_emulator_save
+        self._advance: Function = door.lumozeph_emulator_advance
+        door.lumozeph_emulator_advance.argtypes = (ctypes.c_uint64,)
+        self._add_fault: Function = door.lumozeph_emulator_add_fault
+        self._clear_faults: Function = door.lumozeph_emulator_clear_faults
         self._watch: Function = door.lumozeph_emulator_watch
         door.lumozeph_emulator_watch.argtypes = (ctypes.c_void_p, ctypes.c_void_p)
         # What the module calls must stay until it has another.
         self._callback: Any = None
 
     def reset(self) -> None:
-        """Puts a new module in the place of this one: what was set is forgotten."""
+        """Puts a new module in the place of this one: what was set is forgotten, and so are faults."""
         self._check(self._reset())
+
+    def load(self, state: Union[str, "os.PathLike[str]", Mapping[str, Any]]) -> None:
+        """Puts a new module in the place of this one, with a state: a JSON file's, or what would be in the file.
+
+        What is wrong with it is said on standard error, with its line and column, and OSError has EINVAL; then nothing
+        has changed.
+        """
+        if not isinstance(state, Mapping):
+            self._check(self._load(os.fsencode(state)))
+            return
+        with tempfile.TemporaryDirectory() as folder:
+            path = os.path.join(folder, "state.json")
+            with open(path, "w", encoding="utf-8") as file:
+                json.dump(state, file, indent=2)
+            self._check(self._load(os.fsencode(path)))
+
+    def save(self, path: Union[str, "os.PathLike[str]"]) -> None:
+        """Writes the state to a file, which is replaced."""
+        self._check(self._save(os.fsencode(path)))
+
+    def state(self) -> Dict[str, Any]:
+        """The state, as it would be in a file. What is as it is in a new module is left out."""
+        with tempfile.TemporaryDirectory() as folder:
+            path = os.path.join(folder, "state.json")
+            self.save(path)
+            with open(path, encoding="utf-8") as file:
+                state: Dict[str, Any] = json.load(file)
+        return state
+
+    def advance(self, seconds: float) -> None:
+        """Lets time pass for the module, beside what passes by itself."""
+        nanoseconds = round(seconds * 1e9)
+        if not 0 <= nanoseconds < 1 << 64:
+            raise ValueError(f"{seconds} seconds cannot pass")
+        self._check(self._advance(nanoseconds))
+
+    def add_fault(self, fault: str) -> None:
+        """Has commands go wrong from now on: "GetLifs#1=ENODEV", "Set*=delay:50ms"; lumozeph-emulator(1) has all kinds.
+
+        What is wrong with the text is said on standard error, and OSError has EINVAL; then nothing has changed.
+        """
+        self._check(self._add_fault(fault.encode()))
+
+    def clear_faults(self) -> None:
+        """Takes all faults away. Commands that wait go on waiting."""
+        self._check(self._clear_faults())
 
     def watch(self, watcher: Optional[Watcher]) -> None:
         """Has every command shown from now on; None: to nobody.

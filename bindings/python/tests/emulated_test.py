@@ -198,3 +198,51 @@ def test_a_forked_process_frees_its_own_copies(blue):
     assert os.waitpid(child, 0)[1] == 0
     assert [lif.lifName for lif in lifs] == ["lif0", "lif1", "lif2"]
     assert len(lumozeph.get_lifs("blue")) == 3
+
+
+STATE = {"logLevel": 7, "instances": {"blue": {"lifs": {"eth0": {"address": "10.0.0.1/24", "enabled": True}}}}}
+
+
+def test_a_state_is_loaded_from_a_dictionary_or_a_file_and_given_back(lumozeph_module, tmp_path):
+    lumozeph_module.load(STATE)
+    assert [lif.lifName for lif in lumozeph.get_lifs("blue")] == ["eth0"]
+    assert lumozeph_module.state()["logLevel"] == 7
+    lumozeph_module.save(tmp_path / "state.json")
+    lumozeph_module.reset()
+    assert len(lumozeph.get_instances()) == 0
+    lumozeph_module.load(tmp_path / "state.json")
+    assert [lif.lifName for lif in lumozeph.get_lifs("blue")] == ["eth0"]
+
+
+@pytest.mark.parametrize("state", [{"logLevel": "seven"}, "no_such.json"])
+def test_a_state_that_makes_no_sense_changes_nothing(state, blue, capfd):
+    with pytest.raises(OSError) as failure:
+        blue.load(state)
+    assert failure.value.errno == errno.EINVAL
+    assert "lumozeph-emulator: " in capfd.readouterr().err
+    assert len(lumozeph.get_lifs("blue")) == 3
+
+
+def test_time_passes_when_it_is_told_to(lumozeph_module):
+    counting = {"lifs": {"eth0": {"address": "10.0.0.1/24", "statistics": {"0": {"value": 0, "rate": 1000000}}}}}
+    lumozeph_module.load({"instances": {"blue": counting}})
+    lumozeph_module.advance(2.5)
+    assert lumozeph.get_lif_stats("blue", "eth0").counters[0] >= 2500000
+    with pytest.raises(ValueError, match="-1 seconds"):
+        lumozeph_module.advance(-1)
+
+
+def test_faults_are_added_and_taken_away(blue, capfd):
+    blue.add_fault("GetLifs=ENODEV")
+    with pytest.raises(lumozeph.Error) as failure:
+        lumozeph.get_lifs("blue")
+    assert failure.value.errno == errno.ENODEV
+    blue.clear_faults()
+    assert len(lumozeph.get_lifs("blue")) == 3
+    with pytest.raises(OSError) as refusal:
+        blue.add_fault("GetLifs=ENOSENSE")
+    assert refusal.value.errno == errno.EINVAL
+    assert "ENOSENSE" in capfd.readouterr().err
+    blue.add_fault("any=EIO")
+    blue.reset()
+    assert len(lumozeph.get_instances()) == 0
