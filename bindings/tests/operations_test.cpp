@@ -191,10 +191,16 @@ protected:
         EXPECT_EQ(here.number, due.number);
         EXPECT_EQ(here.in_len, due.in_len);
         EXPECT_EQ(here.out_len, due.out_len);
-        for (std::size_t i = 0; i < here.input.size(); ++i)
-            if (operation.remainder == Remainder::Cleared || row.one->request.names(i)) {
-                ASSERT_EQ(here.input[i], due.input[i]) << "byte " << i;
-            }
+        expect_named_same(here.input, due.input);
+    }
+
+    // What the tables name is the same; the rest, too, where it is cleared.
+    void expect_named_same(std::string_view here, std::string_view due) const
+    {
+        ASSERT_EQ(here.size(), due.size());
+        for (std::size_t i = 0; i < here.size(); ++i)
+            if (here[i] != due[i] && (operation.remainder == Remainder::Cleared || row.one->request.names(i)))
+                FAIL() << "byte " << i << " is " << int(here[i]) << " instead of " << int(due[i]);
     }
 };
 
@@ -208,12 +214,8 @@ TEST_P(LayerOperations, SendWhatTheTablesSay)
         EXPECT_EQ(sent.number, static_cast<unsigned long>(row.command()));
         EXPECT_EQ(sent.in_len, input_length(operation));
         EXPECT_EQ(sent.out_len, reply_room(operation));
-        if (sent.in_len == request_size) {
-            for (std::size_t i = 0; i < request_size; ++i)
-                if (operation.remainder == Remainder::Cleared || row.one->request.names(i)) {
-                    ASSERT_EQ(sent.input[i], row.one->request.content()[i]) << "byte " << i;
-                }
-        }
+        if (sent.in_len == request_size)
+            expect_named_same(sent.input, row.one->request.content());
         free_left(outcome.call);
     }
 }

@@ -308,9 +308,9 @@ void run(std::size_t steps, std::uint32_t seed)
         EXPECT_GT(ends[error], 0u) << error;
 }
 
-TEST(Random, TwentyThousandCommands)
+TEST(Random, FiveThousandCommands)
 {
-    run(20000, 1);
+    run(5000, 1);
 }
 
 // By label and by name: scripts/test leaves it out.
