@@ -1,45 +1,35 @@
 #include "tool/deadline.h"
 
-#include "tool/mistakes.h"
-
-#include <cmath>
-#include <csignal>
-#include <sys/time.h>
+#include <algorithm>
+#include <condition_variable>
+#include <mutex>
 #include <unistd.h>
+#include <utility>
 
 namespace tool {
 namespace {
 
-std::string* last_words;
+// As good as never, and still a time that clocks know.
+constexpr std::chrono::duration<double> longest {1e9};
 
-extern "C" void end_now(int /*signal*/)
+void end_after(std::chrono::duration<double> time, const std::string& message, int status, const std::stop_token& stop)
 {
-    [[maybe_unused]] const ssize_t written = write(STDERR_FILENO, last_words->data(), last_words->size());
-    _exit(failed);
+    std::mutex mutex;
+    std::unique_lock lock(mutex);
+    std::condition_variable_any never;
+    const auto rest = std::chrono::duration_cast<std::chrono::nanoseconds>(std::min(time, longest));
+    never.wait_for(lock, stop, rest, [] { return false; });
+    if (stop.stop_requested())
+        return;
+    [[maybe_unused]] const ssize_t written = write(STDERR_FILENO, message.data(), message.size());
+    _exit(status);
 }
 
 } // namespace
 
-void end_after(std::chrono::duration<double> time, std::string message)
-{
-    static std::string kept;
-    kept = std::move(message);
-    last_words = &kept;
-    struct sigaction action
-    {};
-    action.sa_handler = end_now;
-    sigaction(SIGALRM, &action, nullptr);
-    const double whole = std::floor(time.count());
-    itimerval timer {};
-    timer.it_value.tv_sec = static_cast<time_t>(whole);
-    timer.it_value.tv_usec = static_cast<suseconds_t>(std::ceil((time.count() - whole) * 1e6));
-    setitimer(ITIMER_REAL, &timer, nullptr);
-}
-
-void end_no_more()
-{
-    const itimerval never {};
-    setitimer(ITIMER_REAL, &never, nullptr);
-}
+Deadline::Deadline(std::chrono::duration<double> time, std::string message, int status)
+    : _thread([time, kept = std::move(message), status](
+                  const std::stop_token& stop) { end_after(time, kept, status, stop); })
+{}
 
 } // namespace tool

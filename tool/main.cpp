@@ -24,6 +24,7 @@
 #include <cstdlib>
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>
+#include <optional>
 #include <string>
 #include <sys/ioctl.h>
 #include <unistd.h>
@@ -261,21 +262,25 @@ int attempt(const CommandLine& line, Action action)
     }
 }
 
+// The status of a failure is that of a difference.
+int status_without_answer(const CommandLine& line)
+{
+    return !line.words.empty() && line.words.front() == "diff" ? misused : failed;
+}
+
 int run_safely(const CommandLine& line)
 {
-    const int status = attempt(line, [&] {
+    return attempt(line, [&] {
         Output output;
+        std::optional<Deadline> deadline;
         if (line.timeout > 0)
-            end_after(std::chrono::duration<double>(line.timeout),
-                complaint(line, fmt::format("no answer within {} seconds", line.timeout)));
+            deadline.emplace(std::chrono::duration<double>(line.timeout),
+                complaint(line, fmt::format("no answer within {} seconds", line.timeout)), status_without_answer(line));
         if (is_about_state(line))
             return run_about_state(line, output);
         run(line, output);
         return EXIT_SUCCESS;
     });
-    // A batch may wait for its next line.
-    end_no_more();
-    return status;
 }
 
 // Takes a command line apart. What it does not say is as in the one that it is given.
@@ -420,7 +425,7 @@ int complete(std::vector<std::string> words)
         words.erase(words.begin());
     // A shell that waits is worse than one that does not know.
     constexpr std::chrono::duration<double> patience {2};
-    end_after(patience, "");
+    const Deadline deadline(patience, "", failed);
     const std::vector<OptionWords> options = Parser({}).options();
     Output output;
     for (const Candidate& candidate : candidates(words, options))
