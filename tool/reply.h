@@ -3,9 +3,11 @@
 
 #include "lumozeph.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
+#include <malloc.h>
 #include <memory>
 #include <span>
 #include <vector>
@@ -33,9 +35,10 @@ public:
         _count = count;
     }
 
+    // The module may count more than there is room for, and nobody else says how large the block is.
     void take_block(void* block, std::size_t count, std::size_t entry)
     {
-        take(block, block, count, std::free);
+        take(block, block, std::min(count, malloc_usable_size(block) / entry), std::free);
         _size = entry;
     }
 
@@ -58,10 +61,10 @@ public:
         return static_cast<Element*>(static_cast<void*>(_buffer.data()));
     }
 
-    // Of the room, what is in use.
+    // Of the room, what is in use. The module may count more than it has.
     void take_part(std::size_t count, std::size_t entry)
     {
-        _count = count;
+        _count = std::min(count, _buffer.size() / entry);
         _size = entry;
     }
 
