@@ -3,7 +3,8 @@
 usage: follow.py EMULATOR LUMOZEPHCTL SESSION [--update]
 
 A line that begins with "$ " is a command; what follows it is what it prints, standard output and error together, and
-its exit status in brackets if that is not 0. --update writes what comes instead.
+its exit status in brackets if that is not 0. "fault add SPEC" and "fault clear" are of the world. --update writes what
+comes instead.
 """
 
 import difflib
@@ -18,9 +19,9 @@ def commands_in(session):
         return [line[2:].rstrip("\n") for line in file if line.startswith("$ ")]
 
 
-def script(commands):
+def script(commands, emulator, world):
     """A shell's script that prints the session."""
-    lines = []
+    lines = [f"fault() {{ '{emulator}' world {world} fault \"$@\"; }}"]
     for command in commands:
         quoted = command.replace("'", "'\\''")
         lines += [f"printf '%s\\n' '$ {quoted}'", f"{{ {command}; }} 2>&1", 's=$?; [ "$s" -eq 0 ] || echo "[$s]"']
@@ -28,10 +29,11 @@ def script(commands):
 
 
 def followed(emulator, tool, session):
-    with tempfile.TemporaryDirectory() as scratch:
+    with tempfile.TemporaryDirectory(prefix="session-") as scratch:
+        name = os.path.basename(scratch)
         path = f"{os.path.dirname(os.path.abspath(tool))}:{os.environ['PATH']}"
         world = subprocess.run(
-            [emulator, "run", "--", "sh", "-c", script(commands_in(session))],
+            [emulator, "run", "--world", name, "--", "sh", "-c", script(commands_in(session), emulator, name)],
             cwd=scratch,
             env={**os.environ, "PATH": path, "LC_ALL": "C.UTF-8"},
             stdin=subprocess.DEVNULL,
