@@ -27,7 +27,7 @@ def benchmarks(results, pattern):
 
 
 def time(nanoseconds):
-    for unit, scale in (("ms", 1e6), ("µs", 1e3)):
+    for unit, scale in (("s", 1e9), ("ms", 1e6), ("µs", 1e3)):
         if nanoseconds >= scale:
             return f"{nanoseconds / scale:.3g} {unit}"
     return f"{nanoseconds:.3g} ns"
@@ -259,9 +259,22 @@ def work(results):
     )
 
 
+def tool(results):
+    with open(os.path.join(results, "tool.json"), encoding="utf-8") as file:
+        found = json.load(file)
+
+    def beside(one, other):
+        return time(one[other] * 1e9), f"{one['tool'] / one[other]:.2f}"
+
+    return table(
+        ("work", "lumozephctl", "the calls", "ratio", "cat", "ratio"),
+        [(name, time(one["tool"] * 1e9), *beside(one, "calls"), *beside(one, "cat")) for name, one in found.items()],
+    )
+
+
 TABLES = (
     *(machine, sets, gets, lists, texts, growth, threads, netlink, allocators, loading),
-    *(layers, python, rust, emulator, work, module),
+    *(layers, python, rust, emulator, work, module, tool),
 )
 
 
