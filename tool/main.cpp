@@ -85,8 +85,9 @@ std::string complaint(const CommandLine& line, std::string_view message, std::st
 {
     if (line.manner.style != Style::Text)
         return as_json(line.place, message, operation, error, advice);
-    return fmt::format("lumozephctl: {}{}{}{}{}\n", line.place, line.place.empty() ? "" : ": ", message,
-        advice.empty() ? "" : ": ", advice);
+    // In one line, whatever was typed, and nothing that a terminal would obey.
+    return fmt::format("lumozephctl: {}{}{}{}{}\n", printable(line.place), line.place.empty() ? "" : ": ",
+        printable(message), advice.empty() ? "" : ": ", advice);
 }
 
 const Operation& function_named(const std::string& name)
