@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <fmt/format.h>
 #include <set>
 #include <span>
 
@@ -81,6 +82,15 @@ std::multiset<std::string> networks_of_lifs(const Level& routes, const Value& in
     return keys;
 }
 
+// As people call it, with what it is given.
+std::string described(const Operation& operation, std::span<const Given> given)
+{
+    std::string words(operation.name);
+    for (const Given& one : given)
+        words += fmt::format(" {}={}", one.name, one.value);
+    return words;
+}
+
 // The state is six levels deep.
 // NOLINTBEGIN(misc-no-recursion)
 class Reader
@@ -136,11 +146,11 @@ private:
             const Member member = member_of(level, nullptr, field);
             Value& value = found.members[std::string(field.name)];
             Reply reply;
-            Arguments arguments =
-                arguments_of(operation, given_to(operation, {}, texts, _order), Completeness::OrElseNothing, _order);
+            const std::vector<Given> given = given_to(operation, {}, texts, _order);
+            Arguments arguments = arguments_of(operation, given, Completeness::OrElseNothing, _order);
             errno = 0;
             if (const std::int32_t status = operation.call(arguments, reply); status != 0 && errno != ENOENT)
-                throw failure(std::string(operation.name), operation.name, errno);
+                throw failure(described(operation, given), operation.name, errno);
             else if (status != 0)
                 value = zero_of(member);
             else if (operation.answer != Answer::Value)
@@ -276,7 +286,7 @@ private:
         Arguments arguments = arguments_of(operation, given, Completeness::OrElseNothing, _order);
         errno = 0;
         if (operation.call(arguments, reply) != 0)
-            throw failure(std::string(operation.name), operation.name, errno);
+            throw failure(described(operation, given), operation.name, errno);
     }
 
     const Scope& _scope;
