@@ -17,7 +17,7 @@ json parsed(std::string_view text)
 {
     try {
         return json::parse(text);
-    } catch (const json::parse_error& error) {
+    } catch (const json::exception& error) {
         throw Misuse(fmt::format("'{}' is not JSON: {}", text, error.what()));
     }
 }

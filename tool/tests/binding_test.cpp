@@ -102,6 +102,8 @@ TEST(Binding, TakesRecordsWithTheNamesOfTheHeader)
         ThrowsMessage<Misuse>(HasSubstr("has no member 'valu1'; did you mean 'value1'?")));
     EXPECT_THAT(binding("SoftRSSSetTunables", {{"target", "t"}, {"tunables", "{"}}),
         ThrowsMessage<Misuse>(HasSubstr("is not JSON")));
+    EXPECT_THAT(binding("SoftRSSSetTunables", {{"target", "t"}, {"tunables", R"({"value1":1e999})"}}),
+        ThrowsMessage<Misuse>(HasSubstr("is not JSON")));
     EXPECT_THAT(binding("SoftRSSTableSet", {{"target", "t"}, {"table", R"({"size":129})"}}),
         ThrowsMessage<Misuse>(HasSubstr("is larger than 128")));
     EXPECT_THAT(binding("SoftRSSTableSet", {{"target", "t"}, {"table", R"({"size":-1})"}}),
