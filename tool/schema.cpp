@@ -188,9 +188,10 @@ json patch()
 json outcome()
 {
     const json texts = array_of({{"type", "string"}}, 0);
+    const json state {{"type", "object"}};
     return {{"type", "object"},
         {"properties", {{"commands", texts}, {"done", texts}, {"notDone", texts}, {"notRolledBack", texts},
-                           {"notSettable", texts}, {"losses", texts}}},
+                           {"notSettable", texts}, {"losses", texts}, {"before", state}, {"after", state}}},
         {"additionalProperties", false}};
 }
 

@@ -139,21 +139,27 @@ bool begins_with(const Path& path, const Path& beginning)
     return path.size() >= beginning.size() && std::equal(beginning.begin(), beginning.end(), path.begin());
 }
 
-void show_plan(Output& output, const Plan& plan, const Value& state, const Value& document)
+// Of what the document speaks of and can be set.
+std::vector<Difference> changes_of(const Plan& plan, const Value& part, const Value& document)
 {
-    const Value part = part_spoken_of(state, document);
     std::vector<Difference> found = differences(part, document);
     std::erase_if(found, [&](const Difference& one) {
         return std::ranges::any_of(plan.not_settable, [&](const Path& path) { return begins_with(one.path, path); });
     });
-    output.write(text_of(found));
+    return found;
+}
+
+void show_plan(Output& output, const Plan& plan, const Value& state, const Value& document)
+{
+    const Value part = part_spoken_of(state, document);
+    output.write(text_of(changes_of(plan, part, document)));
     write_paths(output, "cannot be set: ", plan.not_settable);
     for (const std::string& loss : plan.losses)
         output.format("{}\n", loss);
     output.flush();
 }
 
-void show_dry(Output& output, const Plan& plan, const Manner& manner)
+void show_dry(Output& output, const Plan& plan, const Value& state, const Value& document, const Manner& manner)
 {
     if (manner.style == Style::Text) {
         write_commands(output, "", plan.calls);
@@ -161,8 +167,12 @@ void show_dry(Output& output, const Plan& plan, const Manner& manner)
         for (const std::string& loss : plan.losses)
             output.format("# {}\n", loss);
     } else {
+        const Value part = part_spoken_of(state, document);
+        const std::vector<Difference> changes = changes_of(plan, part, document);
         Value answer = Value::object();
         answer.members["commands"] = list_of(plan.calls);
+        answer.members["before"] = part_before(changes);
+        answer.members["after"] = part_after(changes);
         answer.members["notSettable"] = list_of(plan.not_settable);
         answer.members["losses"] = list_of(plan.losses);
         output.write(print_document(answer, spacing_of(manner)));
@@ -229,7 +239,7 @@ int apply(std::span<const std::string> words, const StateOptions& options, const
     const Value before = module.read({scope_of(document).instance, Statistics::LeftOut});
     const Plan plan = plan_of(before, document, manner.order);
     if (options.dry_run) {
-        show_dry(output, plan, manner);
+        show_dry(output, plan, before, document, manner);
         return EXIT_SUCCESS;
     }
     if (!plan.calls.empty() && !options.yes && (manner.style != Style::Text || isatty(STDIN_FILENO) == 0))

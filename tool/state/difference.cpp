@@ -117,6 +117,16 @@ void tell(std::string& text, char mark, const Path& path, const Value& value)
         }
 }
 
+void put(Value& document, const Path& path, const Value* value)
+{
+    if (!value)
+        return;
+    Value* place = &document;
+    for (const std::string& step : path)
+        place = &place->members.try_emplace(step, Value::object()).first->second;
+    *place = *value;
+}
+
 bool all_are_values(const Value& value)
 {
     return std::ranges::none_of(value.members, [](const auto& one) { return one.second.kind == Value::Kind::Object; });
@@ -175,6 +185,22 @@ std::string text_of(const std::vector<Difference>& differences)
             text += fmt::format("~ {}: {} -> {}\n", text_of(one.path), shown(*one.from), shown(*one.to));
     }
     return text;
+}
+
+Value part_before(const std::vector<Difference>& differences)
+{
+    Value part = Value::object();
+    for (const Difference& one : differences)
+        put(part, one.path, one.from);
+    return part;
+}
+
+Value part_after(const std::vector<Difference>& differences)
+{
+    Value part = Value::object();
+    for (const Difference& one : differences)
+        put(part, one.path, one.to);
+    return part;
 }
 
 std::string pointer_to(const Path& path)

@@ -31,6 +31,9 @@ Value without_statistics(const Value& document);
 // As a person reads them: -, + and ~ are what is taken away, added and changed.
 std::string text_of(const std::vector<Difference>& differences);
 std::string text_of(const Path& path);
+// Of either document, what differs.
+Value part_before(const std::vector<Difference>& differences);
+Value part_after(const std::vector<Difference>& differences);
 // As JSON patch and pointers have it.
 Value patch_of(const std::vector<Difference>& differences);
 std::string pointer_to(const Path& path);
