@@ -156,8 +156,8 @@ void refuse_what_is_of_others(const CommandLine& line, std::string_view verb)
 {
     if (line.keep_going && verb != "batch")
         throw Misuse("--keep-going belongs to batch");
-    if ((line.openmetrics || !line.metrics.file.empty()) && verb != "metrics")
-        throw Misuse("--output and --openmetrics belong to metrics");
+    if ((line.openmetrics || !line.metrics.file.empty() || !line.metrics.state.empty()) && verb != "metrics")
+        throw Misuse("--output, --openmetrics and --state belong to metrics");
     if ((line.terms.count > 0 || line.terms.timestamps || !line.duration.empty()) && verb != "watch")
         throw Misuse("--count, --duration and --timestamps belong to watch");
     if (!line.interval.empty() && verb != "watch" && !line.rates)
@@ -321,6 +321,7 @@ public:
         _app.add_option("--duration", _line.duration, "watch: end after this time");
         _app.add_flag("--timestamps", _line.terms.timestamps, "watch: say when each event was seen");
         _app.add_option("--output", _line.metrics.file, "metrics: the file that is replaced by them");
+        _app.add_option("--state", _line.metrics.state, "metrics: a file; how much is not as it says is counted");
         _app.add_flag("--openmetrics", _line.openmetrics, "metrics: in the format of OpenMetrics");
         _app.add_option("--request", _line.raw.request_file, "raw: the file that has the command's input");
         _app.add_option("--reply-size", _line.raw.reply_size, "raw: the room for its reply in bytes");

@@ -5,10 +5,14 @@
 #include "tool/lists.h"
 #include "tool/members.h"
 #include "tool/mistakes.h"
+#include "tool/state/checking.h"
+#include "tool/state/difference.h"
+#include "tool/state/reading.h"
 
 #include <algorithm>
 #include <chrono>
 #include <map>
+#include <optional>
 
 namespace tool {
 namespace {
@@ -127,7 +131,8 @@ class Scrape
 public:
     explicit Scrape(AddressOrder order) : _order(order), _names(order) {}
 
-    std::map<std::string, Family, std::less<>> run(std::span<const std::string> targets)
+    std::map<std::string, Family, std::less<>> run(
+        std::span<const std::string> targets, const std::optional<Value>& state)
     {
         const auto begin = std::chrono::steady_clock::now();
         _families["lumozeph_up"] = {Type::Gauge, "Whether the module answers.", "", {{"", 0}}};
@@ -140,6 +145,8 @@ public:
         read_statistics();
         for (const std::string& target : targets)
             read_receive_side_scaling(target);
+        if (state)
+            compare_with(*state);
         Family errors {Type::Gauge, "Reads that failed, by the function of the library.", "", {}};
         for (const auto& [operation, count] : _errors)
             errors.samples[label("operation", operation)] = count;
@@ -262,6 +269,17 @@ private:
         });
     }
 
+    void compare_with(const Value& document)
+    {
+        try {
+            const Value part = part_spoken_of(read_state(scope_of(document), _order), document);
+            add("lumozeph_state_differences", Type::Gauge, "How many things are not as the file of the state says.", "",
+                static_cast<double>(differences(part, document).size()));
+        } catch (const Failure& failure) {
+            ++_errors[failure.operation];
+        }
+    }
+
     static double element(const Reply& reply, const Member& member, std::size_t i)
     {
         return static_cast<double>(load_number(reply.data() + member.offset + i * member.width, member.width));
@@ -299,7 +317,10 @@ std::string exposed(const std::map<std::string, Family, std::less<>>& families, 
 
 void export_metrics(std::span<const std::string> targets, const MetricsTerms& terms, AddressOrder order, Output& output)
 {
-    const std::string text = exposed(Scrape(order).run(targets), terms.exposition);
+    std::optional<Value> state;
+    if (!terms.state.empty())
+        state = without_statistics(read_document(terms.state));
+    const std::string text = exposed(Scrape(order).run(targets, state), terms.exposition);
     if (!terms.file.empty())
         return replace_contents(terms.file, text, Access::ReadByAll);
     output.write(text);

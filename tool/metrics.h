@@ -19,11 +19,12 @@ enum class Exposition
 struct MetricsTerms
 {
     Exposition exposition = Exposition::PrometheusText;
-    std::string file; // empty: standard output
+    std::string file;  // empty: standard output
+    std::string state; // the file that the state is compared with; empty: none
 };
 
 // Reads all there is; of receive-side scaling, what the targets have. What cannot be read is counted, and is no failure.
-// Throws Failure where it cannot be written.
+// Throws Failure where it cannot be written, and Misuse if the file of the state makes no sense.
 void export_metrics(
     std::span<const std::string> targets, const MetricsTerms& terms, AddressOrder order, Output& output);
 

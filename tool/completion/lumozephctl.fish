@@ -9,3 +9,4 @@ complete --command lumozephctl --no-files --arguments '(__lumozephctl_candidates
 complete --command lumozephctl --condition '__fish_seen_subcommand_from batch save diff apply' --force-files
 complete --command lumozephctl --long-option request --require-parameter --force-files
 complete --command lumozephctl --long-option output --require-parameter --force-files
+complete --command lumozephctl --long-option state --require-parameter --force-files

@@ -1,5 +1,6 @@
 #include "tool/state/checking.h"
 
+#include "tool/files.h"
 #include "tool/mistakes.h"
 #include "tool/spelling.h"
 #include "tool/state/reading.h"
@@ -138,6 +139,19 @@ private:
 Value checked(const Value& document, std::string_view file)
 {
     return Checker(file).document(document);
+}
+
+Value read_document(const std::string& file)
+{
+    const std::string name = file == "-" ? "standard input" : file;
+    std::string text;
+    try {
+        text = contents_of(file);
+    } catch (const Failure& failure) {
+        // As one that makes no sense: of diff, the other status is that of a difference.
+        throw Misuse(failure.what());
+    }
+    return checked(parse_document(text, name), name);
 }
 
 } // namespace tool

@@ -58,22 +58,6 @@ int save(std::span<const std::string> words, const StateOptions& options, const 
     return EXIT_SUCCESS;
 }
 
-// A file that cannot be read is as one that makes no sense: the other status is that of a difference.
-std::string readable_text(const std::string& file)
-{
-    try {
-        return contents_of(file);
-    } catch (const Failure& failure) {
-        throw Misuse(failure.what());
-    }
-}
-
-Value load_state(const std::string& file)
-{
-    const std::string name = file == "-" ? "standard input" : file;
-    return checked(parse_document(readable_text(file), name), name);
-}
-
 Value state_beside(const Value& document, const Manner& manner)
 {
     try {
@@ -87,8 +71,8 @@ Value state_beside(const Value& document, const Manner& manner)
 int diff(std::span<const std::string> words, const Manner& manner, Output& output)
 {
     demand_words(words, 1, 2, "FILE [FILE]");
-    const Value from = load_state(words[1]);
-    const Value to = words.size() > 2 ? load_state(words[2]) : state_beside(from, manner);
+    const Value from = read_document(words[1]);
+    const Value to = words.size() > 2 ? read_document(words[2]) : state_beside(from, manner);
     const std::vector<Difference> found = differences(from, to);
     if (manner.style != Style::Text)
         output.write(print_document(patch_of(found), spacing_of(manner)));
@@ -234,7 +218,7 @@ void end_in_success(Output& output, const Outcome& outcome, const Manner& manner
 int apply(std::span<const std::string> words, const StateOptions& options, const Manner& manner, Output& output)
 {
     demand_words(words, 1, 1, "FILE");
-    const Value document = without_statistics(load_state(words[1]));
+    const Value document = without_statistics(read_document(words[1]));
     HostModule module(manner.order);
     const Value before = module.read({scope_of(document).instance, Statistics::LeftOut});
     const Plan plan = plan_of(before, document, manner.order);
