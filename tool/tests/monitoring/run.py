@@ -45,8 +45,10 @@ def written(emulator, tool, folder):
         set -eu
         lumozephctl batch "$1"
         umask 077
-        lumozephctl metrics eth0 --output "$2/lumozeph.prom"
-        lumozephctl metrics eth0 --openmetrics --output "$2/lumozeph.openmetrics"
+        lumozephctl save "$2/state.json"
+        lumozephctl metrics eth0 --state "$2/state.json" --output "$2/lumozeph.prom"
+        lumozephctl metrics eth0 --state "$2/state.json" --openmetrics --output "$2/lumozeph.openmetrics"
+        rm "$2/state.json"
     """
     path = f"{os.path.dirname(os.path.abspath(tool))}:{os.environ['PATH']}"
     environment = {**os.environ, "PATH": path}
@@ -111,16 +113,20 @@ def main():
             sys.exit(f"the node exporter has errors: {errors}")
 
     known = {name for name, _ in expected} | FOREIGN | {"lumozeph_scrape_duration_seconds"}
-    rules = f"{share}/lumozeph.rules.yml"
-    print(run("promtool", "check", "rules", rules), end="")
+    asked = set()
+    for name in ("lumozeph", "lumozeph-fleet"):
+        rules = f"{share}/{name}.rules.yml"
+        print(run("promtool", "check", "rules", rules), end="")
+        with open(rules, encoding="utf-8") as file:
+            asked |= names_in("".join(line for line in file if "expr:" in line))
     with tempfile.TemporaryDirectory() as folder:
-        shutil.copy(rules, folder)
-        shutil.copy(f"{HERE}/alerts.yml", folder)
-        print(run("promtool", "test", "rules", "alerts.yml", cwd=folder), end="")
+        for file in (f"{share}/lumozeph.rules.yml", f"{share}/lumozeph-fleet.rules.yml"):
+            shutil.copy(file, folder)
+        for file in ("alerts.yml", "fleet_alerts.yml"):
+            shutil.copy(f"{HERE}/{file}", folder)
+            print(run("promtool", "test", "rules", file, cwd=folder), end="")
     with open(f"{share}/lumozeph-dashboard.json", encoding="utf-8") as file:
         dashboard = json.load(file)
-    with open(rules, encoding="utf-8") as file:
-        asked = names_in("".join(line for line in file if "expr:" in line))
     for panel in dashboard["panels"]:
         for target in panel["targets"]:
             asked |= names_in(target["expr"])
