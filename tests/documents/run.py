@@ -75,31 +75,45 @@ def run(commands, folder, environment):
     return list(zip(parts[0::2], map(int, parts[1::2])))
 
 
+def stop_worlds(environment):
+    """Those that a command that failed has kept from being stopped."""
+    script = "lumozeph-emulator list | cut -d ' ' -f 1 | xargs -r -n 1 lumozeph-emulator stop"
+    if shutil.which("lumozeph-emulator", path=environment["PATH"]):
+        subprocess.run(["sh", "-c", script], env=environment, check=True)
+
+
 def first_mistake(document, environment):
     with tempfile.TemporaryDirectory() as folder:
-        # Worlds have names, which are nobody else's here.
-        environment = environment | {"XDG_RUNTIME_DIR": folder}
-        for file in document.path.parent.iterdir():
-            if file.is_file():
-                shutil.copy(file, folder)
-        for block in document.blocks:
-            where = f"{document.path}:{block.line}"
-            if block.language not in ("console", "text") and not block.name:
-                return f"{where}: a block without a name can not be tried"
-            if block.name:
-                Path(folder, block.name).write_text("\n".join(block.lines) + "\n", encoding="utf-8")
-            commands = commands_of(block) if block.language in ("console", "yaml") else []
-            results = run(commands, folder, environment)
-            if len(results) != len(commands):
-                return f"{where}: the shell ended early"
-            for number, (command, (printed, status)) in enumerate(zip(commands, results)):
-                shown = f"{document.path}:{command.line}: $ {command.text}"
-                following = commands[number + 1].text if number + 1 < len(commands) else ""
-                if status != 0 and following != "echo $?":
-                    return f"{shown}\nexits {status}:\n{printed}"
-                elif not matches(command.output, printed):
-                    return f"{shown}\nprints:\n{printed}"
-            print(f"{where}: {len(commands)} commands")
+        # Worlds have names, which are nobody else's here, and Ansible remembers things.
+        environment = environment | {"XDG_RUNTIME_DIR": folder, "ANSIBLE_HOME": f"{folder}/ansible"}
+        try:
+            return follow(document, folder, environment)
+        finally:
+            stop_worlds(environment)
+
+
+def follow(document, folder, environment):
+    for file in document.path.parent.iterdir():
+        if file.is_file():
+            shutil.copy(file, folder)
+    for block in document.blocks:
+        where = f"{document.path}:{block.line}"
+        if block.language not in ("console", "text") and not block.name:
+            return f"{where}: a block without a name can not be tried"
+        if block.name:
+            Path(folder, block.name).write_text("\n".join(block.lines) + "\n", encoding="utf-8")
+        commands = commands_of(block) if block.language in ("console", "yaml") else []
+        results = run(commands, folder, environment)
+        if len(results) != len(commands):
+            return f"{where}: the shell ended early"
+        for number, (command, (printed, status)) in enumerate(zip(commands, results)):
+            shown = f"{document.path}:{command.line}: $ {command.text}"
+            following = commands[number + 1].text if number + 1 < len(commands) else ""
+            if status != 0 and following != "echo $?":
+                return f"{shown}\nexits {status}:\n{printed}"
+            elif not matches(command.output, printed):
+                return f"{shown}\nprints:\n{printed}"
+        print(f"{where}: {len(commands)} commands")
     return None
 
 
