@@ -1,9 +1,9 @@
-"""Turns the results of scripts/bench into the tables of docs/performance.md.
+"""Turns the results of scripts/bench into the tables of documents.
 
-usage: tables.py RESULTS [DOCUMENT]
+usage: tables.py RESULTS [DOCUMENT...]
 
-Prints the tables. With DOCUMENT, also puts each between its lines "<!-- table: NAME -->" and "<!-- end -->" there, and
-draws the picture growth.svg beside it.
+Prints the tables. With documents, also puts each between its lines "<!-- table: NAME -->" and "<!-- end -->" in one of them,
+and draws the picture growth.svg beside the first.
 """
 
 import glob
@@ -272,9 +272,64 @@ def tool(results):
     )
 
 
+def memory(bytes_of_it):
+    for unit, scale in (("GB", 1e9), ("MB", 1e6)):
+        if bytes_of_it >= scale:
+            return f"{bytes_of_it / scale:.3g} {unit}"
+    return f"{bytes_of_it / 1e3:.3g} kB"
+
+
+def period(seconds):
+    for unit, scale in (("hours", 3600), ("minutes", 60)):
+        if seconds >= 2 * scale:
+            return f"{seconds / scale:.2g} {unit}"
+    return time(seconds * 1e9) if seconds < 1 else f"{seconds:.3g} s"
+
+
+def fleet(results):
+    """What a host costs is the difference between a large fleet and a small one."""
+    with open(os.path.join(results, "fleet.json"), encoding="utf-8") as file:
+        small, large = json.load(file)
+    many = 10_000
+    interval = 30
+
+    def a_host(of):
+        return (of(large) - of(small)) / (large["hosts"] - small["hosts"])
+
+    def of_controller(play):
+        seconds = a_host(lambda found: found[play]["controller"]["processor"])
+        return period(seconds), period(many * seconds)
+
+    def of_memory(of):
+        one = a_host(of)
+        return memory(one), memory(of(large) + (many - large["hosts"]) * one)
+
+    series = large["prometheus"]["series"]
+    written = large["metrics"]["written"]
+    module = large["change"]["host"]
+    rows = (
+        ("Ansible's controller: processor time of a play that changes it", *of_controller("change")),
+        ("the same, if there is nothing to change", *of_controller("nothing")),
+        ("the controller's memory", *of_memory(lambda found: found["change"]["controller"]["bytes"])),
+        ("the host: processor time of the module", period(module["processor"]), "the same, on each"),
+        ("its memory, while it runs", memory(module["bytes"]), "the same, on each"),
+        ("`lumozephctl metrics`: processor time", period(large["metrics"]["processor"]), "the same, on each"),
+        ("its memory, while it runs", memory(large["metrics"]["bytes"]), "the same, on each"),
+        (f"what is scraped every {interval} s", memory(written), f"{memory(many * written / interval)} a second"),
+        ("Prometheus: series", f"{series:.0f}", f"{many * series / 1e6:.3g} million"),
+        ("samples a second", f"{series / interval:.2g}", f"{many * series / interval:,.0f}"),
+        ("Prometheus's memory", *of_memory(lambda found: found["prometheus"]["bytes"])),
+        ("for comparison: a host in a box", memory(large["box"]["bytes"]), memory(many * large["box"]["bytes"])),
+    )
+    seconds = " and ".join(period(large[play]["controller"]["seconds"]) for play in ("change", "nothing"))
+    return table(("what", "a host", f"{many:,} hosts"), rows) + (
+        f"\n\nThe plays took {seconds} for {large['hosts']} hosts, whose own work this machine did, too."
+    )
+
+
 TABLES = (
     *(machine, sets, gets, lists, texts, growth, threads, netlink, allocators, loading),
-    *(layers, python, rust, emulator, work, module, tool),
+    *(layers, python, rust, emulator, work, module, tool, fleet),
 )
 
 
@@ -283,14 +338,17 @@ def main():
     tables = {function.__name__: function(results) for function in TABLES}
     for name, text in tables.items():
         print(f"\n== {name}\n{text}")
+    if not documents:
+        return
+    draw_growth(results, os.path.join(os.path.dirname(documents[0]), "growth.svg"))
+    without_place = set(tables)
     for path in documents:
-        draw_growth(results, os.path.join(os.path.dirname(path), "growth.svg"))
         with open(path, encoding="utf-8") as file:
             document = file.read()
         for name, text in tables.items():
             mark = f"<!-- table: {name} -->"
-            if mark not in document:
-                sys.exit(f"{path}: no place for the table {name}")
+            if mark in document:
+                without_place.discard(name)
             document = re.sub(
                 re.escape(mark) + ".*?<!-- end -->",
                 lambda _, mark=mark, text=text: f"{mark}\n{text}\n<!-- end -->",
@@ -299,6 +357,8 @@ def main():
             )
         with open(path, "w", encoding="utf-8") as file:
             file.write(document)
+    if without_place:
+        sys.exit(f"no document has a place for {', '.join(sorted(without_place))}")
 
 
 if __name__ == "__main__":

@@ -114,11 +114,11 @@ class Box:
     def world(self, host, *words):
         return self.run("lumozeph-emulator", "world", host, *words)
 
-    def play(self, *options):
+    def play(self, *options, before=()):
         """What came of the play, by the host."""
         results = self.folder / "results"
         results.write_bytes(b"")
-        words = ("ansible-playbook", "site.yml", *options)
+        words = (*before, "ansible-playbook", "site.yml", *options)
         result = self.attempt(*words)
         # 2: hosts have failed.
         if result.returncode not in (0, 2):
