@@ -296,30 +296,6 @@ private:
     Position position_;
 };
 
-void print_text(std::string& out, std::string_view text)
-{
-    const auto escape = [&](unsigned code) {
-        char escaped[8];
-        std::snprintf(escaped, sizeof escaped, "\\u%04x", code);
-        out += escaped;
-    };
-    out.push_back('"');
-    while (!text.empty()) {
-        const auto first = static_cast<unsigned char>(text[0]);
-        const std::size_t length = character_length(text);
-        if (length == 0)
-            escape(0xdc00u | first);
-        else if (first < 0x20 || first == 0x7f)
-            escape(first);
-        else if (first == '"' || first == '\\')
-            out.append({'\\', text[0]});
-        else
-            out.append(text.substr(0, length));
-        text.remove_prefix(std::max<std::size_t>(length, 1));
-    }
-    out.push_back('"');
-}
-
 void print(std::string& out, const Value& value, std::size_t indent);
 
 template <class All, class One>
@@ -344,14 +320,14 @@ void print(std::string& out, const Value& value, std::size_t indent)
 {
     if (const Object* object = value.object())
         print_all(out, *object, indent, '{', '}', [&](const Member& member) {
-            print_text(out, member.name);
+            append_text(out, member.name);
             out += ": ";
             print(out, member.value, indent + 2);
         });
     else if (const Array* array = value.array())
         print_all(out, *array, indent, '[', ']', [&](const Value& element) { print(out, element, indent + 2); });
     else if (const std::string* text = value.text())
-        print_text(out, *text);
+        append_text(out, *text);
     else if (const Number* number = value.number())
         out += number->digits;
     else if (const bool* truth = value.truth())
@@ -400,6 +376,30 @@ bool equal(const Value& left, const Value& right)
 Value parse(std::string_view text)
 {
     return Reader(text).document();
+}
+
+void append_text(std::string& out, std::string_view text)
+{
+    const auto escape = [&](unsigned code) {
+        char escaped[8];
+        std::snprintf(escaped, sizeof escaped, "\\u%04x", code);
+        out += escaped;
+    };
+    out.push_back('"');
+    while (!text.empty()) {
+        const auto first = static_cast<unsigned char>(text[0]);
+        const std::size_t length = character_length(text);
+        if (length == 0)
+            escape(0xdc00u | first);
+        else if (first < 0x20 || first == 0x7f)
+            escape(first);
+        else if (first == '"' || first == '\\')
+            out.append({'\\', text[0]});
+        else
+            out.append(text.substr(0, length));
+        text.remove_prefix(std::max<std::size_t>(length, 1));
+    }
+    out.push_back('"');
 }
 
 std::string print(const Value& value)

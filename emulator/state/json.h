@@ -76,4 +76,7 @@ Value parse(std::string_view text);
 // A line for each member and element, and one at the end.
 std::string print(const Value& value);
 
+// Appends the text, quoted.
+void append_text(std::string& out, std::string_view text);
+
 } // namespace emulator::json

@@ -23,6 +23,13 @@ void add(std::array<std::byte, Size>& bytes, std::uint64_t by)
 
 constexpr std::int64_t second = 1000000000;
 
+void append_digits(std::string& text, std::byte byte)
+{
+    constexpr std::string_view digits = "0123456789abcdef";
+    text.push_back(digits[std::to_integer<std::size_t>(byte >> 4)]);
+    text.push_back(digits[std::to_integer<std::size_t>(byte & std::byte {0xf})]);
+}
+
 } // namespace
 
 std::string of_ipv4(std::uint32_t address)
@@ -59,11 +66,11 @@ std::string of_mac(const MacAddress& address)
 {
     std::string text;
     for (const std::byte byte : address) {
-        char digits[4];
-        std::snprintf(digits, sizeof digits, ":%02x", std::to_integer<unsigned>(byte));
-        text += digits;
+        if (!text.empty())
+            text.push_back(':');
+        append_digits(text, byte);
     }
-    return text.substr(1);
+    return text;
 }
 
 std::optional<MacAddress> mac(std::string_view text)
@@ -86,11 +93,9 @@ std::optional<std::uint32_t> mask(std::string_view text)
 std::string of_bytes(std::span<const std::byte> bytes)
 {
     std::string text;
-    for (const std::byte byte : bytes) {
-        char digits[3];
-        std::snprintf(digits, sizeof digits, "%02x", std::to_integer<unsigned>(byte));
-        text += digits;
-    }
+    text.reserve(2 * bytes.size());
+    for (const std::byte byte : bytes)
+        append_digits(text, byte);
     return text;
 }
 
