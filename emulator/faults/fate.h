@@ -5,6 +5,7 @@
 #include "emulator/model/module.h"
 
 #include <optional>
+#include <string>
 
 namespace emulator {
 
@@ -14,6 +15,7 @@ struct Fate
     bool hangs = false;              // it waits forever
     std::optional<Effect> effect {}; // neither of these
     std::uint64_t seed = 0;          // of what is at random in it
+    std::string faults {};           // that strike it, as they were written, with spaces between
 
     bool waits() const { return hangs || delay > Time {}; }
     // The errno with which it fails, or 0.

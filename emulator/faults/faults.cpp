@@ -48,12 +48,15 @@ Fate Faults::next(IsMeant is_meant)
             continue;
         if (fault.effect.kind == Effect::Kind::Delay) {
             fate.delay += Time(fault.effect.number);
-        } else if (!fate.hangs && !fate.effect) {
+        } else if (fate.hangs || fate.effect) {
+            continue;
+        } else {
             fate.hangs = fault.effect.kind == Effect::Kind::Hang;
             if (!fate.hangs)
                 fate.effect = fault.effect;
             fate.seed = drawn;
         }
+        fate.faults.append(fate.faults.empty() ? "" : " ").append(fault.text);
     }
     return fate;
 }
