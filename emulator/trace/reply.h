@@ -1,0 +1,32 @@
+// Replies, as their parts are told of.
+#pragma once
+
+#include "emulator/protocol/command.h"
+#include "emulator/trace/event.h"
+
+#include <cstddef>
+#include <vector>
+
+namespace emulator {
+
+// Of a list, the first records are shown, and of what is no record, the first bytes.
+constexpr std::size_t records_shown = 4;
+constexpr std::size_t bytes_shown = 64;
+
+struct ReplyParts
+{
+    std::size_t head = 0; // its bytes
+    std::size_t records = 0;
+    std::size_t shown = 0; // of the records
+    std::size_t rest = 0;  // bytes behind the last record
+};
+
+ReplyParts parts_of(const protocol::Reply& described, std::size_t size);
+
+// The command of this number; null if there is none.
+const protocol::Command* command_of(std::uint32_t number);
+
+// Keeps what is shown of a reply.
+void keep_reply(Call& call, std::vector<std::byte> reply);
+
+} // namespace emulator
