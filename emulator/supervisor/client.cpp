@@ -19,6 +19,8 @@ int handle_of(std::uint32_t process, unsigned int flags)
     return static_cast<int>(syscall(SYS_pidfd_open, process, flags));
 }
 
+} // namespace
+
 std::uint32_t process_of(std::uint32_t thread)
 {
     std::ifstream status(fmt::format("/proc/{}/status", thread));
@@ -29,8 +31,6 @@ std::uint32_t process_of(std::uint32_t thread)
             return process;
     return thread;
 }
-
-} // namespace
 
 Descriptor Copier::copy(std::uint32_t thread, std::uint64_t descriptor)
 {

@@ -7,6 +7,9 @@
 
 namespace emulator {
 
+// The process that a thread belongs to; the thread's number if it is not to be found.
+std::uint32_t process_of(std::uint32_t thread);
+
 // Copies the descriptors of threads.
 class Copier
 {

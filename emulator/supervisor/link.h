@@ -36,6 +36,7 @@ enum class Word : char
     Fault,    // passes a text that is a fault for the world
     Faults,   // asks for its faults; what Ready passes has a line for each
     Unfault,  // takes them away
+    Journal,  // number: the format in which what was asked is told; what Ready passes has a line for each
     Refused,  // text: why what was asked makes no sense
 };
 

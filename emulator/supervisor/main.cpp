@@ -9,6 +9,7 @@
 #include "emulator/supervisor/control.h"
 #include "emulator/supervisor/descriptor.h"
 #include "emulator/supervisor/failure.h"
+#include "emulator/supervisor/formats.h"
 #include "emulator/supervisor/readiness.h"
 #include "emulator/supervisor/world.h"
 #include "emulator/supervisor/world_command.h"
@@ -103,6 +104,9 @@ struct Asked
     std::optional<std::string> world;
     std::optional<emulator::Mode> mode;
     std::string trace;
+    emulator::TraceFormat format = emulator::TraceFormat::Text;
+    bool summary = false;
+    std::size_t journal = 10000;
     bool opens = false;
     bool linger = false;
     double grace = 2;
@@ -160,8 +164,12 @@ emulator::Wishes wishes_for(const Asked& asked, const Outputs& outputs)
     emulator::Wishes wishes;
     wishes.name = asked.world;
     wishes.mode = asked.mode;
-    wishes.trace = outputs.trace.number();
-    wishes.traced = asked.opens ? Traced::CommandsAndOpens : Traced::Commands;
+    wishes.telling = {.trace = outputs.trace.number(),
+        .format = asked.format,
+        .traced = asked.opens ? Traced::CommandsAndOpens : Traced::Commands,
+        // Who has no name is asked by nobody.
+        .journal = asked.world ? asked.journal : 0,
+        .summary = asked.summary};
     wishes.state = outputs.state.number();
     wishes.lifetime.leftovers = asked.linger ? emulator::Leftovers::WaitFor : emulator::Leftovers::End;
     wishes.lifetime.grace = milliseconds(asked.grace);
@@ -268,10 +276,6 @@ void add_options_of_world(CLI::App& command, Asked& asked)
     command.add_option("--mode", asked.mode, "How the device comes into the world: namespaces or injection")
         ->type_name("MODE")
         ->transform(CLI::Transformer(std::map<std::string, emulator::Mode>(modes.begin(), modes.end())));
-    command.add_option("--trace", asked.trace, "Write a line of JSON for each command answered (-: standard error)")
-        ->type_name("FILE");
-    command.add_flag("--opens", asked.opens,
-        "See the opens of the device, for the trace and for faults; slows all opens in the world");
     command.add_option("--grace", asked.grace, "Seconds between SIGTERM and SIGKILL for what must end (2)")
         ->type_name("SECONDS")
         ->check(in_seconds);
@@ -279,6 +283,20 @@ void add_options_of_world(CLI::App& command, Asked& asked)
         ->type_name("SECONDS")
         ->check(in_seconds);
     command.add_option("--save", asked.save, "Write the state when the world ends")->type_name("FILE");
+}
+
+void add_options_of_trace(CLI::App& command, Asked& asked)
+{
+    command.add_option("--trace", asked.trace, "Write a line for each command answered (-: standard error)")
+        ->type_name("FILE");
+    emulator::choose_format(
+        command.add_option("--trace-format", asked.format, "How: text (for people), or json (an object a line)"));
+    command.add_flag("--summary", asked.summary, "Print, in the end, how many commands there were and what they took");
+    command.add_option("--journal", asked.journal, "How many commands a world with a name remembers (10000)")
+        ->type_name("NUMBER")
+        ->check(CLI::NonNegativeNumber);
+    command.add_flag("--opens", asked.opens,
+        "See the opens of the device, for the trace and for faults; slows all opens in the world");
 }
 
 void add_options_of_module(CLI::App& command, Asked& asked)
@@ -329,6 +347,7 @@ int main(int argc, char** argv)
     CLI::App* const check_command = app.add_subcommand("check", "Say whether this machine can run the emulator");
 
     add_options_of_world(*run_command, asked);
+    add_options_of_trace(*run_command, asked);
     run_command->add_option("--world", asked.world, "Give the world a name, by which others can join it")
         ->type_name("NAME");
     run_command->add_flag("--linger", asked.linger, "Wait for what PROGRAM leaves running, instead of ending it");
@@ -340,6 +359,7 @@ int main(int argc, char** argv)
             in_process_flag->excludes(option);
     add_options_of_module(*run_command, asked);
     add_options_of_world(*serve_command, asked);
+    add_options_of_trace(*serve_command, asked);
     add_options_of_module(*serve_command, asked);
     serve_command->add_option("--world", asked.world, "The world's name")->type_name("NAME")->required();
     join_command->add_option("NAME", asked.world, "The world's name")->required();

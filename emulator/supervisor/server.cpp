@@ -4,6 +4,7 @@
 #include "emulator/protocol/envelope.h"
 #include "emulator/supervisor/failure.h"
 #include "emulator/supervisor/memory.h"
+#include "emulator/trace/reply.h"
 
 #include <algorithm>
 #include <array>
@@ -63,13 +64,19 @@ Fate SharedModule::fate_of_open()
     return faults_.of_open();
 }
 
-SharedModule::Applied SharedModule::apply(const Asked& asked, std::span<const std::byte> input, const Fate& fate)
+Answer SharedModule::apply(Call& call, const Fate& fate)
 {
     const std::lock_guard one(one_at_a_time_);
-    Applied applied {++applied_, {EINVAL, {}}};
-    if (asked.in_len == input.size())
-        applied.answer = emulator::answer(module_, fate, asked.number, input, asked.room);
-    return applied;
+    call.order = ++applied_;
+    if (call.in_len != call.input.size())
+        return {EINVAL, {}};
+    return emulator::answer(module_, fate, call.number, call.input, call.room);
+}
+
+void SharedModule::pass_by(Call& call)
+{
+    const std::lock_guard one(one_at_a_time_);
+    call.order = ++applied_;
 }
 
 void SharedModule::use(const std::function<void(Module&)>& user)
@@ -180,10 +187,16 @@ std::string_view Server::device_named(std::uint64_t folder, const std::string& p
 
 void Server::open_device(std::string_view path, std::uint64_t flags)
 {
+    const auto begun = std::chrono::system_clock::now();
     const Fate fate = module_.fate_of_open();
-    if (!wait(fate))
+    const bool is_answered = wait(fate);
+    if (module_.witness().sees_opens())
+        tell({.begun = begun,
+            .what = Opening {std::string(path), flags},
+            .error = is_answered ? std::optional(fate.error()) : std::nullopt,
+            .faults = fate.faults});
+    if (!is_answered)
         return;
-    module_.trace_open(notification_.pid, path, flags, fate.error());
     if (fate.error() != 0)
         respond(fate.error());
     else if (device_.is_file())
@@ -227,43 +240,70 @@ void Server::answer_ioctl()
 
 void Server::answer_command()
 {
-    if (const std::optional<int> error = command())
+    const auto begun = std::chrono::system_clock::now();
+    Call call {.number = static_cast<std::uint32_t>(notification_.data.args[1])};
+    std::string faults;
+    const std::optional<int> error = command(call, faults);
+    if (module_.witness().sees_commands())
+        tell({.begun = begun, .what = std::move(call), .error = error, .faults = std::move(faults)});
+    if (error)
         respond(*error);
 }
 
 // The errno, or 0. Nothing if nobody waits for it, or nobody is to get it.
-std::optional<int> Server::command()
+std::optional<int> Server::command(Call& call, std::string& faults)
 {
-    const auto number = static_cast<std::uint32_t>(notification_.data.args[1]);
     const std::uint64_t envelope_at = notification_.data.args[2];
     const Memory memory(static_cast<pid_t>(notification_.pid));
 
     std::array<std::byte, envelope::layout.size> bytes {};
-    if (!memory.read(envelope_at, bytes))
-        return errno == EPERM ? EIO : EFAULT;
-    const Input sent(bytes);
-    const Asked asked {notification_.pid, number, sent[envelope::in_len], sent[envelope::out_len]};
-
-    std::vector<std::byte> input(std::min(asked.in_len, longest_input));
-    if (!memory.read(sent[envelope::in_ptr], input))
-        return EFAULT;
-    const Fate fate = asked.in_len == input.size() ? module_.fate_of_command(number) : Fate();
-    if (!wait(fate))
-        return std::nullopt;
-    // The process may have been killed and its number given to another one while its memory was read.
-    if (!still_waiting())
-        return EINTR;
-
-    SharedModule::Applied applied = module_.apply(asked, input, fate);
-    Answer& answer = applied.answer;
-    if (answer.error == 0) {
-        const std::uint32_t length = answer.length();
-        if (!memory.write({{{sent[envelope::out_ptr], answer.reply},
-                {envelope_at + envelope::out_len.offset, std::as_bytes(std::span(&length, 1))}}}))
-            answer.error = EFAULT;
+    if (!memory.read(envelope_at, bytes)) {
+        const int error = errno == EPERM ? EIO : EFAULT;
+        module_.pass_by(call);
+        return error;
     }
-    module_.trace(asked, applied);
-    return answer.error;
+    const Input sent(bytes);
+    call.readable = Readable::Envelope;
+    call.in_len = sent[envelope::in_len];
+    call.room = sent[envelope::out_len];
+
+    call.input.resize(std::min(call.in_len, longest_input));
+    if (!memory.read(sent[envelope::in_ptr], call.input)) {
+        call.input.clear();
+        module_.pass_by(call);
+        return EFAULT;
+    }
+    call.readable = Readable::Input;
+    const Fate fate = call.in_len == call.input.size() ? module_.fate_of_command(call.number) : Fate();
+    faults = fate.faults;
+    // The process may have been killed and its number given to another one while its memory was read.
+    if (!wait(fate) || !still_waiting()) {
+        module_.pass_by(call);
+        return std::nullopt;
+    }
+    return carry_out(call, envelope_at, sent[envelope::out_ptr], fate);
+}
+
+int Server::carry_out(Call& call, std::uint64_t envelope_at, std::uint64_t reply_at, const Fate& fate)
+{
+    Answer answer = module_.apply(call, fate);
+    if (answer.error != 0)
+        return answer.error;
+    call.reply_len = answer.length();
+    const Memory memory(static_cast<pid_t>(notification_.pid));
+    if (!memory.write({{{reply_at, answer.reply},
+            {envelope_at + envelope::out_len.offset, std::as_bytes(std::span(&call.reply_len, 1))}}}))
+        return EFAULT;
+    if (module_.witness().sees_commands())
+        keep_reply(call, std::move(answer.reply));
+    return 0;
+}
+
+void Server::tell(Event event)
+{
+    event.took = std::chrono::system_clock::now() - event.begun;
+    event.caller = callers_.find(notification_.pid);
+    module_.witness().tell(std::move(event));
 }
 
 // False if whoever has called is gone, or is left waiting: until it is killed, and without a thread of ours.

@@ -4,7 +4,7 @@
 #include "emulator/faults/faults.h"
 #include "emulator/supervisor/client.h"
 #include "emulator/supervisor/device.h"
-#include "emulator/supervisor/trace.h"
+#include "emulator/supervisor/witness.h"
 
 #include <cstdint>
 #include <functional>
@@ -21,35 +21,27 @@ namespace emulator {
 class SharedModule
 {
 public:
-    SharedModule(Module& module, Faults& faults, Trace& trace) : module_(module), faults_(faults), trace_(trace) {}
+    SharedModule(Module& module, Faults& faults, Witness& witness) : module_(module), faults_(faults), witness_(witness)
+    {}
 
     // What is to become of the next command, or open. Whoever asks waits as long as it says.
     Fate fate_of_command(std::uint32_t number);
     Fate fate_of_open();
 
-    struct Applied
-    {
-        std::uint64_t order; // counts the commands
-        Answer answer;
-    };
-
-    Applied apply(const Asked& asked, std::span<const std::byte> input, const Fate& fate);
+    // Counts the commands. What makes no command is counted, but does not reach the module.
+    Answer apply(Call& call, const Fate& fate);
+    void pass_by(Call& call);
 
     // Between two commands.
     void use(const std::function<void(Module&)>& user);
     void use_faults(const std::function<void(Faults&)>& user);
 
-    void trace(const Asked& asked, const Applied& applied) { trace_.write(applied.order, asked, applied.answer); }
-    // error: the errno with which it fails, or 0.
-    void trace_open(std::uint32_t pid, std::string_view path, std::uint64_t flags, int error)
-    {
-        trace_.write_open(pid, path, flags, error);
-    }
+    Witness& witness() const { return witness_; }
 
 private:
     Module& module_;
     Faults& faults_;
-    Trace& trace_;
+    Witness& witness_;
     std::mutex one_at_a_time_;
     std::uint64_t applied_ = 0;
 };
@@ -76,7 +68,9 @@ private:
     void give(std::uint64_t flags);
     void answer_ioctl();
     void answer_command();
-    std::optional<int> command();
+    std::optional<int> command(Call& call, std::string& faults);
+    int carry_out(Call& call, std::uint64_t envelope_at, std::uint64_t reply_at, const Fate& fate);
+    void tell(Event event);
     bool wait(const Fate& fate) const;
     bool still_waiting() const;
     void let_continue();
@@ -86,6 +80,7 @@ private:
     const Device& device_;
     int listener_;
     Copier copier_;
+    Callers callers_;
     std::vector<std::byte> received_; // the kernel says how large these are
     std::vector<std::byte> response_;
     Notification notification_ {};

@@ -1,68 +1,59 @@
-// What was asked and answered, a line of JSON for each command, and for each open of the device if that is wished.
+// Writes what was asked and answered, a line for each event.
 #pragma once
 
-#include "emulator/model/module.h"
-#include "emulator/supervisor/descriptor.h"
+#include "emulator/trace/event.h"
+#include "emulator/trace/fields.h"
 
 #include <chrono>
 #include <condition_variable>
 #include <cstdint>
+#include <memory>
 #include <mutex>
 #include <string>
-#include <string_view>
 #include <thread>
+#include <vector>
 
 namespace emulator {
 
-// What there are lines for.
-enum class Traced
-{
-    Commands,
-    CommandsAndOpens, // of the device
-};
-
-struct Asked
-{
-    std::uint32_t pid;
-    std::uint32_t number;
-    std::uint32_t in_len;
-    std::uint32_t room;
-};
-
-// Nobody waits for the lines to be written: a thread writes them. Those that find no room while whoever reads them is
-// behind, or cannot be written, are counted, and the user is told.
+// Nobody waits for the lines to be made and written: a thread does that. Events that find no room while whoever reads is
+// behind, and lines that cannot be written, are counted, and the user is told.
 class Trace
 {
 public:
-    // file: where the lines go, or -1 for nowhere.
-    Trace(int file, Traced traced) : file_(file), traced_(traced) {}
+    Trace(int file, TraceFormat format) : file_(file), format_(format) {}
     Trace(const Trace&) = delete;
     Trace& operator=(const Trace&) = delete;
 
-    // order: that of the commands, which may be answered in another.
-    void write(std::uint64_t order, const Asked& asked, const Answer& answer);
-
-    // path: that of the device; error: the errno with which it is made to fail, or 0.
-    void write_open(std::uint32_t pid, std::string_view path, std::uint64_t flags, int error);
+    void add(std::shared_ptr<const Event> event);
 
     // Waits until all has been written, but not for long, and says on the standard error what was not.
     void finish(std::chrono::milliseconds patience);
 
 private:
-    void add(const std::string& line);
+    struct Entry
+    {
+        std::uint64_t lost_before;
+        std::shared_ptr<const Event> event;
+    };
+
     void start();
     void work();
+    void write(const std::vector<Entry>& entries);
+    void write_lines(std::string& lines, std::uint64_t& count);
 
-    int file_;
-    Traced traced_;
+    const int file_;
+    const TraceFormat format_;
     std::mutex mutex_;
     std::condition_variable something_;
-    std::condition_variable nothing_;
-    std::string waiting_;       // lines to be written
-    std::string writing_;       // those that the thread has taken
-    std::uint64_t omitted_ = 0; // lines left out since the last one that found room
-    std::uint64_t lost_ = 0;    // lines that were left out or could not be written
-    int error_ = 0;             // why no more can be written
+    std::condition_variable ended_;
+    std::vector<Entry> waiting_;
+    std::size_t size_ = 0;        // of what waits, in bytes
+    std::uint64_t unwritten_ = 0; // events that wait or are being written
+    std::uint64_t omitted_ = 0;   // events left out since the last one that found room
+    std::uint64_t lost_ = 0;      // events that were left out
+    int error_ = 0;               // why no more can be written
+    bool is_over_ = false;        // no more events come
+    bool has_ended_ = false;      // the thread
     std::thread thread_;
 };
 

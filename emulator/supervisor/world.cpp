@@ -106,11 +106,11 @@ Front make_world(Mode mode, Traced traced, const Foreground& foreground, const W
 Front make_best_world(const Wishes& wishes, const Foreground& foreground, const Work& work)
 {
     if (wishes.mode)
-        return make_world(*wishes.mode, wishes.traced, foreground, work);
+        return make_world(*wishes.mode, wishes.telling.traced, foreground, work);
     try {
-        return make_world(Mode::Namespaces, wishes.traced, foreground, work);
+        return make_world(Mode::Namespaces, wishes.telling.traced, foreground, work);
     } catch (const std::runtime_error& refusal) {
-        return make_world(Mode::Injection, wishes.traced, foreground, work);
+        return make_world(Mode::Injection, wishes.telling.traced, foreground, work);
     }
 }
 
@@ -149,9 +149,9 @@ private:
 };
 
 // Does what is left to be done when the world has ended.
-void wind_up(const Wishes& wishes, SharedModule& module, Trace& trace, Door& door)
+void wind_up(const Wishes& wishes, SharedModule& module, Door& door)
 {
-    trace.finish(wishes.lifetime.grace);
+    module.witness().finish(wishes.lifetime.grace);
     if (wishes.state >= 0)
         module.use([&](Module& used) { replace_content(wishes.state, json::print(state_of(used))); });
     // Who takes the name over finds the state written.
@@ -163,8 +163,8 @@ void wind_up(const Wishes& wishes, SharedModule& module, Trace& trace, Door& doo
 Ending run_in_world(Module& module, Faults& faults, const Wishes& wishes, const std::function<int()>& program)
 {
     Door door(wishes.name);
-    Trace trace(wishes.trace, wishes.traced);
-    SharedModule shared(module, faults, trace);
+    Witness witness(wishes.telling);
+    SharedModule shared(module, faults, witness);
     const Signals signals = heard_by_front();
     const Foreground foreground;
     Front front = make_best_world(wishes, foreground, [&](Mode mode, const Premises& premises, const Link& link) {
@@ -174,7 +174,7 @@ Ending run_in_world(Module& module, Faults& faults, const Wishes& wishes, const 
             signals.restore();
             return program();
         });
-        wind_up(wishes, shared, trace, door);
+        wind_up(wishes, shared, door);
     });
     door.leave_to_supervisor();
     return front.wait(signals);
@@ -184,15 +184,15 @@ Ending serve_world(Module& module, Faults& faults, const Wishes& wishes, const s
 {
     require_filter();
     Door door(wishes.name);
-    Trace trace(wishes.trace, wishes.traced);
-    SharedModule shared(module, faults, trace);
+    Witness witness(wishes.telling);
+    SharedModule shared(module, faults, witness);
     const Signals signals = heard_by_front();
     const Foreground foreground;
     Front front = make_best_world(wishes, foreground, [&](Mode, const Premises& premises, const Link& link) {
         Supervisor supervisor(shared, premises, wishes.lifetime, link, door.socket());
         link.send(Word::Ready);
         supervisor.serve();
-        wind_up(wishes, shared, trace, door);
+        wind_up(wishes, shared, door);
     });
     door.leave_to_supervisor();
     ready();

@@ -4,7 +4,7 @@
 #include "emulator/faults/faults.h"
 #include "emulator/supervisor/front.h"
 #include "emulator/supervisor/lifetime.h"
-#include "emulator/supervisor/trace.h"
+#include "emulator/supervisor/witness.h"
 
 #include <functional>
 #include <optional>
@@ -24,8 +24,7 @@ struct Wishes
 {
     std::optional<std::string> name;
     std::optional<Mode> mode; // the best one that the machine allows, if none is given
-    int trace = -1;           // where to write a line of JSON for each command answered, if anywhere
-    Traced traced = Traced::Commands;
+    Telling telling;
     int state = -1; // where to write the module's state when the world has ended, if anywhere
     Lifetime lifetime;
 };

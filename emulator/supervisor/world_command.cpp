@@ -3,6 +3,7 @@
 #include "emulator/state/patch.h"
 #include "emulator/state/state_file.h"
 #include "emulator/supervisor/failure.h"
+#include "emulator/supervisor/formats.h"
 #include "emulator/supervisor/output.h"
 
 #include <algorithm>
@@ -26,7 +27,8 @@ void print(std::string_view text)
 } // namespace
 
 WorldCommand::WorldCommand(CLI::App& app)
-    : command_(app.add_subcommand("world", "Read and change the state of a world, and its faults: world NAME get"))
+    : command_(app.add_subcommand(
+          "world", "Read and change a world's state and faults, and see what was asked of it: world NAME get"))
 {
     command_->add_option("NAME", world_, "The world's name")->required();
     command_->require_subcommand(1);
@@ -66,6 +68,7 @@ WorldCommand::WorldCommand(CLI::App& app)
         ->add_option("SECONDS", seconds_, "How much, beside what passes by itself")
         ->required();
     add_faults();
+    add_journal();
 }
 
 CLI::App* WorldCommand::add(const char* name, const char* what, Verb verb)
@@ -99,6 +102,16 @@ void WorldCommand::add_faults()
         state.clear_faults();
         return 0;
     });
+}
+
+void WorldCommand::add_journal()
+{
+    CLI::App* const journal =
+        add("journal", "Print what was asked of the module, and answered", [this](const WorldState& state) {
+            print(state.journal(format_));
+            return 0;
+        });
+    choose_format(journal->add_option("--format", format_, "How: text or json, an object a line"));
 }
 
 CLI::App* WorldCommand::add_with_file(const char* name, const char* what, Verb verb)

@@ -29,6 +29,7 @@ private:
     CLI::App* add(const char* name, const char* what, Verb verb);
     CLI::App* add_to(CLI::App& parent, const char* name, const char* what, Verb verb);
     void add_faults();
+    void add_journal();
     CLI::App* add_with_file(const char* name, const char* what, Verb verb);
 
     int get(const WorldState& state) const;
@@ -42,6 +43,7 @@ private:
     std::string file_;
     std::string seconds_;
     std::string fault_;
+    TraceFormat format_ = TraceFormat::Text;
 };
 
 } // namespace emulator

@@ -124,6 +124,12 @@ std::string WorldState::faults() const
     return text_of(answer().passed);
 }
 
+std::string WorldState::journal(TraceFormat format) const
+{
+    link_.send(Word::Journal, static_cast<int>(format));
+    return text_of(answer().passed);
+}
+
 void WorldState::change(Word how, const std::string& document) const
 {
     link_.pass(how, document_of(document).number());
@@ -151,6 +157,7 @@ bool is_about_module(Word word)
     case Word::Merge:
     case Word::Compare:
     case Word::Advance:
+    case Word::Journal:
         return true;
     default:
         return is_about_faults(word);
@@ -160,7 +167,9 @@ bool is_about_module(Word word)
 void answer_about_module(SharedModule& module, const Message& asked, const Link& link)
 {
     try {
-        if (is_about_faults(asked.word))
+        if (asked.word == Word::Journal)
+            pass(link, module.witness().journal(static_cast<TraceFormat>(asked.number)));
+        else if (is_about_faults(asked.word))
             module.use_faults([&](Faults& used) { answer_about_faults(used, asked, link); });
         else
             module.use([&](Module& used) { answer_about_state(used, asked, link); });

@@ -43,6 +43,9 @@ public:
     // A line for each.
     std::string faults() const;
 
+    // What was asked of the module, and answered.
+    std::string journal(TraceFormat format) const;
+
 private:
     void change(Word how, const std::string& document) const;
     Message answer() const;

@@ -80,6 +80,15 @@ static int numbered_ioctl(unsigned long number)
     return report("ioctl", ioctl(open(NORMAL, O_RDWR), number, &envelope));
 }
 
+static int list_routes(const char* instance)
+{
+    static char routes[8000 * 668];
+    char request[776] = {0};
+    struct envelope envelope = {sizeof request, request, sizeof routes, routes};
+    memcpy(request, instance, strlen(instance));
+    return report("routes", ioctl(open(NORMAL, O_RDWR), 36, &envelope));
+}
+
 static int bad_pointers(void)
 {
     char* const page = mmap(NULL, 4096, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
@@ -334,6 +343,8 @@ int main(int argc, char** argv)
         return set((uint32_t)strtoul(argv[2], NULL, 0));
     if (strcmp(verb, "ioctl") == 0)
         return numbered_ioctl((unsigned long)strtol(argv[2], NULL, 0));
+    if (strcmp(verb, "list-routes") == 0)
+        return list_routes(argv[2]);
     if (strcmp(verb, "bad-pointers") == 0)
         return bad_pointers();
     if (strcmp(verb, "path-at-the-end-of-a-page") == 0)

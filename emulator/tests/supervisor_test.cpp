@@ -3,7 +3,6 @@
 
 #include <poll.h>
 #include <pty.h>
-#include <set>
 #include <sys/stat.h>
 
 using testing::HasSubstr;
@@ -778,119 +777,6 @@ TEST_P(Signals, ThatStopTheProgramStopTheEmulatorUntilItGoesOn)
     const Ended ended = process.wait();
     EXPECT_EQ(ended.status, 6);
     EXPECT_EQ(ended.out, "ready\nagain\n");
-}
-
-class Trace : public InMode
-{};
-INSTANTIATE_TEST_SUITE_P(Modes, Trace, modes, [](const auto& mode) { return mode.param; });
-
-TEST_P(Trace, IsALineOfJsonForEachCommand)
-{
-    const Ended ended =
-        Process(::in_world({"--mode", GetParam(), "--trace", "-"}, {DYNAMIC_CLIENT, "set", "9"})).wait();
-    EXPECT_EQ(ended.status, 0);
-    EXPECT_THAT(ended.err,
-        MatchesRegex(
-            "\\{\"order\":1,\"pid\":[0-9]+,\"command\":10,\"inLen\":4,\"room\":0,\"errno\":0,\"replyLen\":0\\}\n"));
-}
-
-TEST_P(Trace, TellsOfCommandsThatFail)
-{
-    const Ended ended =
-        Process(::in_world({"--mode", GetParam(), "--trace", "-"}, {DYNAMIC_CLIENT, "ioctl", "70"})).wait();
-    EXPECT_THAT(ended.err, HasSubstr("\"command\":70,\"inLen\":0,\"room\":4,\"errno\":25,\"replyLen\":0}"));
-}
-
-std::string open_of(const std::string& path, int flags)
-{
-    return "\\{\"pid\":[0-9]+,\"open\":\"" + path + "\",\"flags\":" + std::to_string(flags) + "\\}\n";
-}
-
-constexpr const char* normal = "/pelt/devices/char/zephdriver/kola_lumo";
-constexpr const char* upgrade = "/pelt/devices/char/zephdriver/kola_lumo_ugrade";
-
-TEST_P(Trace, TellsOfOpensIfAsked)
-{
-    const Words options {"--opens", "--trace", "-"};
-    const Ended ended = Process(in_world({DYNAMIC_CLIENT, "get-upgrade"}, options)).wait();
-    EXPECT_EQ(ended.out, "4\n");
-    EXPECT_THAT(ended.err, MatchesRegex(open_of(upgrade, O_RDWR) + "\\{\"order\":1,.*\"replyLen\":4\\}\n"));
-
-    const std::string script = std::string("exec 3<") + normal + " 4>>" + normal + "; cat <&3; cat /dev/null";
-    const Ended others = Process(in_world({"/bin/sh", "-c", script}, options)).wait();
-    EXPECT_EQ(others.status, 0);
-    EXPECT_THAT(others.err, MatchesRegex(open_of(normal, O_RDONLY) + open_of(normal, O_WRONLY | O_CREAT | O_APPEND)));
-}
-
-TEST_F(NamespacesWorld, TracesOpensByAnySpelling)
-{
-    const std::string script =
-        std::string("cd ") + folder + "; true <kola_lumo; link=$(mktemp -u); ln -s " + normal +
-        " $link; true <$link; rm $link; true <kola_lumo_nothing; true <../zephdriver/kola_lumo_ugrade; "
-        "cd /; true <//pelt/../pelt/./devices/char/zephdriver/kola_lumo; /usr/bin/python3 -c 'import os; "
-        "os.open(\"kola_lumo\", os.O_RDWR, dir_fd=os.open(\"/pelt/devices/char/zephdriver\", 0))'";
-    const Ended ended = Process(in_world({"--mode", "namespaces", "--opens", "--trace", "-"},
-                                    {"/bin/sh", "-c", "(" + script + ") 2>/dev/null"}))
-                            .wait();
-    EXPECT_THAT(
-        ended.err, MatchesRegex(open_of(normal, O_RDONLY) + open_of(normal, O_RDONLY) + open_of(upgrade, O_RDONLY) +
-                                open_of(normal, O_RDONLY) + open_of(normal, O_RDWR | O_CLOEXEC)));
-}
-
-// Commands enough to fill any pipe.
-const Words many_commands {"/bin/sh", "-c", "for i in 1 2 3; do " DYNAMIC_CLIENT " threads; done"};
-const std::string none_failed = "0 failures\n0 failures\n0 failures\n";
-
-TEST_P(Trace, MayEndBeforeTheWorld)
-{
-    const Ended ended = Process({"/bin/bash", "-c", "exec \"$@\" --trace >(exit) -- " DYNAMIC_CLIENT " threads", "",
-                                    EMULATOR, "run", "--mode", GetParam()})
-                            .wait();
-    EXPECT_EQ(ended.status, 0);
-    EXPECT_EQ(ended.out, "0 failures\n");
-}
-
-TEST_P(Trace, MayStandStill)
-{
-    std::array<int, 2> ends {};
-    ASSERT_EQ(pipe(ends.data()), 0);
-    const auto before = std::chrono::steady_clock::now();
-    const Ended ended =
-        Process(in_world(many_commands, {"--grace", "0.5", "--trace", "/proc/self/fd/" + std::to_string(ends[1])}))
-            .wait();
-    EXPECT_LT(std::chrono::steady_clock::now() - before, std::chrono::seconds(10));
-    EXPECT_EQ(ended.out, none_failed);
-    EXPECT_THAT(ended.err, HasSubstr("lines lost from the trace: "));
-    close(ends[0]);
-    close(ends[1]);
-}
-
-TEST_P(Trace, SaysWhatItLost)
-{
-    const Ended ended = Process(in_world(many_commands, {"--trace", "/dev/full"})).wait();
-    EXPECT_EQ(ended.out, none_failed);
-    EXPECT_EQ(ended.err, "lumozeph-emulator: lines lost from the trace: 2400 (No space left on device)\n");
-}
-
-TEST_P(Trace, MayGrowTooLarge)
-{
-    const Folder folder_of_trace(0700);
-    Words words {"/bin/bash", "-c", "(ulimit -f 1; exec \"$@\" 2>&1) | cat", ""};
-    const Words program = in_world({DYNAMIC_CLIENT, "threads"}, {"--trace", folder_of_trace.path() / "trace"});
-    words.insert(words.end(), program.begin(), program.end());
-    EXPECT_THAT(Process(words).wait().out,
-        MatchesRegex("0 failures\nlumozeph-emulator: lines lost from the trace: [0-9]+ .File too large.\n"));
-}
-
-TEST_P(Trace, NumbersCommandsInTheOrderOfTheirApplication)
-{
-    const Ended ended = Process(in_world({DYNAMIC_CLIENT, "threads"}, {"--trace", "-"})).wait();
-    std::istringstream lines(ended.err);
-    std::set<std::string> orders;
-    for (std::string line; std::getline(lines, line);)
-        orders.insert(line.substr(0, line.find(',')));
-    EXPECT_EQ(orders.size(), 800U);
-    EXPECT_EQ(orders.count("{\"order\":800"), 1U);
 }
 
 class Settings : public InMode

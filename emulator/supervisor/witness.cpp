@@ -1,0 +1,43 @@
+#include "emulator/supervisor/witness.h"
+
+#include "emulator/supervisor/output.h"
+
+#include <unistd.h>
+#include <utility>
+
+namespace emulator {
+
+Witness::Witness(const Telling& telling)
+    : traced_(telling.traced), remembers_(telling.journal > 0),
+      sees_commands_(telling.trace >= 0 || telling.journal > 0 || telling.summary), journal_(telling.journal)
+{
+    if (telling.trace >= 0)
+        trace_.emplace(telling.trace, telling.format);
+    if (telling.summary)
+        summary_.emplace();
+}
+
+void Witness::tell(Event event)
+{
+    const auto told = std::make_shared<const Event>(std::move(event));
+    if (summary_) {
+        const std::lock_guard lock(mutex_);
+        summary_->count(*told);
+    }
+    if (remembers_)
+        journal_.add(told);
+    if (trace_)
+        trace_->add(told);
+}
+
+void Witness::finish(std::chrono::milliseconds patience)
+{
+    if (trace_)
+        trace_->finish(patience);
+    if (summary_) {
+        const std::lock_guard lock(mutex_);
+        write_all(STDERR_FILENO, summary_->table());
+    }
+}
+
+} // namespace emulator

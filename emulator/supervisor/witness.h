@@ -1,0 +1,61 @@
+// Sees what is asked and answered in a world, and tells of it: at once, later and in the end.
+#pragma once
+
+#include "emulator/supervisor/callers.h"
+#include "emulator/supervisor/trace.h"
+#include "emulator/trace/journal.h"
+#include "emulator/trace/summary.h"
+
+#include <chrono>
+#include <cstddef>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <string>
+
+namespace emulator {
+
+// What is told of.
+enum class Traced
+{
+    Commands,
+    CommandsAndOpens, // of the device
+};
+
+// What a world is to tell.
+struct Telling
+{
+    int trace = -1; // where to write a line for each event as it happens, if anywhere
+    TraceFormat format = TraceFormat::Text;
+    Traced traced = Traced::Commands;
+    std::size_t journal = 0; // how many events to remember
+    bool summary = false;    // in the end, on the standard error
+};
+
+class Witness
+{
+public:
+    explicit Witness(const Telling& telling);
+
+    // Whether anybody wants to know.
+    bool sees_commands() const { return sees_commands_; }
+    bool sees_opens() const { return sees_commands_ && traced_ == Traced::CommandsAndOpens; }
+
+    void tell(Event event);
+
+    std::string journal(TraceFormat format) const { return journal_.lines(format); }
+
+    // When nothing more is told. Waits for whoever reads the trace, but not for long.
+    void finish(std::chrono::milliseconds patience);
+
+private:
+    const Traced traced_;
+    const bool remembers_;
+    const bool sees_commands_;
+    std::optional<Trace> trace_;
+    Journal journal_;
+    std::mutex mutex_;
+    std::optional<Summary> summary_;
+};
+
+} // namespace emulator
