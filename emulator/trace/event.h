@@ -33,7 +33,9 @@ struct Call
     std::uint32_t number = 0;
     Readable readable = Readable::Nothing;
     std::uint32_t in_len = 0;
+    std::uint64_t in_ptr = 0;
     std::uint32_t room = 0;
+    std::uint64_t out_ptr = 0;
     std::vector<std::byte> input {}; // the beginning of one that is too long
     std::uint32_t reply_len = 0;     // as the caller is told
     std::size_t reply_size = 0;      // as it is

@@ -71,6 +71,8 @@ void append_table(std::string& out, TraceFormat format, const Layout& entry, Oct
     out.push_back(']');
 }
 
+} // namespace
+
 void append_value(std::string& out, TraceFormat format, const Field& field, Octets bytes)
 {
     switch (field.kind) {
@@ -105,8 +107,6 @@ void append_value(std::string& out, TraceFormat format, const Field& field, Octe
         break;
     }
 }
-
-} // namespace
 
 void append_fields(std::string& out, TraceFormat format, const Layout& layout, Octets bytes)
 {

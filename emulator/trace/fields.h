@@ -26,6 +26,9 @@ void append_fields(
 void append_record(
     std::string& out, TraceFormat format, const protocol::Layout& layout, std::span<const std::byte> bytes);
 
+// bytes: those of the field.
+void append_value(std::string& out, TraceFormat format, const protocol::Field& field, std::span<const std::byte> bytes);
+
 template <std::integral Number>
 void append_number(std::string& out, Number number)
 {

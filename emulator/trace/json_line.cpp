@@ -93,7 +93,7 @@ void append_reply(std::string& out, const Command& command, const Call& call)
     append_member(out, "count", parts.records);
     if (parts.rest > 0) {
         append_member(out, "restLength", parts.rest);
-        append_bytes(out, "rest", reply.subspan(parts.head + parts.shown * described.record.size));
+        append_bytes(out, "rest", rest_of(call, described, parts));
     }
     out.push_back('}');
 }

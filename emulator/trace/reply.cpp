@@ -28,6 +28,14 @@ ReplyParts parts_of(const Reply& described, std::size_t size)
     return parts;
 }
 
+std::span<const std::byte> rest_of(const Call& call, const Reply& described, const ReplyParts& parts)
+{
+    if (parts.shown < parts.records)
+        return {};
+    const std::size_t from = parts.head + parts.records * described.record.size;
+    return std::span(call.reply).subspan(from, std::min(parts.rest, bytes_shown));
+}
+
 void keep_reply(Call& call, std::vector<std::byte> reply)
 {
     call.reply_size = reply.size();

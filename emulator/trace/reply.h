@@ -5,6 +5,7 @@
 #include "emulator/trace/event.h"
 
 #include <cstddef>
+#include <span>
 #include <vector>
 
 namespace emulator {
@@ -20,6 +21,9 @@ struct ReplyParts
     std::size_t shown = 0; // of the records
     std::size_t rest = 0;  // bytes behind the last record
 };
+
+// What is shown of the bytes behind the last record: nothing if not all records are shown.
+std::span<const std::byte> rest_of(const Call& call, const protocol::Reply& described, const ReplyParts& parts);
 
 ReplyParts parts_of(const protocol::Reply& described, std::size_t size);
 

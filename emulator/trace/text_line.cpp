@@ -115,8 +115,7 @@ void append_reply(std::string& out, const Command& command, const Call& call)
         out.append(", ");
         append_number(out, parts.rest);
         out.append(" bytes: ");
-        const std::size_t from = parts.head + parts.shown * described.record.size;
-        append_bytes(out, std::span(call.reply).subspan(from), parts.rest);
+        append_bytes(out, rest_of(call, described, parts), parts.rest);
     }
     if (call.reply_len != call.reply_size) {
         out.append(", said to be ");

@@ -1,0 +1,154 @@
+#include "emulator/recording/difference.h"
+
+#include "emulator/protocol/access.h"
+#include "emulator/state/notation.h"
+#include "emulator/trace/fields.h"
+#include "emulator/trace/reply.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace emulator {
+
+using namespace protocol;
+
+namespace {
+
+using Octets = std::span<const std::byte>;
+
+// Goes through what two of something hold, and keeps lines about what is not the same.
+class Comparison
+{
+public:
+    explicit Comparison(Sides sides) : sides_(sides) {}
+
+    std::vector<std::string> take() { return std::move(lines_); }
+
+    void add(const std::string& name, const std::string& first, const std::string& second)
+    {
+        std::string line = name + ": ";
+        line.append(sides_.first).append(" ").append(first).append(", ");
+        line.append(sides_.second).append(" ").append(second);
+        lines_.push_back(std::move(line));
+    }
+
+    void numbers(const std::string& name, std::uint64_t first, std::uint64_t second)
+    {
+        if (first != second)
+            add(name, std::to_string(first), std::to_string(second));
+    }
+
+    void bytes(const std::string& name, Octets first, Octets second)
+    {
+        if (!std::equal(first.begin(), first.end(), second.begin(), second.end()))
+            add(name, notation::of_bytes(first), notation::of_bytes(second));
+    }
+
+    // NOLINTBEGIN(misc-no-recursion): tables are in records, and no deeper than the description has them
+    void records(const std::string& prefix, const Layout& layout, Octets first, Octets second)
+    {
+        for (const Field* field : layout.fields)
+            fields(prefix, *field, first.subspan(field->offset, field->width),
+                second.subspan(field->offset, field->width));
+    }
+
+private:
+    void fields(const std::string& prefix, const Field& field, Octets first, Octets second)
+    {
+        std::string name = prefix;
+        if (!field.name.empty())
+            name.append(prefix.empty() ? "" : ".").append(field.name);
+        if (field.kind == Kind::Table) {
+            const std::size_t each = field.entry->size;
+            for (std::size_t at = 0; at < field.width; at += each)
+                records(name + "[" + std::to_string(at / each) + "]", *field.entry, first.subspan(at, each),
+                    second.subspan(at, each));
+            return;
+        }
+        std::string one;
+        std::string other;
+        append_value(one, TraceFormat::Text, field, first);
+        append_value(other, TraceFormat::Text, field, second);
+        if (one != other)
+            add(name, one, other);
+    }
+
+    // NOLINTEND(misc-no-recursion)
+
+    Sides sides_;
+    std::vector<std::string> lines_;
+};
+
+std::string name_of(std::uint32_t number)
+{
+    const Command* const command = command_of(number);
+    return command != nullptr ? std::string(command->name) : std::to_string(number);
+}
+
+std::string name_of_error(int error)
+{
+    const char* const name = error == 0 ? "0" : strerrorname_np(error);
+    return name != nullptr ? name : std::to_string(error);
+}
+
+// The bytes that a caller can take for a reply.
+Octets whole(const Answer& answer)
+{
+    return {answer.reply};
+}
+
+void compare_replies(Comparison& comparison, const Reply& described, Octets first, Octets second)
+{
+    const ReplyParts one = parts_of(described, first.size());
+    const ReplyParts other = parts_of(described, second.size());
+    if (one.head > 0 && other.head > 0)
+        comparison.records("", described.head, first, second);
+    comparison.numbers("records", one.records, other.records);
+    const std::size_t each = described.record.size;
+    const bool is_list = described.shape != Shape::Record && described.shape != Shape::Result;
+    for (std::size_t i = 0; i < std::min(one.records, other.records); ++i)
+        comparison.records(is_list ? "[" + std::to_string(i) + "]" : "", described.record,
+            first.subspan(one.head + i * each, each), second.subspan(other.head + i * each, each));
+    comparison.bytes("rest", first.last(one.rest), second.last(other.rest));
+}
+
+} // namespace
+
+std::vector<std::string> differences_of_requests(const Call& first, const Call& second, Sides sides)
+{
+    Comparison comparison(sides);
+    if (first.number != second.number) {
+        comparison.add("command", name_of(first.number), name_of(second.number));
+        return comparison.take();
+    }
+    comparison.numbers("input length", first.in_len, second.in_len);
+    comparison.numbers("room", first.room, second.room);
+    const Command* const command = command_of(first.number);
+    const bool have_fields =
+        command != nullptr && first.input.size() == command->input.size && second.input.size() == command->input.size;
+    if (have_fields)
+        comparison.records("", command->input, first.input, second.input);
+    else
+        comparison.bytes("input", first.input, second.input);
+    return comparison.take();
+}
+
+std::vector<std::string> differences_of_answers(
+    std::uint32_t number, const Answer& first, const Answer& second, Sides sides)
+{
+    Comparison comparison(sides);
+    if (first.error != second.error) {
+        comparison.add("errno", name_of_error(first.error), name_of_error(second.error));
+        return comparison.take();
+    }
+    if (first.error != 0)
+        return {};
+    comparison.numbers("reply length", first.length(), second.length());
+    if (const Command* const command = command_of(number); command != nullptr)
+        compare_replies(comparison, command->reply, whole(first), whole(second));
+    else
+        comparison.bytes("reply", whole(first), whole(second));
+    return comparison.take();
+}
+
+} // namespace emulator

@@ -1,0 +1,113 @@
+#include "emulator/recording/replay.h"
+
+#include "emulator/recording/difference.h"
+#include "emulator/trace/reply.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <variant>
+
+namespace emulator {
+
+namespace {
+
+constexpr Sides sides {"recorded", "now"};
+
+bool are_equal(const Call& recorded, const Call& made)
+{
+    return recorded.number == made.number && differences_of_requests(recorded, made, sides).empty();
+}
+
+std::string name_of(const Call& call)
+{
+    const protocol::Command* const command = command_of(call.number);
+    return command != nullptr ? std::string(command->name) : std::to_string(call.number);
+}
+
+} // namespace
+
+Answer recorded_answer(const Event& event)
+{
+    const Call& call = std::get<Call>(event.what);
+    Answer answer {*event.error, call.reply};
+    if (call.reply_len != call.reply.size() && answer.error == 0)
+        answer.reported = call.reply_len;
+    return answer;
+}
+
+bool can_be_repeated(const Event& event)
+{
+    const Call* const call = std::get_if<Call>(&event.what);
+    return call != nullptr && call->readable == Readable::Input && event.error.has_value();
+}
+
+Replay::Replay(const Recording& recording, ReplayOrder order) : order_(order)
+{
+    for (const Event& event : recording.events)
+        if (can_be_repeated(event))
+            entries_.push_back({std::get<Call>(event.what), recorded_answer(event)});
+}
+
+Answer Replay::answer(const Call& call)
+{
+    ++made_;
+    if (order_ == ReplayOrder::Strict && !difference_.empty())
+        return {EIO, {}};
+    Entry* const entry = next_for(call);
+    if (entry == nullptr) {
+        if (difference_.empty())
+            tell(call);
+        return {EIO, {}};
+    }
+    entry->was_made = true;
+    return entry->answer;
+}
+
+Replay::Entry* Replay::next_for(const Call& call)
+{
+    if (order_ == ReplayOrder::Strict) {
+        Entry* const next = made_ <= entries_.size() ? &entries_[made_ - 1] : nullptr;
+        return next != nullptr && are_equal(next->call, call) ? next : nullptr;
+    }
+    Entry* last = nullptr;
+    for (Entry& entry : entries_)
+        if (are_equal(entry.call, call)) {
+            last = &entry;
+            if (!entry.was_made)
+                break;
+        }
+    return last;
+}
+
+// With what a call is compared that the recording has not.
+const Replay::Entry* Replay::nearest(const Call& call) const
+{
+    if (order_ == ReplayOrder::Strict)
+        return made_ <= entries_.size() ? &entries_[made_ - 1] : nullptr;
+    const auto is_like = [&](const Entry& entry) { return entry.call.number == call.number; };
+    const auto unmade = std::find_if(
+        entries_.begin(), entries_.end(), [&](const Entry& entry) { return is_like(entry) && !entry.was_made; });
+    const auto found = unmade != entries_.end() ? unmade : std::find_if(entries_.begin(), entries_.end(), is_like);
+    return found != entries_.end() ? &*found : nullptr;
+}
+
+void Replay::tell(const Call& call)
+{
+    difference_ = "call " + std::to_string(made_) + ", " + name_of(call) + ", differs:\n";
+    const Entry* const entry = nearest(call);
+    if (entry == nullptr) {
+        difference_ += "  it is not in the recording\n";
+        return;
+    }
+    for (const std::string& line : differences_of_requests(entry->call, call, sides))
+        difference_ += "  " + line + "\n";
+}
+
+std::string Replay::difference() const
+{
+    if (!difference_.empty() || order_ == ReplayOrder::Matching || made_ >= entries_.size())
+        return difference_;
+    return "call " + std::to_string(made_ + 1) + ", " + name_of(entries_[made_].call) + ", was not made\n";
+}
+
+} // namespace emulator
