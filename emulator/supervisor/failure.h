@@ -9,6 +9,9 @@
 
 namespace emulator {
 
+// The exit status of the program where it fails by itself, as env(1) has it.
+constexpr int emulator_failed = 125;
+
 inline std::string_view remedy_for(int error)
 {
     switch (error) {

@@ -2,20 +2,19 @@
 #include "emulator/door/launch.h"
 #include "emulator/faults/faults.h"
 #include "emulator/model/module.h"
-#include "emulator/protocol/access.h"
-#include "emulator/protocol/commands.h"
-#include "emulator/protocol/envelope.h"
 #include "emulator/state/state_file.h"
+#include "emulator/supervisor/check.h"
 #include "emulator/supervisor/control.h"
 #include "emulator/supervisor/descriptor.h"
 #include "emulator/supervisor/failure.h"
 #include "emulator/supervisor/formats.h"
+#include "emulator/supervisor/modes.h"
 #include "emulator/supervisor/readiness.h"
+#include "emulator/supervisor/recording_command.h"
 #include "emulator/supervisor/world.h"
 #include "emulator/supervisor/world_command.h"
 
 #include <CLI/CLI.hpp>
-#include <array>
 #include <cerrno>
 #include <chrono>
 #include <csignal>
@@ -28,7 +27,6 @@
 #include <map>
 #include <optional>
 #include <string>
-#include <sys/ioctl.h>
 #include <sys/prctl.h>
 #include <sys/resource.h>
 #include <unistd.h>
@@ -37,13 +35,9 @@
 namespace {
 
 // As env(1) and timeout(1) have them.
-constexpr int emulator_failed = 125;
 constexpr int cannot_be_invoked = 126;
 constexpr int not_found = 127;
-
-// The better one first.
-constexpr std::array<std::pair<const char*, emulator::Mode>, 2> modes {
-    {{"namespaces", emulator::Mode::Namespaces}, {"injection", emulator::Mode::Injection}}};
+using emulator::emulator_failed;
 
 // Where standard streams are closed, other files must not be taken for them. They are closed for the program again.
 void fill_standard_streams()
@@ -104,6 +98,7 @@ struct Asked
     std::optional<std::string> world;
     std::optional<emulator::Mode> mode;
     std::string trace;
+    std::string record;
     emulator::TraceFormat format = emulator::TraceFormat::Text;
     bool summary = false;
     std::size_t journal = 10000;
@@ -128,13 +123,14 @@ std::chrono::milliseconds milliseconds(double seconds)
 struct Outputs
 {
     emulator::Descriptor trace;
+    emulator::Descriptor recording;
     emulator::Descriptor state;
 };
 
 // What is there stays until there is something else to write: it may be what the world begins with.
 Outputs open_outputs(const Asked& asked)
 {
-    return {open_trace(asked.trace), open_to_write(asked.save, 0)};
+    return {open_trace(asked.trace), open_to_write(asked.record, O_TRUNC), open_to_write(asked.save, 0)};
 }
 
 emulator::Settings settings_for(const Asked& asked)
@@ -166,6 +162,7 @@ emulator::Wishes wishes_for(const Asked& asked, const Outputs& outputs)
     wishes.mode = asked.mode;
     wishes.telling = {.trace = outputs.trace.number(),
         .format = asked.format,
+        .recording = outputs.recording.number(),
         .traced = asked.opens ? Traced::CommandsAndOpens : Traced::Commands,
         // Who has no name is asked by nobody.
         .journal = asked.world ? asked.journal : 0,
@@ -221,61 +218,11 @@ int stop(const std::string& world)
     return emulator_failed;
 }
 
-// Asks for a setting, from inside a world. Returns an exit status.
-int ask_once()
-{
-    using namespace emulator::protocol;
-    const int device = open(normal_path.data(), O_RDWR | O_CLOEXEC);
-    std::array<std::byte, levels::level.width> level {};
-    std::array<std::byte, envelope::layout.size> bytes {};
-    const Record sent(bytes);
-    sent[envelope::out_len] = level.size();
-    sent[envelope::out_ptr] = reinterpret_cast<std::uintptr_t>(level.data());
-    return device >= 0 && ioctl(device, number_of("GetLogLevel"), bytes.data()) >= 0 ? 0 : 1;
-}
-
-// Why no world of this kind can be made here; empty if one can.
-std::string refusal(emulator::Mode mode)
-{
-    try {
-        emulator::Module module;
-        emulator::Faults none;
-        emulator::Wishes wishes;
-        wishes.mode = mode;
-        const emulator::Ending ending = emulator::run_in_world(module, none, wishes, ask_once);
-        if (ending.signal == 0 && ending.status == 0)
-            return {};
-        return "the supervisor may not read the memory of its children";
-    } catch (const std::exception& error) {
-        return error.what();
-    }
-}
-
-int check()
-{
-    const char* best = nullptr;
-    for (const auto& [name, mode] : modes) {
-        const std::string why = refusal(mode);
-        fmt::print("{}: {}\n", name, why.empty() ? "works" : why);
-        // What is printed later must not be printed by a process of the next world, too.
-        std::fflush(stdout);
-        if (why.empty() && best == nullptr)
-            best = name;
-    }
-    if (best == nullptr) {
-        fmt::print(stderr, "lumozeph-emulator: this machine cannot run the emulator\n");
-        return emulator_failed;
-    }
-    fmt::print("this machine can run the emulator; it uses {}\n", best);
-    return 0;
-}
-
 void add_options_of_world(CLI::App& command, Asked& asked)
 {
     const CLI::Range in_seconds(0.0, 1e6);
-    command.add_option("--mode", asked.mode, "How the device comes into the world: namespaces or injection")
-        ->type_name("MODE")
-        ->transform(CLI::Transformer(std::map<std::string, emulator::Mode>(modes.begin(), modes.end())));
+    emulator::choose_mode(
+        command.add_option("--mode", asked.mode, "How the device comes into the world: namespaces or injection"));
     command.add_option("--grace", asked.grace, "Seconds between SIGTERM and SIGKILL for what must end (2)")
         ->type_name("SECONDS")
         ->check(in_seconds);
@@ -291,6 +238,7 @@ void add_options_of_trace(CLI::App& command, Asked& asked)
         ->type_name("FILE");
     emulator::choose_format(
         command.add_option("--trace-format", asked.format, "How: text (for people), or json (an object a line)"));
+    command.add_option("--record", asked.record, "Write a recording, for replay and compare")->type_name("FILE");
     command.add_flag("--summary", asked.summary, "Print, in the end, how many commands there were and what they took");
     command.add_option("--journal", asked.journal, "How many commands a world with a name remembers (10000)")
         ->type_name("NUMBER")
@@ -344,6 +292,7 @@ int main(int argc, char** argv)
     CLI::App* const list_command = app.add_subcommand("list", "List the worlds that have names");
     CLI::App* const stop_command = app.add_subcommand("stop", "End a world");
     const emulator::WorldCommand world_command(app);
+    const emulator::RecordingCommand recording_command(app);
     CLI::App* const check_command = app.add_subcommand("check", "Say whether this machine can run the emulator");
 
     add_options_of_world(*run_command, asked);
@@ -368,13 +317,15 @@ int main(int argc, char** argv)
     try {
         app.parse(own, argv);
         if (check_command->parsed())
-            return check();
+            return emulator::check();
         if (list_command->parsed())
             return list();
         if (stop_command->parsed())
             return stop(*asked.world);
         if (world_command.is_asked_for())
             return world_command.run();
+        if (recording_command.is_asked_for())
+            return recording_command.run(program, execute, end_like);
         if (serve_command->parsed())
             return serve(asked);
         if (*program == nullptr)

@@ -10,12 +10,6 @@
 
 namespace emulator {
 
-namespace {
-
-constexpr int emulator_failed = 125;
-
-} // namespace
-
 Program::Program(Group group, Handed handed, const std::function<int()>& run) : group_(group), link_(Descriptor())
 {
     auto [here, there] = Link::pair();

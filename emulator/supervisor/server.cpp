@@ -4,7 +4,6 @@
 #include "emulator/protocol/envelope.h"
 #include "emulator/supervisor/failure.h"
 #include "emulator/supervisor/memory.h"
-#include "emulator/trace/reply.h"
 
 #include <algorithm>
 #include <array>
@@ -70,6 +69,8 @@ Answer SharedModule::apply(Call& call, const Fate& fate)
     call.order = ++applied_;
     if (call.in_len != call.input.size())
         return {EINVAL, {}};
+    if (replay_ != nullptr)
+        return replay_->answer(call);
     return emulator::answer(module_, fate, call.number, call.input, call.room);
 }
 
@@ -265,7 +266,9 @@ std::optional<int> Server::command(Call& call, std::string& faults)
     const Input sent(bytes);
     call.readable = Readable::Envelope;
     call.in_len = sent[envelope::in_len];
+    call.in_ptr = sent[envelope::in_ptr];
     call.room = sent[envelope::out_len];
+    call.out_ptr = sent[envelope::out_ptr];
 
     call.input.resize(std::min(call.in_len, longest_input));
     if (!memory.read(sent[envelope::in_ptr], call.input)) {
@@ -281,21 +284,21 @@ std::optional<int> Server::command(Call& call, std::string& faults)
         module_.pass_by(call);
         return std::nullopt;
     }
-    return carry_out(call, envelope_at, sent[envelope::out_ptr], fate);
+    return carry_out(call, envelope_at, fate);
 }
 
-int Server::carry_out(Call& call, std::uint64_t envelope_at, std::uint64_t reply_at, const Fate& fate)
+int Server::carry_out(Call& call, std::uint64_t envelope_at, const Fate& fate)
 {
     Answer answer = module_.apply(call, fate);
     if (answer.error != 0)
         return answer.error;
     call.reply_len = answer.length();
     const Memory memory(static_cast<pid_t>(notification_.pid));
-    if (!memory.write({{{reply_at, answer.reply},
+    if (!memory.write({{{call.out_ptr, answer.reply},
             {envelope_at + envelope::out_len.offset, std::as_bytes(std::span(&call.reply_len, 1))}}}))
         return EFAULT;
-    if (module_.witness().sees_commands())
-        keep_reply(call, std::move(answer.reply));
+    call.reply_size = answer.reply.size();
+    call.reply = std::move(answer.reply);
     return 0;
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "emulator/faults/faults.h"
+#include "emulator/recording/replay.h"
 #include "emulator/supervisor/client.h"
 #include "emulator/supervisor/device.h"
 #include "emulator/supervisor/witness.h"
@@ -36,12 +37,16 @@ public:
     void use(const std::function<void(Module&)>& user);
     void use_faults(const std::function<void(Faults&)>& user);
 
+    // From now on commands are answered by a recording.
+    void replay(Replay& replay) { replay_ = &replay; }
+
     Witness& witness() const { return witness_; }
 
 private:
     Module& module_;
     Faults& faults_;
     Witness& witness_;
+    Replay* replay_ = nullptr;
     std::mutex one_at_a_time_;
     std::uint64_t applied_ = 0;
 };
@@ -69,7 +74,7 @@ private:
     void answer_ioctl();
     void answer_command();
     std::optional<int> command(Call& call, std::string& faults);
-    int carry_out(Call& call, std::uint64_t envelope_at, std::uint64_t reply_at, const Fate& fate);
+    int carry_out(Call& call, std::uint64_t envelope_at, const Fate& fate);
     void tell(Event event);
     bool wait(const Fate& fate) const;
     bool still_waiting() const;

@@ -1,6 +1,7 @@
 #include "emulator/supervisor/witness.h"
 
 #include "emulator/supervisor/output.h"
+#include "emulator/trace/reply.h"
 
 #include <unistd.h>
 #include <utility>
@@ -9,8 +10,11 @@ namespace emulator {
 
 Witness::Witness(const Telling& telling)
     : traced_(telling.traced), remembers_(telling.journal > 0),
-      sees_commands_(telling.trace >= 0 || telling.journal > 0 || telling.summary), journal_(telling.journal)
+      sees_commands_(telling.trace >= 0 || telling.recording >= 0 || telling.journal > 0 || telling.summary),
+      journal_(telling.journal)
 {
+    if (telling.recording >= 0)
+        recorder_.emplace(telling.recording);
     if (telling.trace >= 0)
         trace_.emplace(telling.trace, telling.format);
     if (telling.summary)
@@ -19,6 +23,10 @@ Witness::Witness(const Telling& telling)
 
 void Witness::tell(Event event)
 {
+    if (recorder_)
+        recorder_->add(event);
+    if (Call* const call = std::get_if<Call>(&event.what))
+        keep_reply(*call, std::move(call->reply));
     const auto told = std::make_shared<const Event>(std::move(event));
     if (summary_) {
         const std::lock_guard lock(mutex_);
@@ -32,6 +40,8 @@ void Witness::tell(Event event)
 
 void Witness::finish(std::chrono::milliseconds patience)
 {
+    if (recorder_)
+        recorder_->finish();
     if (trace_)
         trace_->finish(patience);
     if (summary_) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "emulator/supervisor/callers.h"
+#include "emulator/supervisor/recorder.h"
 #include "emulator/supervisor/trace.h"
 #include "emulator/trace/journal.h"
 #include "emulator/trace/summary.h"
@@ -27,6 +28,7 @@ struct Telling
 {
     int trace = -1; // where to write a line for each event as it happens, if anywhere
     TraceFormat format = TraceFormat::Text;
+    int recording = -1; // where to write a recording, if anywhere
     Traced traced = Traced::Commands;
     std::size_t journal = 0; // how many events to remember
     bool summary = false;    // in the end, on the standard error
@@ -41,6 +43,7 @@ public:
     bool sees_commands() const { return sees_commands_; }
     bool sees_opens() const { return sees_commands_ && traced_ == Traced::CommandsAndOpens; }
 
+    // Commands have their whole replies.
     void tell(Event event);
 
     std::string journal(TraceFormat format) const { return journal_.lines(format); }
@@ -52,6 +55,7 @@ private:
     const Traced traced_;
     const bool remembers_;
     const bool sees_commands_;
+    std::optional<Recorder> recorder_;
     std::optional<Trace> trace_;
     Journal journal_;
     std::mutex mutex_;

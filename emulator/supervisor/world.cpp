@@ -152,6 +152,8 @@ private:
 void wind_up(const Wishes& wishes, SharedModule& module, Door& door)
 {
     module.witness().finish(wishes.lifetime.grace);
+    if (wishes.replay != nullptr)
+        write_all(wishes.difference, wishes.replay->difference());
     if (wishes.state >= 0)
         module.use([&](Module& used) { replace_content(wishes.state, json::print(state_of(used))); });
     // Who takes the name over finds the state written.
@@ -165,6 +167,8 @@ Ending run_in_world(Module& module, Faults& faults, const Wishes& wishes, const 
     Door door(wishes.name);
     Witness witness(wishes.telling);
     SharedModule shared(module, faults, witness);
+    if (wishes.replay != nullptr)
+        shared.replay(*wishes.replay);
     const Signals signals = heard_by_front();
     const Foreground foreground;
     Front front = make_best_world(wishes, foreground, [&](Mode mode, const Premises& premises, const Link& link) {

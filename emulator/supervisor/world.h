@@ -2,6 +2,7 @@
 #pragma once
 
 #include "emulator/faults/faults.h"
+#include "emulator/recording/replay.h"
 #include "emulator/supervisor/front.h"
 #include "emulator/supervisor/lifetime.h"
 #include "emulator/supervisor/witness.h"
@@ -25,6 +26,9 @@ struct Wishes
     std::optional<std::string> name;
     std::optional<Mode> mode; // the best one that the machine allows, if none is given
     Telling telling;
+    // What answers in the place of the module, if anything. What differs first is written into a file.
+    Replay* replay = nullptr;
+    int difference = -1;
     int state = -1; // where to write the module's state when the world has ended, if anywhere
     Lifetime lifetime;
 };
