@@ -29,7 +29,7 @@ TEST_P(Named, WorldsLiveUntilTheyAreStopped)
 
 TEST_P(Named, WorldsOfAProgramCanBeJoinedWhileItRuns)
 {
-    Process program(emulator({"run", "--mode", GetParam(), "--world", "mine", "--", "/bin/sh", "-c",
+    Process program(emulator({"run", "--mode", GetParam(), "--world", "mine", "--linger", "--", "/bin/sh", "-c",
         DYNAMIC_CLIENT " set 18; while [ $(" DYNAMIC_CLIENT " get) = 18 ]; do :; done; echo $LUMOZEPH_WORLD; exit 3"}));
     program.wait_for_lines(1);
     EXPECT_EQ(
