@@ -71,8 +71,8 @@ void run(Input& input)
     settings.clock = emulator::Clock::Manual;
     emulator::Module module(settings);
     emulator::Faults faults;
-    emulator::Trace trace(-1, emulator::Traced::Commands);
-    emulator::SharedModule shared(module, faults, trace);
+    emulator::Witness witness({.journal = 4});
+    emulator::SharedModule shared(module, faults, witness);
     for (int i = 0; i < 4; ++i) {
         // A message that is no message ends the connection.
         const auto [client, world] = Link::pair();
