@@ -92,6 +92,12 @@ void SharedModule::use_faults(const std::function<void(Faults&)>& user)
     user(faults_);
 }
 
+std::string SharedModule::difference()
+{
+    const std::lock_guard one(one_at_a_time_);
+    return replay_->difference();
+}
+
 void prepare(int listener)
 {
     // Hands the processor straight to the other side and back. Kernels before 6.6 do without.

@@ -40,6 +40,9 @@ public:
     // From now on commands are answered by a recording.
     void replay(Replay& replay) { replay_ = &replay; }
 
+    // Between two commands: in what they differ from those of the recording.
+    std::string difference();
+
     Witness& witness() const { return witness_; }
 
 private:

@@ -153,7 +153,7 @@ void wind_up(const Wishes& wishes, SharedModule& module, Door& door)
 {
     module.witness().finish(wishes.lifetime.grace);
     if (wishes.replay != nullptr)
-        write_all(wishes.difference, wishes.replay->difference());
+        write_all(wishes.difference, module.difference());
     if (wishes.state >= 0)
         module.use([&](Module& used) { replace_content(wishes.state, json::print(state_of(used))); });
     // Who takes the name over finds the state written.
