@@ -199,7 +199,7 @@ protected:
     {
         ASSERT_EQ(here.size(), due.size());
         for (std::size_t i = 0; i < here.size(); ++i)
-            if (here[i] != due[i] && (operation.remainder == Remainder::Cleared || row.one->request.names(i)))
+            if ((operation.remainder == Remainder::Cleared || row.one->request.names(i)) && here[i] != due[i])
                 FAIL() << "byte " << i << " is " << int(here[i]) << " instead of " << int(due[i]);
     }
 };
