@@ -86,10 +86,10 @@ public:
     pid_t pid() const { return pid_; }
     std::string out() const { return content_of(out_); }
 
-    // Waits until the output holds this many lines.
+    // Waits until the output holds this many lines: long, as machines may be busy.
     void wait_for_lines(std::ptrdiff_t lines) const
     {
-        for (int i = 0; i < 1000; ++i) {
+        for (int i = 0; i < 4000; ++i) {
             const std::string text = out();
             if (std::count(text.begin(), text.end(), '\n') >= lines)
                 return;

@@ -656,7 +656,7 @@ public:
     void expect(const std::string& text)
     {
         std::size_t found = std::string::npos;
-        for (int i = 0; i < 500 && (found = screen_.find(text, seen_)) == std::string::npos; ++i) {
+        for (int i = 0; i < 2000 && (found = screen_.find(text, seen_)) == std::string::npos; ++i) {
             pollfd readable {keyboard_, POLLIN, 0};
             std::array<char, 4096> piece {};
             if (poll(&readable, 1, 10) > 0)
