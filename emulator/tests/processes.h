@@ -55,6 +55,9 @@ public:
     explicit Process(const Words& words, User user = User::Self)
         : out_(memfd_create("out", MFD_CLOEXEC)), err_(memfd_create("err", MFD_CLOEXEC))
     {
+        // Those who share an offset of a file in memory and write at the same time would write to the same place.
+        fcntl(out_, F_SETFL, O_APPEND);
+        fcntl(err_, F_SETFL, O_APPEND);
         std::vector<char*> arguments;
         for (const std::string& word : words)
             arguments.push_back(const_cast<char*>(word.c_str()));
