@@ -11,19 +11,17 @@
 namespace tool {
 namespace {
 
-using nlohmann::json;
-
-json parsed(std::string_view text)
+nlohmann::json parsed(std::string_view text)
 {
     try {
-        return json::parse(text);
-    } catch (const json::exception& error) {
+        return nlohmann::json::parse(text);
+    } catch (const nlohmann::json::exception& error) {
         throw Misuse(fmt::format("'{}' is not JSON: {}", text, error.what()));
     }
 }
 
 // As it would be typed.
-std::string typed(const json& value)
+std::string typed(const nlohmann::json& value)
 {
     return value.is_string() ? value.get<std::string>() : value.dump();
 }
@@ -70,7 +68,7 @@ void refuse_counts_beyond_the_room(const Record& record, const std::string& byte
     }
 }
 
-std::string record_from(const Record& record, const json& object, AddressOrder order)
+std::string record_from(const Record& record, const nlohmann::json& object, AddressOrder order)
 {
     if (!object.is_object())
         throw Misuse(fmt::format("{} is not a JSON object with the members of {}", object.dump(), record.name));
@@ -194,11 +192,11 @@ private:
 
     void store_records(std::size_t position, const Parameter& parameter, const std::string& value)
     {
-        const json array = parsed(value);
+        const nlohmann::json array = parsed(value);
         if (!array.is_array())
             throw Misuse(fmt::format("{} is not a JSON array of {}", array.dump(), parameter.record->name));
         std::string bytes;
-        for (const json& object : array)
+        for (const nlohmann::json& object : array)
             bytes += record_from(*parameter.record, object, _order);
         _arguments.set_bytes(position, bytes);
         const auto count = static_cast<std::size_t>(parameter.partner);

@@ -77,8 +77,8 @@ std::vector<Piece> pieces_of(const Operation& operation, const Arguments& argume
 // Longer than any field, and different everywhere.
 std::string other_text(std::string text)
 {
-    constexpr std::size_t longest = 1024;
-    text.resize(longest);
+    constexpr std::size_t more_than_any = 1024;
+    text.resize(more_than_any);
     std::ranges::transform(text, text.begin(), [](char c) { return c == '~' ? '!' : '~'; });
     return text;
 }
@@ -150,7 +150,7 @@ void add_what_no_argument_changes(std::vector<RequestField>& fields, const std::
         fields.push_back({run.offset, run.size, "", value_at(input, run, Form::Bytes, order)});
 }
 
-std::string described(const Step& step)
+std::string words_of(const Step& step)
 {
     return std::string(step.verb ? step.verb->words : step.operation->name);
 }
@@ -249,7 +249,7 @@ void show_requests(std::span<const Step> steps, const Manner& manner, Output& ou
             operation, step.given, step.verb ? Completeness::OrElseNothing : Completeness::Demanded, manner.order);
         const std::optional<Issued> issued = issued_by(operation, arguments);
         if (!issued)
-            throw failure(described(step), operation.name, errno);
+            throw failure(words_of(step), operation.name, errno);
         print_issued(*issued, operation.name, fields_of(operation, arguments, *issued, manner.order), manner, output);
     }
     output.flush();

@@ -26,6 +26,12 @@ bool write_all(int file, std::string_view text)
     return true;
 }
 
+void print(std::string_view text)
+{
+    if (!write_all(STDOUT_FILENO, text))
+        fail("cannot write to the standard output");
+}
+
 void replace_content(int file, std::string_view text)
 {
     // These would end the process before it can say why.

@@ -4,14 +4,12 @@
 #include "emulator/recording/launch.h"
 #include "emulator/state/state_file.h"
 #include "emulator/supervisor/document.h"
-#include "emulator/supervisor/failure.h"
 #include "emulator/supervisor/formats.h"
 #include "emulator/supervisor/modes.h"
 #include "emulator/supervisor/output.h"
 #include "emulator/trace/line.h"
 
 #include <fmt/core.h>
-#include <unistd.h>
 
 namespace emulator {
 
@@ -20,12 +18,6 @@ namespace {
 // Beside what main.cpp exits with.
 constexpr int differs = 1;
 constexpr int replay_differs = 123;
-
-void print(std::string_view text)
-{
-    if (!write_all(STDOUT_FILENO, text))
-        fail("cannot write to the standard output");
-}
 
 // What is there of it is of use, even if it ends early.
 Recording read(const std::string& file)

@@ -2,13 +2,11 @@
 
 #include "emulator/state/patch.h"
 #include "emulator/state/state_file.h"
-#include "emulator/supervisor/failure.h"
 #include "emulator/supervisor/formats.h"
 #include "emulator/supervisor/output.h"
 
 #include <algorithm>
 #include <fmt/core.h>
-#include <unistd.h>
 
 namespace emulator {
 
@@ -17,12 +15,6 @@ namespace {
 // Beside what main.cpp exits with.
 constexpr int negative = 1; // nothing is there, or states differ
 constexpr int refused = 2;
-
-void print(std::string_view text)
-{
-    if (!write_all(STDOUT_FILENO, text))
-        fail("cannot write to the standard output");
-}
 
 } // namespace
 
