@@ -224,6 +224,8 @@ def emulator(results):
         ("outside", "outside"),
         ("all", "in the emulated world"),
         ("one", "the same, one processor"),
+        ("text", "traced to a file"),
+        ("json", "traced to a file, as JSON"),
         ("opens", "where opens are traced"),
         ("injection", "with injection"),
         ("in_process", "in process"),
