@@ -69,34 +69,42 @@ std::optional<Link> connect_to_socket(const fs::path& path)
     return Link(std::move(made));
 }
 
+// Whether it is the folder that is there now: whoever leaves it empty removes it.
+bool is_there(const Descriptor& opened, const fs::path& folder)
+{
+    struct stat there
+    {};
+    struct stat held
+    {};
+    return fstat(opened.number(), &held) == 0 && stat(folder.c_str(), &there) == 0 && held.st_ino == there.st_ino &&
+           held.st_dev == there.st_dev;
+}
+
 // The folder, where one process at a time looks for dead sockets and makes new ones. None if it is not there.
 Descriptor locked(const fs::path& folder)
 {
-    Descriptor opened(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
-    if (!opened && errno == ENOENT)
-        return {};
-    struct stat found
-    {};
-    if (!opened || fstat(opened.number(), &found) != 0 || found.st_uid != geteuid() || (found.st_mode & 077) != 0)
-        throw std::runtime_error(fmt::format("{} is not a folder of this user alone", folder.native()));
-    if (flock(opened.number(), LOCK_EX) != 0)
-        fail(fmt::format("cannot lock {}", folder.native()));
-    return opened;
+    for (;;) {
+        Descriptor opened(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+        if (!opened && errno == ENOENT)
+            return {};
+        struct stat found
+        {};
+        if (!opened || fstat(opened.number(), &found) != 0 || found.st_uid != geteuid() || (found.st_mode & 077) != 0)
+            throw std::runtime_error(fmt::format("{} is not a folder of this user alone", folder.native()));
+        if (flock(opened.number(), LOCK_EX) != 0)
+            fail(fmt::format("cannot lock {}", folder.native()));
+        if (is_there(opened, folder))
+            return opened;
+    }
 }
 
-// The same, made if need be. Whoever leaves it empty removes it.
+// The same, made if need be.
 Descriptor locked_or_made(const fs::path& folder)
 {
     for (;;) {
         if (mkdir(folder.c_str(), 0700) != 0 && errno != EEXIST)
             fail(fmt::format("cannot make {}", folder.native()));
-        Descriptor lock = locked(folder);
-        struct stat there
-        {};
-        struct stat held
-        {};
-        if (lock && fstat(lock.number(), &held) == 0 && stat(folder.c_str(), &there) == 0 &&
-            held.st_ino == there.st_ino)
+        if (Descriptor lock = locked(folder))
             return lock;
     }
 }
@@ -122,8 +130,10 @@ ControlSocket::ControlSocket(const std::string& name)
 void ControlSocket::remove() const
 {
     const Descriptor lock = locked(path_.parent_path());
+    if (!lock)
+        return;
     // Another world may have taken the name over since.
-    if (lock && !connect_to_socket(path_))
+    if (!connect_to_socket(path_))
         unlink(path_.c_str());
     rmdir(path_.parent_path().c_str());
 }

@@ -2,6 +2,8 @@
 #include "emulator/tests/named.h"
 
 #include <optional>
+#include <regex>
+#include <sys/file.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
@@ -67,6 +69,59 @@ TEST_P(Named, WorldsBeginWithAStateAndLeaveOne)
     std::ifstream file(state);
     EXPECT_THAT(std::string(std::istreambuf_iterator<char>(file), {}), MatchesRegex(".*logLevel.: 3,.*endpoints.*"));
     EXPECT_EQ(world.wait().status, 0);
+}
+
+// A lock on the folder of a user's worlds, as one holds who makes or ends a world.
+class FolderLock
+{
+public:
+    explicit FolderLock(const std::filesystem::path& folder) : number_(open(folder.c_str(), O_RDONLY | O_DIRECTORY))
+    {
+        flock(number_, LOCK_EX);
+    }
+    ~FolderLock() { close(number_); }
+    FolderLock(const FolderLock&) = delete;
+    FolderLock& operator=(const FolderLock&) = delete;
+
+    // Until somebody else waits for it.
+    void wait_for_others() const
+    {
+        struct stat found
+        {};
+        fstat(number_, &found);
+        const std::string waiting = "-> FLOCK .*:" + std::to_string(found.st_ino) + " ";
+        for (int i = 0; i < 4000; ++i) {
+            std::ifstream locks("/proc/locks");
+            for (std::string line; std::getline(locks, line);)
+                if (std::regex_search(line, std::regex(waiting)))
+                    return;
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        }
+        FAIL() << "nobody waits for the lock";
+    }
+
+private:
+    int number_;
+};
+
+TEST_P(Named, WorldsThatEndLeaveTheFolderToThoseWhoHaveMadeItAnew)
+{
+    Process world(emulator({"run", "--mode", GetParam(), "--world", "old", "--", "/bin/sleep", "1000"}));
+    wait_for("old");
+    std::optional<FolderLock> before(folder());
+    kill(world.pid(), SIGTERM);
+    before->wait_for_others();
+    std::filesystem::remove_all(folder());
+    std::filesystem::create_directory(folder());
+    std::filesystem::permissions(folder(), std::filesystem::perms(0700));
+    {
+        const FolderLock anew(folder());
+        before.reset();
+        anew.wait_for_others();
+        EXPECT_TRUE(std::filesystem::exists(folder()));
+    }
+    EXPECT_EQ(world.wait().signal, SIGTERM);
+    expect_nothing_left();
 }
 
 // A world whose time passes when it is told to, and what is asked of its state.
