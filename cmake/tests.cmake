@@ -18,17 +18,24 @@ include(GoogleTest)
 set(lumozeph_left_allocated
   LSAN_OPTIONS=print_suppressions=0:suppressions=${PROJECT_SOURCE_DIR}/tests/end_to_end/left_allocated)
 
+# A program's tests in so many processes. Further arguments are their environment.
+function(lumozeph_add_shards program prefix shards)
+  target_precompile_headers(${program} REUSE_FROM lumozeph_test_headers)
+  math(EXPR last "${shards} - 1")
+  foreach(shard RANGE ${last})
+    add_test(NAME ${prefix}${program}.${shard} COMMAND ${program} --gtest_brief=1)
+    set_tests_properties(${prefix}${program}.${shard} PROPERTIES
+      TIMEOUT 600 ENVIRONMENT "GTEST_TOTAL_SHARDS=${shards};GTEST_SHARD_INDEX=${shard};${ARGN}")
+  endforeach()
+endfunction()
+
 # Every test in a process of its own; half of them in one where a process starts slowly, because it is instrumented or
 # emulated. Further arguments are an environment for the sanitizers.
 function(lumozeph_add_tests program prefix timeout)
-  target_precompile_headers(${program} REUSE_FROM lumozeph_test_headers)
   if(LUMOZEPH_INSTRUMENTED OR CMAKE_CROSSCOMPILING)
-    foreach(half 0 1)
-      add_test(NAME ${prefix}${program}.${half} COMMAND ${program} --gtest_brief=1)
-      set_tests_properties(${prefix}${program}.${half} PROPERTIES
-        TIMEOUT 600 ENVIRONMENT "GTEST_TOTAL_SHARDS=2;GTEST_SHARD_INDEX=${half};${ARGN}")
-    endforeach()
+    lumozeph_add_shards(${program} "${prefix}" 2 ${ARGN})
   else()
+    target_precompile_headers(${program} REUSE_FROM lumozeph_test_headers)
     gtest_discover_tests(${program} TEST_PREFIX "${prefix}" PROPERTIES TIMEOUT ${timeout} DISCOVERY_TIMEOUT 60)
   endif()
 endfunction()
