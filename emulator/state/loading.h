@@ -89,33 +89,9 @@ public:
             value = static_cast<Integer>(-value);
     }
 
-    void ipv4(std::uint32_t& address)
-    {
-        const std::string_view text = next();
-        const auto read = notation::ipv4(text);
-        if (!read)
-            fail("an IPv4 address", text);
-        address = notation::further(*read, further_of_first());
-    }
-
-    void ipv6(Ipv6Address& address)
-    {
-        const std::string_view text = next();
-        const auto read = notation::ipv6(text);
-        if (!read)
-            fail("an IPv6 address", text);
-        address = notation::further(*read, further_of_first());
-    }
-
-    void mac(MacAddress& address)
-    {
-        const std::string_view text = next();
-        const auto read = notation::mac(text);
-        if (!read)
-            fail("a MAC address", text);
-        address = notation::further(*read, further_of_first());
-    }
-
+    void ipv4(std::uint32_t& address) { read("an IPv4 address", notation::ipv4, address); }
+    void ipv6(Ipv6Address& address) { read("an IPv6 address", notation::ipv6, address); }
+    void mac(MacAddress& address) { read("a MAC address", notation::mac, address); }
     void prefix(std::uint32_t& address, std::uint32_t& mask);
     void prefix(Ipv6Address& address, std::uint8_t& length);
 
@@ -131,6 +107,16 @@ private:
     std::string_view next();
     void check_length(const std::string& text, std::size_t longest) const;
     [[noreturn]] void fail(const std::string& expected, std::string_view found) const;
+
+    template <class Address>
+    void read(const char* what, std::optional<Address> (*address_in)(std::string_view), Address& address)
+    {
+        const std::string_view text = next();
+        const std::optional<Address> found = address_in(text);
+        if (!found)
+            fail(what, text);
+        address = notation::further(*found, further_of_first());
+    }
 
     Filled key_;
     std::string_view rest_;
