@@ -26,9 +26,6 @@ using namespace protocol;
 
 namespace {
 
-// No command takes more input; a longer one is refused without being read whole.
-constexpr std::uint32_t longest_input = 4096;
-
 // Of the numbers that Linux keeps for devices that have none.
 constexpr unsigned device_major = 240;
 

@@ -21,4 +21,7 @@ inline constexpr U64 out_ptr {"outPtr", 16};
 inline constexpr Layout layout = fields_in<24, in_len, in_ptr, out_len, out_ptr>;
 } // namespace envelope
 
+// No command takes more input: of what is longer, no more is read.
+inline constexpr std::uint32_t longest_input = 4096;
+
 } // namespace emulator::protocol

@@ -40,7 +40,4 @@ inline constexpr Layout layout = fields_in<96, length, number, begun, took, proc
     room, out_ptr, error, out_len, input_size, reply_size, readable, answered>;
 } // namespace entry
 
-// Of an input that is longer, no more is kept: it is that of no command.
-constexpr std::uint32_t most_input = 4096;
-
 } // namespace emulator::recording

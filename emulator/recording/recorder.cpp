@@ -105,7 +105,7 @@ private:
         made_[entry::in_ptr] = sent[envelope::in_ptr];
         made_[entry::room] = room_;
         made_[entry::out_ptr] = out_ptr_;
-        const std::uint32_t size = std::min(std::uint32_t {sent[envelope::in_len]}, most_input);
+        const std::uint32_t size = std::min(std::uint32_t {sent[envelope::in_len]}, longest_input);
         if (!read_memory(sent[envelope::in_ptr], std::span(input_).first(size)))
             return 1;
         input_size_ = size;
@@ -131,7 +131,7 @@ private:
 
     std::array<std::byte, entry::layout.size> fixed_ {};
     Record made_ {fixed_};
-    std::array<std::byte, most_input> input_;
+    std::array<std::byte, longest_input> input_;
     std::uint64_t envelope_at_;
     std::uint64_t begun_ = 0;
     std::uint64_t out_ptr_ = 0;

@@ -1,6 +1,7 @@
 #include "emulator/recording/recording.h"
 
 #include "emulator/protocol/access.h"
+#include "emulator/protocol/envelope.h"
 #include "emulator/recording/entry.h"
 #include "emulator/state/state_file.h"
 
@@ -47,10 +48,10 @@ std::string why_none(Octets rest)
         return "it ends within an entry";
     const Input in(rest);
     const std::uint64_t sum = std::uint64_t {fixed} + in[entry::input_size] + in[entry::reply_size];
-    if (in[entry::length] != sum || in[entry::input_size] > std::min(in[entry::in_len], most_input))
+    if (in[entry::length] != sum || in[entry::input_size] > std::min(in[entry::in_len], longest_input))
         return "the entry's lengths contradict each other";
     // A call of the wrong length is recorded as it is; one whose input was read has all of it.
-    if (in[entry::readable] >= 2 && in[entry::input_size] != std::min(in[entry::in_len], most_input))
+    if (in[entry::readable] >= 2 && in[entry::input_size] != std::min(in[entry::in_len], longest_input))
         return "the entry's input is not of its length";
     if (in[entry::begun] > latest || in[entry::took] > latest)
         return "the entry's times are beyond all reason";

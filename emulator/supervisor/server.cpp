@@ -34,9 +34,6 @@ using namespace protocol;
 
 namespace {
 
-// No command takes more input; a longer one is refused without being read.
-constexpr std::uint32_t longest_input = 4096;
-
 #if defined(__x86_64__)
 constexpr std::uint32_t native_architecture = AUDIT_ARCH_X86_64;
 #elif defined(__aarch64__)
