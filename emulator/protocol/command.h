@@ -21,6 +21,8 @@ struct Reply
     Layout record {};     // each of them
     std::size_t most = 0; // records of a list
     Layout head {};       // what precedes the records of a counted list
+
+    constexpr bool is_list() const { return shape >= Shape::List; }
 };
 
 struct Command

@@ -79,22 +79,10 @@ private:
     std::vector<std::string> lines_;
 };
 
-std::string name_of(std::uint32_t number)
-{
-    const Command* const command = command_of(number);
-    return command != nullptr ? std::string(command->name) : std::to_string(number);
-}
-
 std::string name_of_error(int error)
 {
     const char* const name = error == 0 ? "0" : strerrorname_np(error);
     return name != nullptr ? name : std::to_string(error);
-}
-
-// The bytes that a caller can take for a reply.
-Octets whole(const Answer& answer)
-{
-    return {answer.reply};
 }
 
 void compare_replies(Comparison& comparison, const Reply& described, Octets first, Octets second)
@@ -105,9 +93,8 @@ void compare_replies(Comparison& comparison, const Reply& described, Octets firs
         comparison.records("", described.head, first, second);
     comparison.numbers("records", one.records, other.records);
     const std::size_t each = described.record.size;
-    const bool is_list = described.shape != Shape::Record && described.shape != Shape::Result;
     for (std::size_t i = 0; i < std::min(one.records, other.records); ++i)
-        comparison.records(is_list ? "[" + std::to_string(i) + "]" : "", described.record,
+        comparison.records(described.is_list() ? "[" + std::to_string(i) + "]" : "", described.record,
             first.subspan(one.head + i * each, each), second.subspan(other.head + i * each, each));
     comparison.bytes("rest", first.last(one.rest), second.last(other.rest));
 }
@@ -118,7 +105,7 @@ std::vector<std::string> differences_of_requests(const Call& first, const Call& 
 {
     Comparison comparison(sides);
     if (first.number != second.number) {
-        comparison.add("command", name_of(first.number), name_of(second.number));
+        comparison.add("command", name_of_command(first.number), name_of_command(second.number));
         return comparison.take();
     }
     comparison.numbers("input length", first.in_len, second.in_len);
@@ -145,9 +132,9 @@ std::vector<std::string> differences_of_answers(
         return {};
     comparison.numbers("reply length", first.length(), second.length());
     if (const Command* const command = command_of(number); command != nullptr)
-        compare_replies(comparison, command->reply, whole(first), whole(second));
+        compare_replies(comparison, command->reply, first.reply, second.reply);
     else
-        comparison.bytes("reply", whole(first), whole(second));
+        comparison.bytes("reply", first.reply, second.reply);
     return comparison.take();
 }
 

@@ -18,12 +18,6 @@ bool are_equal(const Call& recorded, const Call& made)
     return recorded.number == made.number && differences_of_requests(recorded, made, sides).empty();
 }
 
-std::string name_of(const Call& call)
-{
-    const protocol::Command* const command = command_of(call.number);
-    return command != nullptr ? std::string(command->name) : std::to_string(call.number);
-}
-
 } // namespace
 
 Answer recorded_answer(const Event& event)
@@ -93,7 +87,7 @@ const Replay::Entry* Replay::nearest(const Call& call) const
 
 void Replay::tell(const Call& call)
 {
-    difference_ = "call " + std::to_string(made_) + ", " + name_of(call) + ", differs:\n";
+    difference_ = "call " + std::to_string(made_) + ", " + name_of_command(call.number) + ", differs:\n";
     const Entry* const entry = nearest(call);
     if (entry == nullptr) {
         difference_ += "  it is not in the recording\n";
@@ -107,7 +101,8 @@ std::string Replay::difference() const
 {
     if (!difference_.empty() || order_ == ReplayOrder::Matching || made_ >= entries_.size())
         return difference_;
-    return "call " + std::to_string(made_ + 1) + ", " + name_of(entries_[made_].call) + ", was not made\n";
+    return "call " + std::to_string(made_ + 1) + ", " + name_of_command(entries_[made_].call.number) +
+           ", was not made\n";
 }
 
 } // namespace emulator

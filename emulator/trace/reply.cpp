@@ -14,6 +14,12 @@ const Command* command_of(std::uint32_t number)
     return number <= last_command ? commands_by_number[number] : nullptr;
 }
 
+std::string name_of_command(std::uint32_t number)
+{
+    const Command* const command = command_of(number);
+    return command != nullptr ? std::string(command->name) : std::to_string(number);
+}
+
 ReplyParts parts_of(const Reply& described, std::size_t size)
 {
     const std::size_t each = described.record.size;
@@ -21,7 +27,7 @@ ReplyParts parts_of(const Reply& described, std::size_t size)
         return {.rest = size};
     ReplyParts parts {.head = described.head.size};
     parts.records = (size - parts.head) / each;
-    if (described.shape == Shape::Record || described.shape == Shape::Result)
+    if (!described.is_list())
         parts.records = std::min<std::size_t>(parts.records, 1);
     parts.shown = std::min(parts.records, records_shown);
     parts.rest = size - parts.head - parts.records * each;

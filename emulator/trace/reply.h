@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <span>
+#include <string>
 #include <vector>
 
 namespace emulator {
@@ -29,6 +30,9 @@ ReplyParts parts_of(const protocol::Reply& described, std::size_t size);
 
 // The command of this number; null if there is none.
 const protocol::Command* command_of(std::uint32_t number);
+
+// Its name; the number if there is none.
+std::string name_of_command(std::uint32_t number);
 
 // Keeps what is shown of a reply.
 void keep_reply(Call& call, std::vector<std::byte> reply);

@@ -58,14 +58,6 @@ void append_bytes(std::string& out, std::span<const std::byte> bytes, std::size_
     out.append(notation::of_bytes(bytes.first(shown))).append(shown < all ? "..." : "");
 }
 
-void append_name(std::string& out, const Command* command, std::uint32_t number)
-{
-    if (command != nullptr)
-        out.append(command->name);
-    else
-        append_number(out, number);
-}
-
 void append_request(std::string& out, const Command* command, const Call& call)
 {
     if (call.readable == Readable::Nothing) {
@@ -86,7 +78,7 @@ void append_request(std::string& out, const Command* command, const Call& call)
 
 void append_records(std::string& out, const Reply& described, const ReplyParts& parts, const Call& call)
 {
-    const bool is_list = described.shape != Shape::Record && described.shape != Shape::Result;
+    const bool is_list = described.is_list();
     out.append(is_list ? ", [" : "");
     for (std::size_t i = 0; i < parts.shown; ++i) {
         out.append(i > 0 || !is_list ? ", " : "");
@@ -138,7 +130,7 @@ void append_error(std::string& out, int error)
 void append_call(std::string& out, const Call& call, const std::optional<int>& error)
 {
     const Command* const command = command_of(call.number);
-    append_name(out, command, call.number);
+    out.append(name_of_command(call.number));
     out.push_back('(');
     append_request(out, command, call);
     out.append(") = ");
