@@ -69,17 +69,6 @@ std::optional<Link> connect_to_socket(const fs::path& path)
     return Link(std::move(made));
 }
 
-// Whether it is the folder that is there now: whoever leaves it empty removes it.
-bool is_there(const Descriptor& opened, const fs::path& folder)
-{
-    struct stat there
-    {};
-    struct stat held
-    {};
-    return fstat(opened.number(), &held) == 0 && stat(folder.c_str(), &there) == 0 && held.st_ino == there.st_ino &&
-           held.st_dev == there.st_dev;
-}
-
 // The folder, where one process at a time looks for dead sockets and makes new ones. None if it is not there.
 Descriptor locked(const fs::path& folder)
 {
@@ -87,13 +76,16 @@ Descriptor locked(const fs::path& folder)
         Descriptor opened(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
         if (!opened && errno == ENOENT)
             return {};
-        struct stat found
+        struct stat held
         {};
-        if (!opened || fstat(opened.number(), &found) != 0 || found.st_uid != geteuid() || (found.st_mode & 077) != 0)
+        if (!opened || fstat(opened.number(), &held) != 0 || held.st_uid != geteuid() || (held.st_mode & 077) != 0)
             throw std::runtime_error(fmt::format("{} is not a folder of this user alone", folder.native()));
         if (flock(opened.number(), LOCK_EX) != 0)
             fail(fmt::format("cannot lock {}", folder.native()));
-        if (is_there(opened, folder))
+        // Whoever has held it before may have left it empty, and removed it.
+        struct stat there
+        {};
+        if (stat(folder.c_str(), &there) == 0 && there.st_dev == held.st_dev && there.st_ino == held.st_ino)
             return opened;
     }
 }
