@@ -3,6 +3,8 @@
  * line and exits with 0 if what it tried was possible.
  */
 #define _GNU_SOURCE
+#include "device.h"
+
 #include <errno.h>
 #include <fcntl.h>
 #include <linux/fs.h>
@@ -21,17 +23,6 @@
 #include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
-
-#define NORMAL "/pelt/devices/char/zephdriver/kola_lumo"
-#define UPGRADE "/pelt/devices/char/zephdriver/kola_lumo_ugrade"
-
-struct envelope
-{
-    uint32_t in_len;
-    const void* in;
-    uint32_t out_len;
-    void* out;
-} __attribute__((packed));
 
 static int report(const char* what, int result)
 {

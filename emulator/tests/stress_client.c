@@ -7,6 +7,8 @@
  *                       both in microseconds
  */
 #define _GNU_SOURCE
+#include "device.h"
+
 #include <arpa/inet.h>
 #include <errno.h>
 #include <fcntl.h>
@@ -21,8 +23,6 @@
 #include <time.h>
 #include <unistd.h>
 
-#define DEVICE "/pelt/devices/char/zephdriver/kola_lumo"
-
 enum
 {
     get_instance = 1,
@@ -35,14 +35,6 @@ enum
     area_size = 65536
 };
 
-struct envelope
-{
-    uint32_t in_len;
-    const void* in;
-    uint32_t out_len;
-    void* out;
-} __attribute__((packed));
-
 static time_t end;
 static unsigned char* area;
 static volatile int over;
@@ -51,7 +43,7 @@ static const char* slot;
 static int call(unsigned long number, const void* in, uint32_t in_len, void* out, uint32_t out_len)
 {
     struct envelope envelope = {in_len, in, out_len, out};
-    const int device = open(DEVICE, O_RDWR | O_CLOEXEC);
+    const int device = open(NORMAL, O_RDWR | O_CLOEXEC);
     const int result = device < 0 ? -1 : ioctl(device, number, &envelope);
     close(device);
     return result < 0 ? -1 : (int)envelope.out_len;
@@ -138,7 +130,7 @@ static int garbage(long count)
 {
     pthread_t changing;
     uint32_t seed = 1;
-    const int device = open(DEVICE, O_RDWR);
+    const int device = open(NORMAL, O_RDWR);
     area = mmap(NULL, area_size + 4096, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
     mprotect(area + area_size, 4096, PROT_NONE);
     pthread_create(&changing, NULL, change, NULL);

@@ -2,6 +2,8 @@
  * Preloaded behind the recorder: plays a host that has the module, of which it knows the level of its log alone.
  */
 #define _GNU_SOURCE
+#include "../device.h"
+
 #include <errno.h>
 #include <fcntl.h>
 #include <stdarg.h>
@@ -13,22 +15,12 @@
 #include <sys/syscall.h>
 #include <unistd.h>
 
-#define DEVICE "/pelt/devices/char/zephdriver/kola_lumo"
-
-struct envelope
-{
-    uint32_t in_len;
-    const void* in;
-    uint32_t out_len;
-    void* out;
-} __attribute__((packed));
-
 static int device = -1;
 static uint32_t level = 4;
 
 int open(const char* path, int flags, ...)
 {
-    if (strcmp(path, DEVICE) == 0)
+    if (strcmp(path, NORMAL) == 0)
         return device = memfd_create("device", MFD_CLOEXEC);
     va_list rest;
     va_start(rest, flags);
@@ -43,8 +35,8 @@ ssize_t readlink(const char* path, char* target, size_t room)
     snprintf(link, sizeof link, "/proc/self/fd/%d", device);
     if (device < 0 || strcmp(path, link) != 0)
         return syscall(SYS_readlinkat, AT_FDCWD, path, target, room);
-    const size_t length = sizeof DEVICE - 1 < room ? sizeof DEVICE - 1 : room;
-    memcpy(target, DEVICE, length);
+    const size_t length = sizeof NORMAL - 1 < room ? sizeof NORMAL - 1 : room;
+    memcpy(target, NORMAL, length);
     return (ssize_t)length;
 }
 
