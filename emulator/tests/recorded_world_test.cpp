@@ -9,11 +9,20 @@ namespace {
 const std::string set = DYNAMIC_CLIENT " set 9; ";
 const std::string get = DYNAMIC_CLIENT " get; ";
 
-class Recorded : public InMode
+// A recording, and what the emulator's verbs say of it.
+class RecordingFile
 {
 protected:
     std::string file() const { return folder_.path() / "recording"; }
+    Ended say(const std::string& verb) const { return Process({EMULATOR, verb, file()}).wait(); }
 
+private:
+    Folder folder_ {0700};
+};
+
+class Recorded : public InMode, protected RecordingFile
+{
+protected:
     Ended record(const std::string& script) const
     {
         return Process(in_world({"/bin/sh", "-c", script}, {"--record", file()})).wait();
@@ -25,10 +34,6 @@ protected:
         words.insert(words.end(), {"--", "/bin/sh", "-c", script});
         return Process(words).wait();
     }
-    Ended say(const std::string& verb) const { return Process({EMULATOR, verb, file()}).wait(); }
-
-private:
-    Folder folder_ {0700};
 };
 INSTANTIATE_TEST_SUITE_P(Modes, Recorded, modes, [](const auto& mode) { return mode.param; });
 
@@ -107,7 +112,7 @@ TEST_P(Recorded, SaysWhenItIsNotComplete)
 }
 
 // A world is the host.
-class PassedThrough : public testing::Test
+class PassedThrough : public testing::Test, protected RecordingFile
 {
 protected:
     void SetUp() override
@@ -118,18 +123,12 @@ protected:
             GTEST_SKIP() << why;
     }
 
-    std::string file() const { return folder_.path() / "recording"; }
-
     Ended on_host(const Words& program) const
     {
         Words words {EMULATOR, "record", "--pass-through", file(), "--"};
         words.insert(words.end(), program.begin(), program.end());
         return Process(in_world({"--mode", "namespaces"}, words)).wait();
     }
-    Ended say(const std::string& verb) const { return Process({EMULATOR, verb, file()}).wait(); }
-
-private:
-    Folder folder_ {0700};
 };
 
 TEST_F(PassedThrough, ProgramsGetWhatTheModuleAnswers)
