@@ -4,10 +4,9 @@
 #include "emulator/recording/replay.h"
 #include "emulator/trace/line.h"
 #include "emulator/trace/reply.h"
+#include "expect.h"
 
 #include <algorithm>
-#include <cstdio>
-#include <cstdlib>
 #include <utility>
 
 using namespace emulator;
@@ -16,10 +15,8 @@ namespace {
 
 void expect(bool truth, const char* what)
 {
-    if (truth)
-        return;
-    std::fprintf(stderr, "not so: %s\n", what);
-    std::abort();
+    if (!truth)
+        fuzz::fail(what);
 }
 
 void print(Event event)
