@@ -74,6 +74,10 @@ protected:
     void release() { EXPECT_EQ(row.release(out), 0); }
 };
 
+// What goes through every length or every byte of a reply takes most of the time: some tools leave it out.
+class ListReadsByteByByte : public ListReads
+{};
+
 TEST_P(ListReads, SendTheirRequestWithRoomForTheCap)
 {
     const Call call = read(replies({}));
@@ -172,7 +176,7 @@ TEST_P(ListReads, AreReleasedAlsoWithoutArray)
     EXPECT_THAT(null, DoesNothing());
 }
 
-TEST_P(ListReads, DecodeWholeRecordsOfAReplyOfAnyLength)
+TEST_P(ListReadsByteByByte, DecodeWholeRecordsOfAReplyOfAnyLength)
 {
     const Bytes reply = reply_of(3);
     for (std::size_t length = 0; length <= 2 * size + 1; ++length) {
@@ -266,7 +270,7 @@ TEST_P(ListReads, EndTextsWhateverFollows)
 }
 
 // Every record of a reply has another byte changed.
-TEST_P(ListReads, ShowAChangedByteWhereItBelongsAndNowhereElse)
+TEST_P(ListReadsByteByByte, ShowAChangedByteWhereItBelongsAndNowhereElse)
 {
     const std::vector<Change> changes = changes_of(*row.layout);
     for (std::size_t first = 0; first < changes.size(); first += cap) {
@@ -283,5 +287,6 @@ TEST_P(ListReads, ShowAChangedByteWhereItBelongsAndNowhereElse)
 }
 
 INSTANTIATE_TEST_SUITE_P(, ListReads, testing::ValuesIn(rows_of(Shape::ListRead)), NameOfRow());
+INSTANTIATE_TEST_SUITE_P(, ListReadsByteByByte, testing::ValuesIn(rows_of(Shape::ListRead)), NameOfRow());
 
 } // namespace shapes
