@@ -1,5 +1,6 @@
 // Recordings that nobody has made: what is read of them can be printed, written again, compared and replayed.
 #include "emulator/recording/comparing.h"
+#include "emulator/recording/difference.h"
 #include "emulator/recording/recording.h"
 #include "emulator/recording/replay.h"
 #include "emulator/trace/line.h"
@@ -40,10 +41,21 @@ void print(Event event)
 void replay(const Recording& recording)
 {
     Replay strict(recording, ReplayOrder::Strict);
-    for (const Event& event : recording.events)
-        if (can_be_repeated(event))
-            expect(strict.answer(std::get<Call>(event.what)).error == *event.error, "the answer is the recorded one");
-    expect(strict.difference().empty(), "nothing differs");
+    Replay matching(recording, ReplayOrder::Matching);
+    const Call* before = nullptr;
+    for (const Event& event : recording.events) {
+        if (!can_be_repeated(event))
+            continue;
+        const Call& call = std::get<Call>(event.what);
+        expect(strict.answer(call).error == *event.error, "the answer is the recorded one");
+        expect(matching.answer(call).error == *event.error, "it is found as well as expected");
+        if (before != nullptr) {
+            const bool differ = !differences_of_requests(*before, call, {"one", "other"}).empty();
+            expect(differ == (asked_by(*before) != asked_by(call)), "calls differ in what they ask");
+        }
+        before = &call;
+    }
+    expect(strict.difference().empty() && matching.difference().empty(), "nothing differs");
 }
 
 } // namespace

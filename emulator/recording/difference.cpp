@@ -99,6 +99,28 @@ void compare_replies(Comparison& comparison, const Reply& described, Octets firs
     comparison.bytes("rest", first.last(one.rest), second.last(other.rest));
 }
 
+// The fields of a request; none if it is of another length.
+const Layout* fields_of(const Call& call)
+{
+    const Command* const command = command_of(call.number);
+    return command != nullptr && call.input.size() == command->input.size ? &command->input : nullptr;
+}
+
+// NOLINTNEXTLINE(misc-no-recursion): as deep as the description
+void append_values(std::string& out, const Layout& layout, Octets bytes)
+{
+    for (const Field* field : layout.fields) {
+        const Octets own = bytes.subspan(field->offset, field->width);
+        if (field->kind == Kind::Table) {
+            for (std::size_t at = 0; at < own.size(); at += field->entry->size)
+                append_values(out, *field->entry, own.subspan(at, field->entry->size));
+            continue;
+        }
+        append_value(out, TraceFormat::Text, *field, own);
+        out.push_back('\n');
+    }
+}
+
 } // namespace
 
 std::vector<std::string> differences_of_requests(const Call& first, const Call& second, Sides sides)
@@ -110,14 +132,25 @@ std::vector<std::string> differences_of_requests(const Call& first, const Call& 
     }
     comparison.numbers("input length", first.in_len, second.in_len);
     comparison.numbers("room", first.room, second.room);
-    const Command* const command = command_of(first.number);
-    const bool have_fields =
-        command != nullptr && first.input.size() == command->input.size && second.input.size() == command->input.size;
-    if (have_fields)
-        comparison.records("", command->input, first.input, second.input);
+    if (const Layout* const layout = fields_of(first); layout != nullptr && fields_of(second) != nullptr)
+        comparison.records("", *layout, first.input, second.input);
     else
         comparison.bytes("input", first.input, second.input);
     return comparison.take();
+}
+
+std::string asked_by(const Call& call)
+{
+    std::string asked;
+    for (const std::uint32_t number : {call.number, call.in_len, call.room}) {
+        append_number(asked, number);
+        asked.push_back(' ');
+    }
+    if (const Layout* const layout = fields_of(call); layout != nullptr)
+        append_values(asked, *layout, call.input);
+    else
+        asked.append(notation::of_bytes(call.input));
+    return asked;
 }
 
 std::vector<std::string> differences_of_answers(

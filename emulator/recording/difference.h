@@ -20,6 +20,9 @@ struct Sides
 // What the second asks that the first does not: a line each. Bytes of a request that no field has are not looked at.
 std::vector<std::string> differences_of_requests(const Call& first, const Call& second, Sides sides);
 
+// What a call asks: the same for two whose requests do not differ, and for no others.
+std::string asked_by(const Call& call);
+
 // What is answered to the same call.
 std::vector<std::string> differences_of_answers(
     std::uint32_t number, const Answer& first, const Answer& second, Sides sides);

@@ -13,11 +13,6 @@ namespace {
 
 constexpr Sides sides {"recorded", "now"};
 
-bool are_equal(const Call& recorded, const Call& made)
-{
-    return recorded.number == made.number && differences_of_requests(recorded, made, sides).empty();
-}
-
 } // namespace
 
 Answer recorded_answer(const Event& event)
@@ -38,8 +33,12 @@ bool can_be_repeated(const Event& event)
 Replay::Replay(const Recording& recording, ReplayOrder order) : order_(order)
 {
     for (const Event& event : recording.events)
-        if (can_be_repeated(event))
-            entries_.push_back({std::get<Call>(event.what), recorded_answer(event)});
+        if (can_be_repeated(event)) {
+            const Call& call = std::get<Call>(event.what);
+            entries_.push_back({call, asked_by(call), recorded_answer(event)});
+        }
+    for (std::size_t i = 0; order_ == ReplayOrder::Matching && i < entries_.size(); ++i)
+        equals_[entries_[i].asked].entries.push_back(i);
 }
 
 Answer Replay::answer(const Call& call)
@@ -59,18 +58,17 @@ Answer Replay::answer(const Call& call)
 
 Replay::Entry* Replay::next_for(const Call& call)
 {
+    const std::string asked = asked_by(call);
     if (order_ == ReplayOrder::Strict) {
         Entry* const next = made_ <= entries_.size() ? &entries_[made_ - 1] : nullptr;
-        return next != nullptr && are_equal(next->call, call) ? next : nullptr;
+        return next != nullptr && next->asked == asked ? next : nullptr;
     }
-    Entry* last = nullptr;
-    for (Entry& entry : entries_)
-        if (are_equal(entry.call, call)) {
-            last = &entry;
-            if (!entry.was_made)
-                break;
-        }
-    return last;
+    const auto found = equals_.find(asked);
+    if (found == equals_.end())
+        return nullptr;
+    Equals& equals = found->second;
+    const std::size_t last = equals.entries.size() - 1;
+    return &entries_[equals.entries[std::min(equals.next++, last)]];
 }
 
 // With what a call is compared that the recording has not.

@@ -7,6 +7,8 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace emulator {
@@ -25,6 +27,8 @@ class Replay
 {
 public:
     Replay(const Recording& recording, ReplayOrder order);
+    Replay(const Replay&) = delete;
+    Replay& operator=(const Replay&) = delete;
 
     // Fails with EIO if the recording has no such call, and if order is strict, from then on.
     Answer answer(const Call& call);
@@ -36,8 +40,15 @@ private:
     struct Entry
     {
         Call call;
+        std::string asked;
         Answer answer;
         bool was_made = false;
+    };
+    // Those that ask the same, in their order.
+    struct Equals
+    {
+        std::vector<std::size_t> entries;
+        std::size_t next = 0;
     };
 
     Entry* next_for(const Call& call);
@@ -46,7 +57,8 @@ private:
 
     ReplayOrder order_;
     std::vector<Entry> entries_;
-    std::size_t made_ = 0; // calls
+    std::unordered_map<std::string_view, Equals> equals_; // by what they ask; if order is matching
+    std::size_t made_ = 0;                                // calls
     std::string difference_;
 };
 

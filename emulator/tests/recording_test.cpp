@@ -179,6 +179,23 @@ TEST(Differences, AreOfFields)
         ElementsAre("input length: was 4, is 2", "input: was 01000000, is 0000"));
 }
 
+TEST(Differences, AreBetweenCallsThatAskSomethingElse)
+{
+    Octets bytes(request_size);
+    const Call one = call_in(event_of(34, bytes, 0));
+    bytes[700] = std::byte {1}; // where no field is
+    EXPECT_EQ(asked_by(one), asked_by(call_in(event_of(34, bytes, 0))));
+    EXPECT_NE(asked_by(one), asked_by(call_in(event_of(35, bytes, 0))));
+    EXPECT_NE(asked_by(one), asked_by(call_in(event_of(34, Octets(request_size + 1), 0))));
+    Call roomy = one;
+    ++roomy.room;
+    EXPECT_NE(asked_by(one), asked_by(roomy));
+    Record {std::span(bytes)}[routes::lif] = "uplink";
+    EXPECT_NE(asked_by(one), asked_by(call_in(event_of(34, bytes, 0))));
+    EXPECT_NE(
+        asked_by(call_in(event_of(10, Octets(2), 0))), asked_by(call_in(event_of(10, Octets(2, std::byte {1}), 0))));
+}
+
 TEST(Differences, AreOfReplies)
 {
     Octets one(2 * routes::record::layout.size);
@@ -226,6 +243,22 @@ TEST(Replays, FindCallsInAnyOrderIfAsked)
     EXPECT_EQ(replay.answer(call_in(get(0))).error, 0);
     EXPECT_EQ(replay.difference(), "call 5, SetLogLevel, differs:\n  level: recorded 9, now 8\n");
     EXPECT_EQ(replay.answer(call_in(event_of(42, {}, 0))).error, EIO);
+}
+
+TEST(Replays, FindCallsInALargeRecordingWithoutGoingThroughIt)
+{
+    constexpr std::uint32_t many = 20000;
+    Recording recording;
+    for (std::uint32_t i = 0; i < many; ++i) {
+        recording.events.push_back(set(i));
+        recording.events.push_back(get(i));
+    }
+    Replay replay(recording, ReplayOrder::Matching);
+    for (std::uint32_t i = 0; i < many; ++i) {
+        ASSERT_EQ(replay.answer(call_in(set(many - 1 - i))).error, 0);
+        ASSERT_EQ(replay.answer(call_in(get(0))).reply, level(i));
+    }
+    EXPECT_EQ(replay.difference(), "");
 }
 
 TEST(Replays, LeaveOutWhatNeverArrived)
