@@ -1,6 +1,6 @@
 # Kinds of targets.
 
-option(LUMOZEPH_UNITY_BUILD "Compile the files of the tool and of the supervisor many at a time" OFF)
+option(LUMOZEPH_UNITY_BUILD "Compile the files of the tool, of the supervisor and of tests many at a time" OFF)
 
 # The files of the target are compiled so many at a time, where LUMOZEPH_UNITY_BUILD says so, and then no name stands for two
 # things in them.

@@ -18,9 +18,15 @@ include(GoogleTest)
 set(lumozeph_left_allocated
   LSAN_OPTIONS=print_suppressions=0:suppressions=${PROJECT_SOURCE_DIR}/tests/end_to_end/left_allocated)
 
+# What a program of tests is compiled with.
+function(lumozeph_compile_tests program)
+  target_precompile_headers(${program} REUSE_FROM lumozeph_test_headers)
+  lumozeph_compile_together(${program} 10)
+endfunction()
+
 # A program's tests in so many processes. Further arguments are their environment.
 function(lumozeph_add_shards program prefix shards)
-  target_precompile_headers(${program} REUSE_FROM lumozeph_test_headers)
+  lumozeph_compile_tests(${program})
   math(EXPR last "${shards} - 1")
   foreach(shard RANGE ${last})
     add_test(NAME ${prefix}${program}.${shard} COMMAND ${program} --gtest_brief=1)
@@ -35,7 +41,7 @@ function(lumozeph_add_tests program prefix timeout)
   if(LUMOZEPH_INSTRUMENTED OR CMAKE_CROSSCOMPILING)
     lumozeph_add_shards(${program} "${prefix}" 2 ${ARGN})
   else()
-    target_precompile_headers(${program} REUSE_FROM lumozeph_test_headers)
+    lumozeph_compile_tests(${program})
     gtest_discover_tests(${program} TEST_PREFIX "${prefix}" PROPERTIES TIMEOUT ${timeout} DISCOVERY_TIMEOUT 60)
   endif()
 endfunction()

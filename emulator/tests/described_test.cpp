@@ -14,7 +14,7 @@ using namespace emulator::protocol;
 
 namespace {
 
-using Message = std::vector<std::byte>;
+using Octets = std::vector<std::byte>;
 
 constexpr std::uint32_t plenty_of_room = 0xffffffff;
 
@@ -49,9 +49,9 @@ void fill(const Layout& layout, std::span<std::byte> bytes)
     }
 }
 
-Message input_of(const Command& command, std::byte background)
+Octets input_of(const Command& command, std::byte background)
 {
-    Message message(command.input.size, background);
+    Octets message(command.input.size, background);
     fill(command.input, message);
     return message;
 }

@@ -17,9 +17,6 @@ protected:
 };
 INSTANTIATE_TEST_SUITE_P(Modes, FaultyWorld, modes, [](const auto& mode) { return mode.param; });
 
-const std::string get = DYNAMIC_CLIENT " get; ";
-const std::string set = DYNAMIC_CLIENT " set 9; ";
-
 TEST_P(FaultyWorld, AnswersWithWhatIsAskedFor)
 {
     const Ended ended = run({"--fault", "SetLogLevel#1=EBUSY", "--fault", "9#3=ENODEV", "--fault", "GetLogLevel#4=EIO"},

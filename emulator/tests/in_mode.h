@@ -29,6 +29,10 @@ private:
     std::filesystem::path path_;
 };
 
+// Lines of a script.
+inline const std::string set = DYNAMIC_CLIENT " set 9; ";
+inline const std::string get = DYNAMIC_CLIENT " get; ";
+
 inline const auto modes = testing::Values("namespaces", "injection");
 
 // In each mode that the machine offers.

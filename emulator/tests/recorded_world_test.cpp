@@ -6,9 +6,6 @@ using testing::MatchesRegex;
 
 namespace {
 
-const std::string set = DYNAMIC_CLIENT " set 9; ";
-const std::string get = DYNAMIC_CLIENT " get; ";
-
 // A recording, and what the emulator's verbs say of it.
 class RecordingFile
 {

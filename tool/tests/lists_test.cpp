@@ -13,7 +13,7 @@ using testing::SizeIs;
 
 namespace {
 
-Records records(std::span<const LumoBridgeFdbEntry> entries)
+Records records_of(std::span<const LumoBridgeFdbEntry> entries)
 {
     return {find_operation("GetBridgeFdbEntries")->record, std::as_bytes(entries).data(), entries.size(), true};
 }
@@ -72,7 +72,7 @@ TEST(Contents, KeepRecordsThatAreNotToldApart)
     entries[1].mac[0] = 1;
     entries[2].mac[0] = 2;
     entries[2].value4 = 7;
-    const Contents contents = contents_of(records(entries), "mac");
+    const Contents contents = contents_of(records_of(entries), "mac");
     ASSERT_THAT(contents, SizeIs(3));
     auto one = contents.begin();
     EXPECT_EQ(one++->second, bytes(entries[1]));
