@@ -121,7 +121,7 @@ def main():
     path, root, libdir = sys.argv[1:]
     installed = Path(root)
     environment = {
-        "PATH": f"{installed}/bin:{installed}/sbin:/usr/local/bin:/usr/bin:/bin",
+        "PATH": f"{installed}/bin:/usr/local/bin:/usr/bin:/bin",
         "PKG_CONFIG_PATH": f"{installed}/{libdir}/pkgconfig",
         "CMAKE_PREFIX_PATH": root,
         "LD_LIBRARY_PATH": f"{installed}/{libdir}",
