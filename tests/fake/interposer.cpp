@@ -106,9 +106,9 @@ void* __wrap_malloc(std::size_t size)
     return answer(&Libc::malloc, size);
 }
 
-void* __wrap_calloc(std::size_t count, std::size_t size)
+void* __wrap_calloc(std::size_t number, std::size_t size)
 {
-    return answer(&Libc::calloc, count, size);
+    return answer(&Libc::calloc, number, size);
 }
 
 void __wrap_free(void* block)
