@@ -1,8 +1,7 @@
-// Ends the tool when a call hangs.
+// Ends the tool when it takes too long.
 #pragma once
 
 #include <chrono>
-#include <string>
 #include <thread>
 
 namespace tool {
@@ -12,8 +11,8 @@ namespace tool {
 class Deadline
 {
 public:
-    // After this time, writes the message to standard error and exits with this status.
-    Deadline(std::chrono::duration<double> time, std::string message, int status);
+    // After this time, exits with this status.
+    Deadline(std::chrono::duration<double> time, int status);
 
 private:
     std::jthread _thread;

@@ -1,10 +1,14 @@
 #include "tool/failures.h"
 
 #include "lumozeph.h"
+#include "tool/patience.h"
 
 #include <cerrno>
 #include <cstring>
 #include <fmt/format.h>
+#include <memory>
+#include <optional>
+#include <utility>
 
 namespace tool {
 namespace {
@@ -19,18 +23,23 @@ bool is_refusal(int error)
     return error == EACCES || error == EPERM;
 }
 
-// The errno of an operation that needs nothing but the module.
-int error_without_an_object()
+// The errno of an operation that needs nothing but the module. Nothing if that gives no answer.
+std::optional<int> error_without_an_object()
 {
-    std::uint32_t level = 0;
-    errno = 0;
-    return LUMOZEPH_GetLogLevel(&level) == 0 ? 0 : errno;
+    const auto level = std::make_shared<std::uint32_t>(0);
+    const std::optional<Called> called = make_call([level] { return LUMOZEPH_GetLogLevel(level.get()); });
+    if (!called)
+        return std::nullopt;
+    return called->result == 0 ? 0 : called->error;
 }
 
 std::string_view advice(int error)
 {
     const bool may_be_the_device = is_absence(error) || is_refusal(error);
-    const bool is_the_device = may_be_the_device && error_without_an_object() == error;
+    const std::optional<int> without_an_object = may_be_the_device ? error_without_an_object() : 0;
+    if (!without_an_object)
+        return "the module does not say whether it knows anything else";
+    const bool is_the_device = may_be_the_device && *without_an_object == error;
     if (is_the_device && is_absence(error))
         return "the device of the module is not there: is the module loaded on this host?";
     if (is_the_device)
@@ -54,6 +63,22 @@ std::string_view advice(int error)
 }
 
 } // namespace
+
+std::optional<int> error_of_call(
+    const std::function<std::string()>& attempt, std::string_view operation, std::function<int()> function)
+{
+    const std::optional<Called> called = make_call(std::move(function));
+    if (!called)
+        throw NoAnswer(fmt::format("{}: no answer within {} seconds", attempt(), Patience::time().count()),
+            std::string(operation), ETIMEDOUT, "the module hangs, or is not done yet");
+    return called->result == 0 ? std::nullopt : std::optional(called->error);
+}
+
+void call(const std::function<std::string()>& attempt, std::string_view operation, std::function<int()> function)
+{
+    if (const std::optional<int> error = error_of_call(attempt, operation, std::move(function)))
+        throw failure(attempt(), operation, *error);
+}
 
 std::string name_of(int error)
 {

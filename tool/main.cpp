@@ -11,6 +11,7 @@
 #include "tool/metrics.h"
 #include "tool/mistakes.h"
 #include "tool/output.h"
+#include "tool/patience.h"
 #include "tool/printer.h"
 #include "tool/rates.h"
 #include "tool/raw.h"
@@ -202,8 +203,8 @@ void run(const CommandLine& line, Output& output)
         return issue(command, line.dry_run ? Sending::OnlyShown : Sending::Done, line.manner, output);
     }
     if (words.front() == "watch") {
-        if (line.dry_run || line.rates || line.timeout > 0)
-            throw Misuse("watch takes none of --dry-run, --rates and --timeout");
+        if (line.dry_run || line.rates)
+            throw Misuse("watch takes neither --dry-run nor --rates");
         return watch(words.subspan(1), terms_of(line), line.manner, output);
     }
     if (words.front() == "metrics") {
@@ -245,6 +246,12 @@ void complain(const std::string& message)
     static_cast<void>(std::fputs(message.c_str(), stderr));
 }
 
+// 1 is that of a difference.
+int status_of_failure(const CommandLine& line)
+{
+    return !line.words.empty() && line.words.front() == "diff" ? misused : failed;
+}
+
 // Says what goes wrong, and returns the exit status.
 template <class Action>
 int attempt(const CommandLine& line, Action action)
@@ -256,27 +263,20 @@ int attempt(const CommandLine& line, Action action)
         return misused;
     } catch (const Failure& failure) {
         complain(complaint(line, failure.what(), failure.operation, failure.number, failure.advice));
-        return failed;
+        return status_of_failure(line);
     } catch (const std::bad_alloc&) {
         complain(complaint(line, "out of memory"));
-        return failed;
+        return status_of_failure(line);
     }
-}
-
-// The status of a failure is that of a difference.
-int status_without_answer(const CommandLine& line)
-{
-    return !line.words.empty() && line.words.front() == "diff" ? misused : failed;
 }
 
 int run_safely(const CommandLine& line)
 {
     return attempt(line, [&] {
         Output output;
-        std::optional<Deadline> deadline;
+        std::optional<Patience> patience;
         if (line.timeout > 0)
-            deadline.emplace(std::chrono::duration<double>(line.timeout),
-                complaint(line, fmt::format("no answer within {} seconds", line.timeout)), status_without_answer(line));
+            patience.emplace(std::chrono::duration<double>(line.timeout));
         if (is_about_state(line))
             return run_about_state(line, output);
         run(line, output);
@@ -427,7 +427,7 @@ int complete(std::vector<std::string> words)
         words.erase(words.begin());
     // A shell that waits is worse than one that does not know.
     constexpr std::chrono::duration<double> patience {2};
-    const Deadline deadline(patience, "", failed);
+    const Deadline deadline(patience, failed);
     const std::vector<OptionWords> options = Parser({}).options();
     Output output;
     for (const Candidate& candidate : candidates(words, options))
@@ -450,7 +450,11 @@ int main(int argc, char** argv)
         // NOLINTNEXTLINE(concurrency-mt-unsafe): there is one thread
         const char* const no_color = std::getenv("NO_COLOR");
         general.manner.bold = isatty(STDOUT_FILENO) != 0 && (!no_color || *no_color == '\0');
-        return take_apart(general, {argv + 1, argv + argc}, run_any);
+        const int status = take_apart(general, {argv + 1, argv + argc}, run_any);
+        // Nothing is taken down around a call that hangs.
+        if (calls_given_up() > 0)
+            _exit(status);
+        return status;
     } catch (const std::exception& exception) {
         static_cast<void>(std::fprintf(stderr, "lumozephctl: %s\n", exception.what()));
         return failed;

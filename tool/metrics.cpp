@@ -164,6 +164,8 @@ private:
         double& errors = _errors[std::string(operation)];
         try {
             action();
+        } catch (const NoAnswer&) {
+            throw; // The others would take as long, one after the other.
         } catch (const Failure& failure) {
             // It may be the names for the read that could not be read.
             if (failure.operation == operation)
@@ -275,6 +277,8 @@ private:
             const Value part = part_spoken_of(read_state(scope_of(document), _order), document);
             add("lumozeph_state_differences", Type::Gauge, "How many things are not as the file of the state says.", "",
                 static_cast<double>(differences(part, document).size()));
+        } catch (const NoAnswer&) {
+            throw;
         } catch (const Failure& failure) {
             ++_errors[failure.operation];
         }

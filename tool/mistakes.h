@@ -28,4 +28,10 @@ struct Failure : std::runtime_error
     std::string advice;    // what to look at; may be empty
 };
 
+// The module did not answer in time, and may do so yet.
+struct NoAnswer : Failure
+{
+    using Failure::Failure;
+};
+
 } // namespace tool

@@ -9,7 +9,8 @@
 #include "tool/mistakes.h"
 
 #include <algorithm>
-#include <cerrno>
+#include <memory>
+#include <utility>
 #include <vector>
 
 namespace tool {
@@ -20,6 +21,19 @@ std::int32_t number_of(const std::string& word)
     return static_cast<std::int32_t>(word.starts_with("-") ? parse_signed_number(word, sizeof(std::int32_t))
                                                            : parse_number(word, sizeof(std::uint32_t)));
 }
+
+struct RawExchange
+{
+    RawExchange(std::string what, std::uint32_t room)
+        : request(std::move(what)),
+          reply(room), envelope {static_cast<std::uint32_t>(request.size()), request.empty() ? nullptr : request.data(),
+                           room, reply.empty() ? nullptr : reply.data()}
+    {}
+
+    std::string request;
+    std::vector<std::byte> reply;
+    LumoEnvelope envelope;
+};
 
 void print_reply(std::span<const std::byte> reply, const Manner& manner, Output& output)
 {
@@ -43,15 +57,12 @@ void issue(const RawCommand& command, Sending sending, const Manner& manner, Out
     const std::string request = command.request_file.empty() ? "" : contents_of(command.request_file);
     if (sending == Sending::OnlyShown)
         return show_command({number, request, command.reply_size}, manner, output);
-    std::vector<std::byte> reply(command.reply_size);
-    LumoEnvelope envelope {static_cast<std::uint32_t>(request.size()), request.empty() ? nullptr : request.data(),
-        command.reply_size, reply.empty() ? nullptr : reply.data()};
-    errno = 0;
-    if (LUMOZEPHIoctl(number, &envelope) != 0)
-        throw failure("raw " + command.number, "Ioctl", errno);
+    const auto exchange = std::make_shared<RawExchange>(request, command.reply_size);
+    call([&] { return "raw " + command.number; }, "Ioctl",
+        [number, exchange] { return LUMOZEPHIoctl(number, &exchange->envelope); });
     // What the module reports may be more than the room that it had.
-    const std::size_t length = std::min<std::size_t>(envelope.outLen, reply.size());
-    print_reply({reply.data(), length}, manner, output);
+    const std::size_t length = std::min<std::size_t>(exchange->envelope.outLen, exchange->reply.size());
+    print_reply({exchange->reply.data(), length}, manner, output);
     output.flush();
 }
 

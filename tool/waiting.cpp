@@ -1,23 +1,28 @@
 #include "tool/waiting.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
+#include <optional>
 #include <poll.h>
 #include <unistd.h>
 
 namespace tool {
 namespace {
 
+using Clock = std::chrono::steady_clock;
+
 volatile std::sig_atomic_t has_come = 0;
+std::optional<Clock::time_point> end_of_all;
 
 extern "C" void note(int /*signal*/)
 {
     has_come = 1;
 }
 
-timespec rest_until(std::chrono::steady_clock::time_point time)
+timespec rest_until(Clock::time_point time)
 {
-    const auto rest = std::chrono::duration_cast<std::chrono::nanoseconds>(time - std::chrono::steady_clock::now());
+    const auto rest = std::chrono::duration_cast<std::chrono::nanoseconds>(time - Clock::now());
     const auto count = rest.count() > 0 ? rest.count() : 0;
     constexpr auto second = std::chrono::nanoseconds(std::chrono::seconds(1)).count();
     return {count / second, count % second};
@@ -25,8 +30,9 @@ timespec rest_until(std::chrono::steady_clock::time_point time)
 
 } // namespace
 
-Waiting::Waiting()
+Waiting::Waiting(Clock::time_point end)
 {
+    end_of_all = end;
     struct sigaction action
     {};
     action.sa_handler = note;
@@ -38,13 +44,24 @@ Waiting::Waiting()
     sigaction(SIGPIPE, &action, nullptr);
 }
 
-bool Waiting::is_ended()
+Waiting::~Waiting()
 {
-    return has_come != 0;
+    end_of_all.reset();
 }
 
-bool Waiting::until(std::chrono::steady_clock::time_point time)
+bool Waiting::is_there()
 {
+    return end_of_all.has_value();
+}
+
+bool Waiting::is_ended()
+{
+    return has_come != 0 || (end_of_all && Clock::now() >= *end_of_all);
+}
+
+bool Waiting::until(Clock::time_point time)
+{
+    const Clock::time_point next = std::min(time, end_of_all.value_or(time));
     // A signal that comes after the flag was looked at must end the poll.
     sigset_t signals;
     sigset_t before;
@@ -54,7 +71,7 @@ bool Waiting::until(std::chrono::steady_clock::time_point time)
     pthread_sigmask(SIG_BLOCK, &signals, &before);
     bool goes_on = true;
     while (goes_on) {
-        const timespec rest = rest_until(time);
+        const timespec rest = rest_until(next);
         pollfd reader {STDOUT_FILENO, 0, 0};
         goes_on = has_come == 0;
         if (!goes_on)
@@ -65,7 +82,7 @@ bool Waiting::until(std::chrono::steady_clock::time_point time)
         goes_on = polled < 0 && errno == EINTR;
     }
     pthread_sigmask(SIG_SETMASK, &before, nullptr);
-    return goes_on;
+    return goes_on && !is_ended();
 }
 
 } // namespace tool

@@ -10,13 +10,16 @@ namespace tool {
 class Waiting
 {
 public:
-    Waiting();
+    // It ends at this time, too.
+    explicit Waiting(std::chrono::steady_clock::time_point end);
+    ~Waiting();
     Waiting(const Waiting&) = delete;
     Waiting& operator=(const Waiting&) = delete;
 
-    // Whether a signal has come.
+    static bool is_there();
+    // Whether a signal has come, or the end.
     static bool is_ended();
-    // False if a signal has come, or nobody reads standard output any more.
+    // False if a signal has come, or the end, or nobody reads standard output any more.
     static bool until(std::chrono::steady_clock::time_point time);
 };
 

@@ -326,7 +326,7 @@ private:
     // Once, until it succeeds or fails for another reason.
     static void fail(const List& list, int& error, const Failure& failure, Reporter& reporter)
     {
-        // A signal that ends the watch interrupts its read.
+        // What ends the watch interrupts its read.
         if (Waiting::is_ended())
             return;
         if (error != failure.number)
@@ -414,11 +414,11 @@ void watch(std::span<const std::string> words, const WatchTerms& terms, const Ma
     if (!manner.fields.empty() || !manner.filters.empty())
         throw Misuse("watch shows whole records: it takes neither --fields nor --filter");
     std::vector<WatchedVerb> verbs = watched(words);
-    const Waiting waiting;
     const auto interval = std::chrono::duration_cast<Clock::duration>(terms.interval);
     const auto begin = Clock::now();
     const bool has_end = terms.duration.count() > 0;
-    const auto end = begin + std::chrono::duration_cast<Clock::duration>(terms.duration);
+    const Waiting waiting(
+        has_end ? begin + std::chrono::duration_cast<Clock::duration>(terms.duration) : Clock::time_point::max());
 
     Reporter reporter(terms, manner, output);
     auto round = WatchedVerb::Round::First;
@@ -439,10 +439,6 @@ void watch(std::span<const std::string> words, const WatchTerms& terms, const Ma
             return;
         // After a read that took longer, not at once.
         next = std::max(next + interval, Clock::now());
-        if (has_end && next > end) {
-            Waiting::until(end);
-            return;
-        }
         if (!Waiting::until(next))
             return;
     }

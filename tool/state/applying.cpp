@@ -1,9 +1,6 @@
 #include "tool/state/applying.h"
 
-#include "tool/failures.h"
-#include "tool/reply.h"
-
-#include <cerrno>
+#include "tool/carrying_out.h"
 
 namespace tool {
 namespace {
@@ -29,11 +26,8 @@ Value HostModule::read(const Scope& scope)
 
 void HostModule::call(const Call& call)
 {
-    Arguments arguments = arguments_of(*call.operation, call.given, Completeness::OrElseNothing, _order);
-    Reply reply;
-    errno = 0;
-    if (call.operation->call(arguments, reply) != 0)
-        throw failure(words_of(call), call.operation->name, errno);
+    answer_of(*call.operation, arguments_of(*call.operation, call.given, Completeness::OrElseNothing, _order),
+        [&] { return words_of(call); });
 }
 
 Outcome carry_out(Module& module, const Plan& plan, const Value& document, AddressOrder order)

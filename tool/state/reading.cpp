@@ -1,6 +1,6 @@
 #include "tool/state/reading.h"
 
-#include "tool/failures.h"
+#include "tool/carrying_out.h"
 #include "tool/members.h"
 #include "tool/mistakes.h"
 #include "tool/records.h"
@@ -9,7 +9,6 @@
 #include "tool/words.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <fmt/format.h>
 #include <set>
 #include <span>
@@ -117,9 +116,8 @@ private:
             return read_values(level, texts);
         if (!level.key.empty())
             return read_collection(level, texts, owner);
-        Reply reply;
         const Operation& operation = *find_operation(level.read);
-        call(operation, given_to(operation, level.given, texts, _order), reply);
+        const Reply reply = call(operation, given_to(operation, level.given, texts, _order));
         Texts own = texts;
         return read_object(level, nullptr, own, records_of(operation, reply)->first);
     }
@@ -145,20 +143,15 @@ private:
             const Operation& operation = *find_operation(field.source);
             const Member member = member_of(level, nullptr, field);
             Value& value = found.members[std::string(field.name)];
-            Reply reply;
-            const std::vector<Given> given = given_to(operation, {}, texts, _order);
-            Arguments arguments = arguments_of(operation, given, Completeness::OrElseNothing, _order);
-            errno = 0;
-            if (const std::int32_t status = operation.call(arguments, reply); status != 0 && errno != ENOENT)
-                throw failure(described(operation, given), operation.name, errno);
-            else if (status != 0)
+            const std::optional<Reply> reply = call_if_there(operation, given_to(operation, {}, texts, _order));
+            if (!reply)
                 value = zero_of(member);
             else if (operation.answer != Answer::Value)
-                value = Value::string(bytes_text(reply.bytes()));
+                value = Value::string(bytes_text(reply->bytes()));
             else if (operation.form == Form::Ipv4)
-                value = Value::string(ipv4_text(reply.value(), _order));
+                value = Value::string(ipv4_text(reply->value(), _order));
             else
-                value = Value::number(std::to_string(reply.value()));
+                value = Value::number(std::to_string(reply->value()));
         }
         return found;
     }
@@ -171,8 +164,7 @@ private:
         if (level.derived == Derived::NetworksOfLifs)
             derived = networks_of_lifs(level, owner);
         for (const Texts& asked : questions(level, texts)) {
-            Reply reply;
-            call(operation, given_to(operation, level.given, asked, _order), reply);
+            const Reply reply = call(operation, given_to(operation, level.given, asked, _order));
             const Records found = *records_of(operation, reply);
             for (std::size_t i = 0; i < found.count; ++i) {
                 const std::byte* const data = found[i];
@@ -194,9 +186,8 @@ private:
             asked.insert(std::move(question));
         }
         if (!level.each.empty()) {
-            Reply reply;
             const Operation& operation = *find_operation(level.each);
-            call(operation, given_to(operation, {}, texts, _order), reply);
+            const Reply reply = call(operation, given_to(operation, {}, texts, _order));
             const Records found = *records_of(operation, reply);
             for (std::size_t i = 0; i < found.count; ++i)
                 asked.insert(with(level, texts, *found.record, found[i]));
@@ -281,12 +272,16 @@ private:
         return field.part != Part::Statistic || _scope.statistics == Statistics::Included;
     }
 
-    void call(const Operation& operation, const std::vector<Given>& given, Reply& reply) const
+    Reply call(const Operation& operation, const std::vector<Given>& given) const
     {
-        Arguments arguments = arguments_of(operation, given, Completeness::OrElseNothing, _order);
-        errno = 0;
-        if (operation.call(arguments, reply) != 0)
-            throw failure(described(operation, given), operation.name, errno);
+        return answer_of(operation, arguments_of(operation, given, Completeness::OrElseNothing, _order),
+            [&] { return described(operation, given); });
+    }
+
+    std::optional<Reply> call_if_there(const Operation& operation, const std::vector<Given>& given) const
+    {
+        return answer_if_there(operation, arguments_of(operation, given, Completeness::OrElseNothing, _order),
+            [&] { return described(operation, given); });
     }
 
     const Scope& _scope;
