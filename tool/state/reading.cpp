@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <fmt/format.h>
+#include <optional>
 #include <set>
 #include <span>
 
