@@ -374,8 +374,7 @@ int Door::advance(Time by)
     const Gate::Passage passage(gate_);
     if (passage.refused())
         return -EDEADLK;
-    module_->advance(by);
-    return 0;
+    return module_->advance(by) ? 0 : -EINVAL;
 }
 
 int Door::watch(LumoEmulatorWatcher watcher, void* context)

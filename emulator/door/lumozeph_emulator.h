@@ -81,8 +81,8 @@ int32_t lumozeph_emulator_save(const char* path);
  * Lets the module's time pass, beside what passes by itself. What takes time has then happened: connections have come up,
  * counters have moved on, and what was learned has been forgotten.
  *
- * @param nanoseconds  how much, up to 100 years
- * @return             0, or -1 with the reason in errno
+ * @param nanoseconds  how much, up to 100 years in all
+ * @return             0, or -1 with the reason in errno: EINVAL if that is longer, and then no time has passed
  */
 int32_t lumozeph_emulator_advance(uint64_t nanoseconds);
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cctype>
 #include <charconv>
 
 namespace emulator {
@@ -27,6 +28,13 @@ std::optional<MacAddress> parse_mac(const std::string& text)
         mac[i] = std::byte {byte};
     }
     return mac;
+}
+
+std::string in_lower_case(std::string text)
+{
+    std::transform(text.begin(), text.end(), text.begin(),
+        [](unsigned char character) { return static_cast<char>(std::tolower(character)); });
+    return text;
 }
 
 Ipv6Address network_of(const Ipv6Address& address, std::uint8_t prefix_length)

@@ -6,9 +6,6 @@
 #include "emulator/model/find.h"
 #include "emulator/model/handlers.h"
 
-#include <algorithm>
-#include <cctype>
-
 namespace emulator {
 
 using namespace protocol;
@@ -18,13 +15,6 @@ namespace {
 std::array<std::uint32_t, 2> selectors_of(const Exchange& exchange)
 {
     return {exchange.request[fdb::selector1], exchange.request[fdb::selector2]};
-}
-
-std::string in_lower_case(std::string text)
-{
-    std::transform(text.begin(), text.end(), text.begin(),
-        [](unsigned char character) { return static_cast<char>(std::tolower(character)); });
-    return text;
 }
 
 int set_fdb_entry(Exchange& exchange)

@@ -10,19 +10,6 @@ using namespace protocol;
 
 namespace {
 
-bool is_uuid_text(const std::string& text)
-{
-    if (text.size() != 36)
-        return false;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const bool hyphen = i == 8 || i == 13 || i == 18 || i == 23;
-        const bool digit = (text[i] >= '0' && text[i] <= '9') || (text[i] >= 'a' && text[i] <= 'f');
-        if (hyphen ? text[i] != '-' : !digit)
-            return false;
-    }
-    return true;
-}
-
 std::string key_of(const Exchange& exchange)
 {
     return exchange.request[instances::instance];

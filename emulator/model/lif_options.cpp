@@ -122,14 +122,11 @@ int remove_ipv6(Exchange& exchange)
     });
 }
 
-// What every link must carry; 0 advertises none.
-constexpr std::uint32_t smallest_mtu = 1280;
-
 int set_ra_mtu(Exchange& exchange)
 {
     return on_lif(exchange, [&](Lif& lif) {
         const std::uint32_t mtu = exchange.request[lif_options::mtu];
-        if (exchange.state.is_strict() && mtu != 0 && mtu < smallest_mtu)
+        if (exchange.state.is_strict() && !is_ra_mtu(mtu))
             return EINVAL;
         lif.ra_mtu = mtu;
         return 0;

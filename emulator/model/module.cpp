@@ -81,9 +81,9 @@ void Module::replace(std::unique_ptr<State> state)
     state_ = std::move(state);
 }
 
-void Module::advance(Time by)
+bool Module::advance(Time by)
 {
-    state_->stopwatch.advance(by);
+    return state_->stopwatch.advance(by);
 }
 
 Answer Module::answer(std::uint32_t number, std::span<const std::byte> input, std::uint32_t room)

@@ -49,7 +49,8 @@ public:
     Answer answer(std::uint32_t number, std::span<const std::byte> input, std::uint32_t room);
 
     // Lets time pass, more than what has passed by itself if the clock is a real one.
-    void advance(Time by);
+    // False, and nothing has changed, if that would be longer than the longest time in all.
+    bool advance(Time by);
 
     // For those who read or write all of it (emulator/state/).
     State& state();

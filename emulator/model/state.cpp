@@ -14,6 +14,19 @@ Instance* State::find_instance(const std::string& key)
     return found == instances_by_uuid.end() ? nullptr : found->second;
 }
 
+bool is_uuid_text(const std::string& text)
+{
+    if (text.size() != 36)
+        return false;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const bool hyphen = i == 8 || i == 13 || i == 18 || i == 23;
+        const bool digit = (text[i] >= '0' && text[i] <= '9') || (text[i] >= 'a' && text[i] <= 'f');
+        if (hyphen ? text[i] != '-' : !digit)
+            return false;
+    }
+    return true;
+}
+
 std::string next_uuid(State& state)
 {
     std::string uuid;

@@ -466,6 +466,9 @@ struct State
     Instance* find_instance(const std::string& key);
 };
 
+// Whether a text is a UUID's: who is created under one has it.
+bool is_uuid_text(const std::string& text);
+
 // The same instances created in the same order have the same UUIDs in every run.
 std::string next_uuid(State& state);
 

@@ -1,6 +1,7 @@
 // The module's time, and numbers that move with it.
 #pragma once
 
+#include <algorithm>
 #include <chrono>
 #include <cstdint>
 #include <map>
@@ -9,6 +10,9 @@ namespace emulator {
 
 // What has passed since the module began.
 using Time = std::chrono::nanoseconds;
+
+// A century, for what has passed and for what is to pass.
+constexpr std::chrono::seconds longest_time {3155760000};
 
 enum class Clock
 {
@@ -26,7 +30,14 @@ public:
         return clock_ == Clock::Real ? advanced_ + (std::chrono::steady_clock::now() - begun_) : advanced_;
     }
 
-    void advance(Time by) { advanced_ += by; }
+    // False, and nothing has changed, if that leads beyond the longest time.
+    bool advance(Time by)
+    {
+        if (by < Time(0) || by > longest_time - std::min<Time>(now(), longest_time))
+            return false;
+        advanced_ += by;
+        return true;
+    }
 
 private:
     Clock clock_;

@@ -38,6 +38,9 @@ constexpr std::uint32_t counters_of_queues = 3 * wire::rss::most_queues;
 // Nothing is wrong.
 inline const std::string fine;
 
+inline const std::string twice = "expected no entry twice";
+inline const std::string too_long_a_prefix = "expected a prefix of at most 128 bits";
+
 template <class Key>
 void describe_key(Key& key, NextHop& hop)
 {
@@ -166,6 +169,8 @@ void describe(Archive& archive, Lif& lif)
     archive.collection("ipv6", lif.ipv6, [&](LifIpv6&& address) -> std::string {
         if (lif.ipv6.size() == wire::lifs::most_ipv6)
             return "expected at most 10 IPv6 addresses";
+        if (archive.state().is_strict() && address.prefix_length > longest_prefix)
+            return too_long_a_prefix;
         if (std::any_of(lif.ipv6.begin(), lif.ipv6.end(),
                 [&](const LifIpv6& other) { return other.address == address.address; }))
             return "expected no address twice";
@@ -207,18 +212,30 @@ template <class Entry>
 std::string add_to(Collection<Entry>& all, std::size_t most, Entry entry)
 {
     if (all.find(entry.identity()) != nullptr)
-        return "expected no entry twice";
+        return twice;
     if (all.size() >= most)
         return "expected at most " + std::to_string(most) + " entries";
     all.add(std::move(entry));
     return fine;
 }
 
-// What names a LIF that must be there.
-inline std::string missing_lif(const State& state, Instance& instance, const std::string& lif)
+// Of a vector, whose caller knows what else there may be.
+template <class Entry, class Key>
+bool is_there(const std::vector<Entry>& all, Key Entry::*key, const Key& value)
 {
-    const bool is_missing = state.is_strict() && !lif.empty() && instance.lifs.find(lif) == nullptr;
-    return is_missing ? "expected the name of a LIF of this instance, not '" + lif + "'" : fine;
+    return std::any_of(all.begin(), all.end(), [&](const Entry& entry) { return entry.*key == value; });
+}
+
+// What names a LIF that must be there.
+inline std::string missing_lif(Instance& instance, const std::string& lif)
+{
+    return instance.lifs.find(lif) != nullptr ? fine : "expected the name of a LIF of this instance, not '" + lif + "'";
+}
+
+// What names one or none, and in a lenient module any.
+inline std::string missing_lif_or_none(const State& state, Instance& instance, const std::string& lif)
+{
+    return !state.is_strict() || lif.empty() ? fine : missing_lif(instance, lif);
 }
 
 template <class Archive>
@@ -234,7 +251,7 @@ void describe_neighbours(Archive& archive, Instance& instance, const char* name,
     archive.collection(
         name, all,
         [&](Neighbour&& neighbour) -> std::string {
-            if (std::string wrong = missing_lif(archive.state(), instance, neighbour.lif); !wrong.empty())
+            if (std::string wrong = missing_lif(instance, neighbour.lif); !wrong.empty())
                 return wrong;
             const bool needs_mac = kind == Entry::Plain || !neighbour.mac.empty();
             if (archive.state().is_strict() && needs_mac && !parse_mac(neighbour.mac))
@@ -259,6 +276,8 @@ void describe_lifs(Archive& archive, Instance& instance)
             return "expected a name";
         if (state.is_strict() && !is_contiguous(lif.mask))
             return "expected a mask of ones and then zeros";
+        if (state.is_strict() && !is_ra_mtu(lif.ra_mtu))
+            return "expected an raMtu of 0 or at least 1280";
         if (state.is_strict() && lif.kind == LifKind::Bridge && !lif.aux_name.empty() &&
             state.bridges.find(lif.aux_name) == nullptr)
             return "expected the name of a bridge, not '" + lif.aux_name + "'";
@@ -291,7 +310,7 @@ void describe_routes(Archive& archive, Instance& instance)
         if (route.next_hops.empty())
             return "expected a next hop";
         for (const NextHop& hop : route.next_hops)
-            if (std::string wrong = missing_lif(archive.state(), instance, hop.lif); !wrong.empty())
+            if (std::string wrong = hop.lif.empty() ? fine : missing_lif(instance, hop.lif); !wrong.empty())
                 return wrong;
         if (!has_room_for_a_subnet(instance))
             return "expected at most 8000 routes, with the networks of LIFs";
@@ -306,9 +325,11 @@ void describe_routes(Archive& archive, Instance& instance)
         return wrong;
     });
     archive.collection("routes6", instance.routes6, [&](Route6&& route) -> std::string {
+        if (archive.state().is_strict() && route.prefix_length > longest_prefix)
+            return too_long_a_prefix;
         if (archive.state().is_strict() && route.dest != network_of(route.dest, route.prefix_length))
             return "expected no bits behind the prefix";
-        if (std::string wrong = missing_lif(archive.state(), instance, route.lif); !wrong.empty())
+        if (std::string wrong = missing_lif_or_none(archive.state(), instance, route.lif); !wrong.empty())
             return wrong;
         if (!has_room_for_subnets6(instance, 1))
             return "expected at most 29999 IPv6 routes, with the networks of LIFs";
@@ -319,7 +340,7 @@ void describe_routes(Archive& archive, Instance& instance)
         return wrong;
     });
     archive.collection("lifPolicies", instance.lif_policies, [&](LifPolicy&& policy) -> std::string {
-        if (std::string wrong = missing_lif(archive.state(), instance, policy.next_hop.lif); !wrong.empty())
+        if (std::string wrong = missing_lif_or_none(archive.state(), instance, policy.next_hop.lif); !wrong.empty())
             return wrong;
         if (archive.state().is_strict() && (!is_contiguous(policy.mask) || (policy.dest & ~policy.mask) != 0))
             return "expected a network";
@@ -471,6 +492,7 @@ void describe(Archive& archive, Bridge& bridge)
             return "expected a MAC address";
         if (entry.learned)
             archive.state().next_ageing = Time(0);
+        entry.mac = in_lower_case(entry.mac);
         return add_to(bridge.fdb, wire::fdb::most, std::move(entry));
     });
     archive.collection("networks", bridge.networks,
@@ -509,6 +531,8 @@ void describe(Archive& archive, Cluster& cluster)
         profile.number("value2", cluster.profile_value2);
     });
     archive.collection("nodes", cluster.nodes, [&](ClusterNode&& node) -> std::string {
+        if (is_there(cluster.nodes, &ClusterNode::name, node.name))
+            return twice;
         cluster.nodes.push_back(std::move(node));
         return fine;
     });
@@ -642,6 +666,8 @@ void describe_bridging(Archive& archive, State& state)
             nodes += other.nodes.size();
         if (cluster.key.empty())
             return "expected a name";
+        if (is_there(state.clusters, &Cluster::key, cluster.key))
+            return twice;
         if (state.clusters.size() == wire::clusters::most || nodes > wire::clusters::most_nodes)
             return "expected at most 10 clusters, and 100 nodes in all of them";
         state.clusters.push_back(std::move(cluster));
@@ -697,11 +723,23 @@ void describe_connections(Archive& archive, State& state)
                                        : add_to(state.bfd_connections, wire::bfd::most, std::move(connection));
     });
     archive.collection("bfdSessions", state.bfd_sessions, [&](BfdSessions&& sessions) -> std::string {
+        if (is_there(state.bfd_sessions, &BfdSessions::name, sessions.name))
+            return twice;
         if (!has_room_for_sessions(state, sessions.count))
             return "expected at most 2867200 BFD sessions";
         state.bfd_sessions.push_back(std::move(sessions));
         return fine;
     });
+}
+
+// To those of which no file says it, once all others are known.
+inline void give_uuids(State& state)
+{
+    for (Instance& instance : state.instances)
+        if (instance.uuid.empty()) {
+            instance.uuid = next_uuid(state);
+            state.instances_by_uuid[instance.uuid] = &instance;
+        }
 }
 
 template <class Archive>
@@ -723,19 +761,24 @@ void describe(Archive& archive, State& state)
         const std::string name = instance.name;
         if (name.empty())
             return "expected a name";
-        if (instance.uuid.empty())
-            instance.uuid = next_uuid(state);
-        if (state.instances_by_uuid.contains(instance.uuid))
+        if (instance.uuid.empty() && is_uuid_text(name))
+            instance.uuid = name;
+        const Instance* const namesake = state.find_instance(instance.uuid);
+        if (namesake != nullptr && namesake->name != name)
             return "expected no UUID twice";
+        if (state.instances_by_uuid.contains(name))
+            return "expected no name that is the UUID of another";
         std::string wrong = add_to(state.instances, wire::instances::most, std::move(instance));
         if (wrong.empty()) {
             Instance& added = *state.instances.find(name);
-            state.instances_by_uuid[added.uuid] = &added;
+            if (!added.uuid.empty())
+                state.instances_by_uuid[added.uuid] = &added;
             for (Lif& lif : added.lifs)
                 attach_lif(state, added, lif);
         }
         return wrong;
     });
+    give_uuids(state);
     std::vector<NamedTarget> targets;
     for (const auto& [name, target] : state.rss_targets)
         targets.push_back({name, target});

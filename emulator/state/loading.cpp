@@ -6,8 +6,6 @@ namespace emulator::description {
 
 namespace {
 
-constexpr std::uint64_t most_repetitions = 10000000;
-
 [[noreturn]] void fail(json::Position position, const std::string& expected, std::string_view found)
 {
     throw json::Error(position, "expected " + expected + ", not '" + std::string(found) + "'");
@@ -204,7 +202,7 @@ std::uint64_t Loading::number_in(const json::Value& value, std::uint64_t largest
 {
     const bool is_filled = repetition_ && value.text() != nullptr;
     const Filled filled = is_filled                   ? filled_in(value)
-                          : value.number() != nullptr ? Filled {value.number()->digits}
+                          : value.number() != nullptr ? Filled {notation::plain(value.number()->digits)}
                                                       : Filled {};
     const auto number = notation::number(filled.text, largest);
     if (!number || filled.further > largest - *number)
@@ -214,9 +212,11 @@ std::uint64_t Loading::number_in(const json::Value& value, std::uint64_t largest
 
 Time Loading::time_in(const json::Value& value) const
 {
-    const auto time = value.number() != nullptr ? notation::time(value.number()->digits) : std::nullopt;
+    const auto time =
+        value.number() != nullptr ? notation::time(notation::plain(value.number()->digits)) : std::nullopt;
     if (!time)
-        throw json::Error(value.position, "expected seconds, with at most 9 decimals");
+        throw json::Error(value.position,
+            "expected seconds, from 0 to " + std::to_string(longest_time.count()) + ", with at most 9 decimals");
     return *time;
 }
 
@@ -305,10 +305,10 @@ void Loading::mac(const char* name, MacAddress& address)
 
 void Loading::duration(const char* name, std::chrono::seconds& value, std::chrono::seconds fallback)
 {
-    constexpr std::uint64_t century = 3155760000;
     const json::Value* const written = member(name);
-    value =
-        written == nullptr ? fallback : std::chrono::seconds(static_cast<std::int64_t>(number_in(*written, century)));
+    value = written == nullptr
+                ? fallback
+                : std::chrono::seconds(static_cast<std::int64_t>(number_in(*written, longest_time.count())));
 }
 
 void Loading::age(const char* name, Time& since, std::chrono::seconds fallback)

@@ -14,6 +14,9 @@
 
 namespace emulator::description {
 
+// How many entries a key may stand for.
+constexpr std::uint64_t most_repetitions = 10000000;
+
 // Which of the entries of a repeated key.
 struct Repetition
 {

@@ -6,6 +6,7 @@
 #include <bit>
 #include <charconv>
 #include <cstdio>
+#include <cstdlib>
 
 namespace emulator::notation {
 
@@ -128,8 +129,7 @@ std::string of_time(Time time)
 std::optional<Time> time(std::string_view digits)
 {
     const std::size_t point = std::min(digits.find('.'), digits.size());
-    constexpr std::uint64_t century = 3155760000;
-    const auto whole = number(digits.substr(0, point), century);
+    const auto whole = number(digits.substr(0, point), static_cast<std::uint64_t>(longest_time.count()));
     std::string decimals(digits.substr(std::min(point + 1, digits.size())));
     if (!whole || decimals.size() > 9)
         return std::nullopt;
@@ -137,7 +137,35 @@ std::optional<Time> time(std::string_view digits)
     const auto part = number(decimals, second);
     if (!part)
         return std::nullopt;
-    return Time(static_cast<std::int64_t>(*whole * second + *part));
+    const Time time(static_cast<std::int64_t>(*whole * second + *part));
+    return time <= longest_time ? std::optional(time) : std::nullopt;
+}
+
+std::string plain(std::string_view digits)
+{
+    constexpr int furthest = 64; // that the point is moved
+    const std::size_t end = std::min(digits.find_first_of("eE"), digits.size());
+    int exponent = 0;
+    if (end < digits.size()) {
+        const char* const begin = digits.data() + end + (digits.substr(end + 1, 1) == "+" ? 2 : 1);
+        const std::errc error = std::from_chars(begin, digits.data() + digits.size(), exponent).ec;
+        if (error != std::errc() || std::abs(exponent) > furthest)
+            return std::string(digits);
+    }
+    const std::size_t point = std::min(digits.find('.'), end);
+    // With so many zeros around it, the point is moved within the text.
+    std::string all(furthest, '0');
+    all += digits.substr(0, point);
+    const std::size_t moved = all.size() + static_cast<std::size_t>(exponent + furthest) - furthest;
+    if (point < end)
+        all += digits.substr(point + 1, end - point - 1);
+    all.append(furthest, '0');
+    const std::size_t first = std::min(all.find_first_not_of('0'), moved - 1);
+    const std::size_t last = std::max(all.find_last_not_of('0') + 1, moved);
+    all.resize(last);
+    if (last > moved)
+        all.insert(moved, 1, '.');
+    return all.substr(first);
 }
 
 std::optional<std::uint64_t> number(std::string_view text, std::uint64_t largest)

@@ -102,14 +102,23 @@ public:
             const Value copied = existing(this->path("from"));
             add(path, copied);
         } else if (name == "test") {
-            if (!equal(existing(path), value()))
-                fail("value", "expected this to be there");
+            test(existing(path));
         } else {
             fail("op", "expected add, remove, replace, move, copy or test");
         }
     }
 
 private:
+    void test(const Value& there) const
+    {
+        if (equal(there, value()))
+            return;
+        std::string printed = print(there);
+        printed.pop_back();
+        const bool is_short = printed.size() <= 60 && printed.find('\n') == std::string::npos;
+        fail("value", "expected this to be at '" + text("path") + "'" + (is_short ? ", not " + printed : ""));
+    }
+
     [[noreturn]] void fail(const char* member, const std::string& message) const
     {
         const Value* const at = find(*operation_.object(), member);

@@ -125,13 +125,13 @@ public:
     void age(const char* name, Time since, std::chrono::seconds fallback)
     {
         if (now_ - since != Time(fallback))
-            add(name, json::Number {notation::of_time(std::max(now_ - since, Time(0)))});
+            add(name, json::Number {notation::of_time(time_since(since))});
     }
 
     void learned(const char* name, const std::optional<Time>& seen)
     {
         if (seen)
-            add(name, json::Number {notation::of_time(std::max(now_ - *seen, Time(0)))});
+            add(name, json::Number {notation::of_time(time_since(*seen))});
     }
 
     void deletions(const char* name, const std::vector<Time>& ends)
@@ -211,6 +211,9 @@ public:
     }
 
 private:
+    // Who began with what is old already may have more behind it than a file can say.
+    Time time_since(Time then) const { return std::clamp<Time>(now_ - then, Time(0), longest_time); }
+
     template <class Elements>
     static constexpr bool is_fixed = requires
     {

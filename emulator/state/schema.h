@@ -2,6 +2,7 @@
 #pragma once
 
 #include "emulator/state/json.h"
+#include "emulator/state/loading.h"
 
 #include <limits>
 
@@ -28,10 +29,13 @@ public:
     void prefix(const char* name, std::uint32_t&, std::uint32_t&) { add(name, of_type("string")); }
     void mac(const char* name, MacAddress&) { add(name, of_type("string")); }
     void flag(const char* name, bool&) { add(name, of_type("boolean")); }
-    void duration(const char* name, std::chrono::seconds&, std::chrono::seconds) { add(name, number_or_text(~0ull)); }
+    void duration(const char* name, std::chrono::seconds&, std::chrono::seconds)
+    {
+        add(name, number_or_text(longest_time.count()));
+    }
     void age(const char* name, Time&, std::chrono::seconds) { add(name, seconds()); }
     void learned(const char* name, std::optional<Time>&) { add(name, seconds()); }
-    void deletions(const char* name, std::vector<Time>&) { add(name, array_of({seconds()})); }
+    void deletions(const char* name, std::vector<Time>&) { add(name, array_of({seconds()}, most_repetitions)); }
 
     template <class Integer>
     void number(const char* name, Integer&, Integer = 0)
@@ -59,7 +63,7 @@ public:
     template <class Integer, std::size_t Size>
     void numbers(const char* name, std::array<Integer, Size>&)
     {
-        add(name, array_of({number_or_text(std::numeric_limits<Integer>::max())}));
+        add(name, array_of({number_or_text(std::numeric_limits<Integer>::max())}, Size));
     }
 
     void counters(const char* name, Counters&, std::uint32_t)
@@ -79,13 +83,20 @@ public:
         add(name, inner.object());
     }
 
-    template <class Elements>
-    void list(const char* name, Elements&, std::size_t = 0)
+    template <class Element>
+    void list(const char* name, std::vector<Element>&, std::size_t most)
     {
-        typename Elements::value_type element {};
+        Element element {};
         Schema inner(state_);
         describe(inner, element);
-        add(name, array_of({inner.object()}));
+        add(name, array_of({inner.object()}, most));
+    }
+
+    template <class Element, std::size_t Size>
+    void list(const char* name, std::array<Element, Size>&)
+    {
+        std::vector<Element> elements;
+        list(name, elements, Size);
     }
 
     template <class Entries, class Add, class Entry = typename Entries::value_type>
@@ -107,11 +118,16 @@ private:
             {"minimum", {json::Number {"0"}}}, {"maximum", {json::Number {std::to_string(largest)}}}};
     }
 
-    static json::Object seconds() { return {{"type", {std::string("number")}}, {"minimum", {json::Number {"0"}}}}; }
-
-    static json::Object array_of(json::Value element)
+    static json::Object seconds()
     {
-        return {{"type", {std::string("array")}}, {"items", std::move(element)}};
+        return {{"type", {std::string("number")}}, {"minimum", {json::Number {"0"}}},
+            {"maximum", {json::Number {std::to_string(longest_time.count())}}}};
+    }
+
+    static json::Object array_of(json::Value element, std::uint64_t most)
+    {
+        return {{"type", {std::string("array")}}, {"items", std::move(element)},
+            {"maxItems", {json::Number {std::to_string(most)}}}};
     }
 
     static json::Object entries_of(json::Object entry)

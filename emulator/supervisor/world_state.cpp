@@ -77,7 +77,8 @@ void answer_about_state(Module& module, const Message& asked, const Link& link)
         const auto by = notation::time(asked.text);
         if (!by)
             throw Refusal(fmt::format("'{}' is no number of seconds, up to a century", asked.text));
-        module.advance(*by);
+        if (!module.advance(*by))
+            throw Refusal("no more than a century can pass in all");
         link.send(Word::Ready);
         return;
     }

@@ -276,12 +276,16 @@ TEST_P(NamedStates, MoveOnWhenTimePasses)
     EXPECT_EQ(ask({"load", file(counting)}).status, 0);
     EXPECT_EQ(ask({"advance", "2.5"}).status, 0);
     EXPECT_EQ(get("/statistics/0/value"), "26\n");
-    for (const char* seconds : {"soon", "1e3", "2,5", "3155760001"}) {
+    for (const char* seconds : {"soon", "1e3", "2,5", "3155760001", "3155760000.1"}) {
         const Ended ended = ask({"advance", seconds});
         EXPECT_EQ(ended.status, 2) << seconds;
         EXPECT_EQ(
             ended.err, std::string("lumozeph-emulator: '") + seconds + "' is no number of seconds, up to a century\n");
     }
+    EXPECT_EQ(get("/statistics/0/value"), "26\n");
+    const Ended beyond = ask({"advance", "3155760000"});
+    EXPECT_EQ(beyond.status, 2);
+    EXPECT_EQ(beyond.err, "lumozeph-emulator: no more than a century can pass in all\n");
     EXPECT_EQ(get("/statistics/0/value"), "26\n");
 }
 

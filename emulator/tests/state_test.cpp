@@ -32,6 +32,13 @@ protected:
     void load(const std::string& text) { set_state(module, json::parse(text)); }
     std::string save() { return json::print(state_of(module)); }
 
+    std::string printed_at(const std::string& pointer)
+    {
+        const json::Value document = state_of(module);
+        const json::Value* const found = json::at(document, pointer);
+        return found == nullptr ? "nothing" : json::print(*found);
+    }
+
     // What is wrong with the text; nothing if it can be loaded.
     std::string wrong(const std::string& text)
     {
@@ -457,6 +464,11 @@ TEST_F(StateFile, TellsWhereItIsWrong)
             "expected the name of a LIF"},
         {R"({"instances": {"a": {"lifs": {"b": {}}, "arp": {"10.0.0.1 b": {"mac": "02"}}}}})",
             "expected a MAC address"},
+        {R"({"instances": {"a": {"arp": {"10.0.0.1 -": {"mac": "02:00:00:00:00:01"}}}}})",
+            "1:30: expected the name of a LIF of this instance, not ''"},
+        {R"({"instances": {"a": {"proxyArp": {"10.0.0.1 -": {}}}}})", "expected the name of a LIF"},
+        {R"({"instances": {"a": {"neighbours6": {"fe80::1 -": {"mac": "02:00:00:00:00:01"}}}}})",
+            "expected the name of a LIF"},
         {R"({"instances": {"a": {"lifs": {"b": {"kind": "c"}}}}})", "1:45: expected 'routed' or 'bridge', not 'c'"},
         {R"({"instances": {"a": {"lifs": {"b": {"kind": "bridge", "auxName": "c"}}}}})",
             "expected the name of a bridge"},
@@ -471,6 +483,24 @@ TEST_F(StateFile, TellsWhereItIsWrong)
         {R"({"clusters": {"a": {"nodes": {"n{1..101}": {}}}}})", "expected at most 10 clusters, and 100 nodes"},
         {R"({"bfdSessions": {"a": {"count": 2867201}}})", "1:18: expected at most 2867200 BFD sessions"},
         {R"({"connections": {"a": {"age": "b"}}})", "1:31: expected seconds"},
+        {R"({"connections": {"a": {"age": 3155760000.5}}})", "1:31: expected seconds, from 0 to 3155760000"},
+        {R"({"logLevel": 2.5})", "1:14: expected a number from 0 to 4294967295"},
+        {R"({"logLevel": 1e10})", "1:14: expected a number from 0 to 4294967295"},
+        {R"({"logLevel": 1e999999999999})", "1:14: expected a number from 0 to 4294967295"},
+        {R"({"logLevel": -1e0})", "1:14: expected a number from 0 to 4294967295"},
+        {R"({"instances": {"a": {"lifs": {"b": {"raMtu": 5}}}}})", "1:31: expected an raMtu of 0 or at least 1280"},
+        {R"({"instances": {"a": {"lifs": {"b": {"ipv6": {"2001:db8::1/129": {}}}}}}})",
+            "1:46: expected a prefix of at most 128 bits"},
+        {R"({"instances": {"a": {"lifs": {"b": {}}, "routes6": {"::/129 fe80::1 b": {}}}}})",
+            "1:53: expected a prefix of at most 128 bits"},
+        {R"({"bridges": {"a": {"fdb": {"1 2 02:00:00:00:00:0A": {}, "1 2 02:00:00:00:00:0a": {}}}}})",
+            "1:57: expected no entry twice"},
+        {R"({"clusters": {"a{1..2}": {}, "a2": {}}})", "1:30: expected no entry twice"},
+        {R"({"clusters": {"a": {"nodes": {"n{1..2}": {}, "n2": {}}}}})", "1:46: expected no entry twice"},
+        {R"({"bfdSessions": {"a{1..2}": {}, "a2": {}}})", "1:33: expected no entry twice"},
+        {R"({"instances": {"10000000-0000-4000-8000-000000000001": {}, "a": {"uuid": "10000000-0000-4000-8000-000000000001"}}})",
+            "1:60: expected no UUID twice"},
+        {R"({"instances": {"a": {"uuid": "u"}, "u": {}}})", "1:36: expected no name that is the UUID of another"},
         {R"({"rssTargets": {"a": {"table": "00"}}})", "1:32: expected 128 bytes"},
         {R"({"statistics": {"100": {}}})", "1:17: expected the place of a counter from 0 to 99, not '100'"},
     };
@@ -484,12 +514,62 @@ TEST_F(StateFile, OfALenientModuleMayHaveWhatMakesNoSense)
 {
     Module lenient({.strictness = Strictness::Lenient, .clock = Clock::Manual});
     const std::string text =
-        R"({"instances": {"a": {"routes": {"10.0.0.0/255.0.255.0": {"nextHops": {"10.0.0.1 b": {}}}}}}})";
+        R"({"instances": {"a": {"lifs": {"b": {"raMtu": 5, "ipv6": {"2001:db8::1/200": {}}}},
+            "routes": {"10.0.0.0/255.0.255.0": {"nextHops": {"10.0.0.1 b": {}}}}, "routes6": {"::1/200 :: c": {}}}}})";
     set_state(lenient, json::parse(text));
     const std::string saved = json::print(state_of(lenient));
     set_state(lenient, json::parse(saved));
     EXPECT_EQ(json::print(state_of(lenient)), saved);
-    EXPECT_THAT(saved, HasSubstr("10.0.0.0/255.0.255.0"));
+    for (const char* senseless : {"10.0.0.0/255.0.255.0", "::1/200 :: c", "2001:db8::1/200", "\"raMtu\": 5"})
+        EXPECT_THAT(saved, HasSubstr(senseless));
+    // What belongs to a LIF that is not there, no module takes.
+    for (const char* homeless : {R"({"instances": {"a": {"arp": {"10.0.0.1 b": {"mac": "?"}}}}})",
+             R"({"instances": {"a": {"routes": {"10.0.0.0/8": {"nextHops": {"10.0.0.1 b": {}}}}}}})"})
+        EXPECT_THROW(set_state(lenient, json::parse(homeless)), json::Error) << homeless;
+}
+
+TEST_F(StateFile, MayWriteNumbersAsAnyJsonDoes)
+{
+    load(R"({"logLevel": 3.0, "saves": 1e2, "txDispQueueSize": 25.0E+1, "statsLevel": 20e-1,
+        "connections": {"a": {"age": 25e-1}, "b": {"age": 0.5e1}}})");
+    EXPECT_EQ(printed_at("/logLevel"), "3\n");
+    EXPECT_EQ(printed_at("/saves"), "100\n");
+    EXPECT_EQ(printed_at("/txDispQueueSize"), "250\n");
+    EXPECT_EQ(printed_at("/statsLevel"), "2\n");
+    EXPECT_EQ(printed_at("/connections/a/age"), "2.5\n");
+    EXPECT_EQ(printed_at("/connections/b/age"), "5\n");
+}
+
+TEST_F(StateFile, KeepsForwardingEntriesInLowerCase)
+{
+    load(R"({"bridges": {"a": {"fdb": {"1 2 02:00:00:00:00:0A": {"value": 3}}}}})");
+    EXPECT_EQ(printed_at("/bridges/a/fdb"), "{\n  \"1 2 02:00:00:00:00:0a\": {\n    \"value\": 3\n  }\n}\n");
+}
+
+TEST_F(StateFile, GivesInstancesUuidsThatNoOtherHas)
+{
+    const std::string first = "10000000-0000-4000-8000-000000000001";
+    const std::string second = "10000000-0000-4000-8000-000000000002";
+    const std::string third = "10000000-0000-4000-8000-000000000003";
+    load(R"({"instances": {"unwritten": {}, "written": {"uuid": ")" + first + R"("}, ")" + second + R"(": {}}})");
+    EXPECT_EQ(printed_at("/instances/written/uuid"), '"' + first + "\"\n");
+    EXPECT_EQ(printed_at("/instances/" + second + "/uuid"), '"' + second + "\"\n");
+    EXPECT_EQ(printed_at("/instances/unwritten/uuid"), '"' + third + "\"\n");
+    EXPECT_EQ(module.state().find_instance(third)->name, "unwritten");
+    const std::string saved = save();
+    load(saved);
+    EXPECT_EQ(save(), saved);
+}
+
+TEST_F(StateFile, OfAWorldOfTwoCenturiesCanBeLoaded)
+{
+    load(R"({"connections": {"a": {"age": 3155760000}}})");
+    EXPECT_TRUE(module.advance(longest_time));
+    EXPECT_FALSE(module.advance(Time(1)));
+    EXPECT_FALSE(module.advance(Time(-1)));
+    const std::string saved = save();
+    load(saved);
+    EXPECT_EQ(printed_at("/connections/a/age"), "3155760000\n");
 }
 
 class Worlds : public StateFile, public testing::WithParamInterface<const char*>
@@ -562,7 +642,7 @@ TEST(Patch, SaysWhatCannotBeDone)
         std::pair(R"([{"op": "add", "path": "/a/4", "value": 1}])", "expected a place in the array"),
         std::pair(R"([{"op": "add", "path": "/a/0/b", "value": 1}])", "expected an object or an array"),
         std::pair(R"([{"op": "add", "path": "/c"}])", "expected a member 'value'"),
-        std::pair(R"([{"op": "test", "path": "/a/0", "value": 2}])", "expected this to be there"),
+        std::pair(R"([{"op": "test", "path": "/a/0", "value": 2}])", "1:42: expected this to be at '/a/0', not 1"),
         std::pair(R"([{"op": "move", "from": "/a", "path": "/a/0"}])", "expected no move into itself"),
     };
     for (const auto& [operations, expected] : cases)
