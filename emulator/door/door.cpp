@@ -3,6 +3,7 @@
 #include "emulator/door/memory.h"
 #include "emulator/protocol/access.h"
 #include "emulator/protocol/envelope.h"
+#include "emulator/state/replaced_file.h"
 #include "emulator/state/state_file.h"
 
 #include <algorithm>
@@ -360,7 +361,7 @@ try {
             return -EDEADLK;
         text = json::print(state_of(*module_));
     }
-    write_file(path, text);
+    ReplacedFile(path).replace(text);
     return 0;
 } catch (const std::bad_alloc&) {
     return -ENOMEM;

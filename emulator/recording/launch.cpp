@@ -2,7 +2,7 @@
 
 #include "emulator/door/preload.h"
 #include "emulator/recording/recording.h"
-#include "emulator/state/state_file.h"
+#include "emulator/state/replaced_file.h"
 
 #include <filesystem>
 
@@ -19,7 +19,7 @@ int record_in_process(char** program, const std::string& file, int (*execute)(ch
 {
     preload(recorder, program);
     const std::vector<std::byte> header = header_of_recording();
-    write_file(file, {reinterpret_cast<const char*>(header.data()), header.size()});
+    ReplacedFile(file).replace({reinterpret_cast<const char*>(header.data()), header.size()});
     set_environment("LUMOZEPH_RECORDING", std::filesystem::absolute(file));
     return execute(program);
 }

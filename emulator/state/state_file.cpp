@@ -1,5 +1,7 @@
 #include "emulator/state/state_file.h"
 
+#include "emulator/state/replaced_file.h"
+
 // What goes through the descriptions comes before them.
 #include "emulator/state/loading.h"
 #include "emulator/state/saving.h"
@@ -66,16 +68,7 @@ void load_state(Module& module, const std::string& path)
 
 void save_state(Module& module, const std::string& path)
 {
-    write_file(path, json::print(state_of(module)));
-}
-
-void write_file(const std::string& path, const std::string& text)
-{
-    File file(std::fopen(path.c_str(), "we"));
-    const bool written = file && std::fwrite(text.data(), 1, text.size(), file.get()) == text.size();
-    // What is buffered may fail to arrive, too.
-    if (!written || std::fclose(file.release()) != 0)
-        throw std::runtime_error("cannot write '" + path + "': " + std::strerror(errno));
+    ReplacedFile(path).replace(json::print(state_of(module)));
 }
 
 json::Value schema_of_states()

@@ -15,7 +15,6 @@ void set_state(Module& module, const json::Value& document);
 void load_state(Module& module, const std::string& path);
 void save_state(Module& module, const std::string& path);
 std::string read_file(const std::string& path);
-void write_file(const std::string& path, const std::string& text);
 
 // The JSON schema of such documents.
 json::Value schema_of_states();

@@ -2,6 +2,7 @@
 #include "emulator/door/launch.h"
 #include "emulator/faults/faults.h"
 #include "emulator/model/module.h"
+#include "emulator/state/replaced_file.h"
 #include "emulator/state/state_file.h"
 #include "emulator/supervisor/check.h"
 #include "emulator/supervisor/control.h"
@@ -29,6 +30,7 @@
 #include <string>
 #include <sys/prctl.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <unistd.h>
 #include <vector>
 
@@ -76,11 +78,11 @@ int end_like(const emulator::Ending& ending)
 }
 
 // None where nothing is to be written.
-emulator::Descriptor open_to_write(const std::string& path, int flags)
+emulator::Descriptor open_to_write(const std::string& path, int flags = 0)
 {
     if (path.empty())
         return {};
-    emulator::Descriptor file(open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | flags, 0666));
+    emulator::Descriptor file(open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | flags, 0666));
     if (!file)
         emulator::fail(fmt::format("cannot write '{}'", path));
     return file;
@@ -88,8 +90,7 @@ emulator::Descriptor open_to_write(const std::string& path, int flags)
 
 emulator::Descriptor open_trace(const std::string& path)
 {
-    return path == "-" ? emulator::Descriptor(fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, 3))
-                       : open_to_write(path, O_TRUNC | O_APPEND);
+    return path == "-" ? emulator::Descriptor(fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, 3)) : open_to_write(path, O_APPEND);
 }
 
 // What 'run' and 'serve' are asked for.
@@ -119,19 +120,34 @@ std::chrono::milliseconds milliseconds(double seconds)
     return std::chrono::ceil<std::chrono::milliseconds>(std::chrono::duration<double>(seconds));
 }
 
+bool are_one_file(int left, int right)
+{
+    struct stat one
+    {};
+    struct stat other
+    {};
+    return left >= 0 && right >= 0 && fstat(left, &one) == 0 && fstat(right, &other) == 0 && S_ISREG(one.st_mode) &&
+           one.st_dev == other.st_dev && one.st_ino == other.st_ino;
+}
+
 // What a world writes.
 struct Outputs
 {
+    // What is there of the state stays until there is something else to write: it may be what the world begins with.
+    explicit Outputs(const Asked& asked) : trace(open_trace(asked.trace)), recording(open_to_write(asked.record))
+    {
+        if (!asked.save.empty())
+            state.emplace(asked.save);
+        const int kept = state ? state->found() : -1;
+        if (are_one_file(trace.number(), recording.number()) || are_one_file(trace.number(), kept) ||
+            are_one_file(recording.number(), kept))
+            throw std::runtime_error("--trace, --record and --save need files of their own");
+    }
+
     emulator::Descriptor trace;
     emulator::Descriptor recording;
-    emulator::Descriptor state;
+    std::optional<emulator::ReplacedFile> state;
 };
-
-// What is there stays until there is something else to write: it may be what the world begins with.
-Outputs open_outputs(const Asked& asked)
-{
-    return {open_trace(asked.trace), open_to_write(asked.record, O_TRUNC), open_to_write(asked.save, 0)};
-}
 
 emulator::Settings settings_for(const Asked& asked)
 {
@@ -167,7 +183,7 @@ emulator::Wishes wishes_for(const Asked& asked, const Outputs& outputs)
         // Who has no name is asked by nobody.
         .journal = asked.world ? asked.journal : 0,
         .summary = asked.summary};
-    wishes.state = outputs.state.number();
+    wishes.state = outputs.state ? &*outputs.state : nullptr;
     wishes.lifetime.leftovers = asked.linger ? emulator::Leftovers::WaitFor : emulator::Leftovers::End;
     wishes.lifetime.grace = milliseconds(asked.grace);
     if (asked.timeout)
@@ -180,7 +196,7 @@ int run(const Asked& asked, char** program)
     emulator::Faults faults = faults_for(asked);
     emulator::Module module(settings_for(asked));
     load(module, asked);
-    const Outputs outputs = open_outputs(asked);
+    const Outputs outputs(asked);
     const std::string name = asked.world.value_or(fmt::format("run-{}", getpid()));
     setenv("LUMOZEPH_WORLD", name.c_str(), 1);
     return end_like(
@@ -192,7 +208,7 @@ int serve(const Asked& asked)
     emulator::Faults faults = faults_for(asked);
     emulator::Module module(settings_for(asked));
     load(module, asked);
-    const Outputs outputs = open_outputs(asked);
+    const Outputs outputs(asked);
     return end_like(emulator::serve_world(module, faults, wishes_for(asked, outputs), emulator::notify_readiness));
 }
 

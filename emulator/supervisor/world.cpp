@@ -154,8 +154,8 @@ void wind_up(const Wishes& wishes, SharedModule& module, Door& door)
     module.witness().finish(wishes.lifetime.grace);
     if (wishes.replay != nullptr)
         write_all(wishes.difference, module.difference());
-    if (wishes.state >= 0)
-        module.use([&](Module& used) { replace_content(wishes.state, json::print(state_of(used))); });
+    if (wishes.state != nullptr)
+        module.use([&](Module& used) { wishes.state->replace(json::print(state_of(used))); });
     // Who takes the name over finds the state written.
     door.shut();
 }

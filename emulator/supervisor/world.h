@@ -3,6 +3,7 @@
 
 #include "emulator/faults/faults.h"
 #include "emulator/recording/replay.h"
+#include "emulator/state/replaced_file.h"
 #include "emulator/supervisor/front.h"
 #include "emulator/supervisor/lifetime.h"
 #include "emulator/supervisor/witness.h"
@@ -29,7 +30,7 @@ struct Wishes
     // What answers in the place of the module, if anything. What differs first is written into a file.
     Replay* replay = nullptr;
     int difference = -1;
-    int state = -1; // where to write the module's state when the world has ended, if anywhere
+    const ReplacedFile* state = nullptr; // where to write the module's state when the world has ended, if anywhere
     Lifetime lifetime;
 };
 

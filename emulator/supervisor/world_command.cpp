@@ -1,6 +1,7 @@
 #include "emulator/supervisor/world_command.h"
 
 #include "emulator/state/patch.h"
+#include "emulator/state/replaced_file.h"
 #include "emulator/state/state_file.h"
 #include "emulator/supervisor/formats.h"
 #include "emulator/supervisor/output.h"
@@ -43,7 +44,7 @@ WorldCommand::WorldCommand(CLI::App& app)
         return 0;
     });
     add_with_file("save", "Write the state to a file", [this](const WorldState& state) {
-        write_file(file_, state.read());
+        ReplacedFile(file_).replace(state.read());
         return 0;
     });
     add("reset", "Begin anew with nothing", [](const WorldState& state) {

@@ -235,6 +235,21 @@ TEST_P(NamedStates, StayAsTheyAreIfAChangeMakesNoSense)
     EXPECT_EQ(get(), before);
 }
 
+TEST_P(NamedStates, LeaveAFileAsItWasIfTheyCannotBeSaved)
+{
+    EXPECT_EQ(ask({"merge", file("{\"instances\": {\"i{1..1000}\": {}}}")}).status, 0);
+    const std::string kept = file("kept");
+    Words limited {"/bin/sh", "-c", "ulimit -f 8; exec \"$@\"", "sh"};
+    for (const std::string& word : emulator({"world", "kept", "save", kept}))
+        limited.push_back(word);
+    const Ended ended = Process(limited).wait();
+    EXPECT_EQ(ended.status, 125);
+    EXPECT_EQ(ended.err, "lumozeph-emulator: cannot write '" + kept + "': File too large\n");
+    EXPECT_EQ(content_of(std::filesystem::path(kept)), "kept");
+    for (const auto& left : std::filesystem::directory_iterator(runtime_.path()))
+        EXPECT_NE(left.path().filename().string()[0], '.') << left.path();
+}
+
 TEST_P(NamedStates, DifferByAPatchThatMakesOneOfTheOther)
 {
     const std::string one =

@@ -48,6 +48,12 @@ inline std::string content_of(int file)
     return content;
 }
 
+inline std::string content_of(const std::filesystem::path& path)
+{
+    std::ifstream file(path);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
 // A process that has been started, with its output in memory.
 class Process
 {

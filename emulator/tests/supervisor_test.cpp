@@ -800,12 +800,6 @@ TEST_P(Settings, TheClockIsRealOrManual)
     EXPECT_THAT(ended.err, HasSubstr("broken"));
 }
 
-std::string content_of(const std::filesystem::path& path)
-{
-    std::ifstream file(path);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
 class States : public InMode
 {
 protected:
@@ -871,7 +865,68 @@ TEST_P(States, ThatCannotBeSavedFailTheEmulator)
     const Ended full = run({"--save", "/dev/full"}, client);
     EXPECT_EQ(full.status, 125);
     EXPECT_EQ(full.out, "4\n");
-    EXPECT_EQ(full.err, "lumozeph-emulator: cannot write the state: No space left on device\n");
+    EXPECT_EQ(full.err, "lumozeph-emulator: cannot write '/dev/full': No space left on device\n");
+}
+
+TEST_P(States, AreSavedUnderTheirNameWhateverBecameOfTheFile)
+{
+    std::ofstream(first_) << "before";
+    std::filesystem::permissions(first_, std::filesystem::perms(0604));
+    const std::string script = "mv " + first_ + " " + second_ + " && " DYNAMIC_CLIENT " set 5";
+    EXPECT_EQ(run({"--save", first_}, {"/bin/sh", "-c", script}).status, 0);
+    EXPECT_EQ(content_of(second_), "before");
+    EXPECT_THAT(content_of(first_), HasSubstr("\"logLevel\": 5"));
+    EXPECT_EQ(std::filesystem::status(first_).permissions(), std::filesystem::perms(0604));
+    // A link stays, and what it leads to is replaced.
+    const std::string link = folder_.path() / "link";
+    std::filesystem::create_symlink("first", link);
+    EXPECT_EQ(run({"--save", link}, {DYNAMIC_CLIENT, "set", "6"}).status, 0);
+    EXPECT_TRUE(std::filesystem::is_symlink(link));
+    EXPECT_THAT(content_of(first_), HasSubstr("\"logLevel\": 6"));
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_.path()), {}), 3);
+}
+
+TEST_P(States, ThatCannotBeSavedLeaveTheFileAsItWas)
+{
+    std::ofstream(first_) << "kept";
+    const std::string state = folder_.path() / "state";
+    std::ofstream(state) << "{\"instances\": {\"i{1..1000}\": {}}}";
+    Words limited {"/bin/sh", "-c", "ulimit -f 8; exec \"$@\"", "sh"};
+    for (const std::string& word : in_world({DYNAMIC_CLIENT, "get"}, {"--load", state, "--save", first_}))
+        limited.push_back(word);
+    const Ended ended = Process(limited).wait();
+    EXPECT_EQ(ended.status, 125);
+    EXPECT_EQ(ended.err, "lumozeph-emulator: cannot write '" + first_ + "': File too large\n");
+    EXPECT_EQ(content_of(first_), "kept");
+}
+
+TEST_P(States, ThatGoElsewhereAreWrittenThere)
+{
+    // As a pipe, which cannot be replaced.
+    const Ended ended = Process({"/bin/sh", "-c", "\"$@\" --save /dev/fd/3 -- " DYNAMIC_CLIENT " set 7 3>&1 | cat",
+                                    "sh", EMULATOR, "run", "--mode", GetParam()})
+                            .wait();
+    EXPECT_THAT(ended.out, HasSubstr("\"logLevel\": 7"));
+    // In a folder that takes no others, in place.
+    if (geteuid() != 0 || !refusal_of(GetParam(), User::Ordinary).empty())
+        return;
+    std::ofstream(first_) << "before";
+    std::filesystem::permissions(first_, std::filesystem::perms(0666));
+    std::filesystem::permissions(folder_.path(), std::filesystem::perms(0755));
+    const Words words = in_world({DYNAMIC_CLIENT, "set", "8"}, {"--save", first_});
+    EXPECT_EQ(Process(words, User::Ordinary).wait().status, 0);
+    EXPECT_THAT(content_of(first_), HasSubstr("\"logLevel\": 8"));
+}
+
+TEST_P(States, NeedAFileOfTheirOwn)
+{
+    for (const Words& options : {Words {"--save", first_, "--trace", first_},
+             Words {"--record", first_, "--save", first_}, Words {"--trace", first_, "--record", first_}}) {
+        const Ended ended = run(options, {"/bin/echo", "run"});
+        EXPECT_EQ(ended.status, 125);
+        EXPECT_EQ(ended.out, "");
+        EXPECT_EQ(ended.err, "lumozeph-emulator: --trace, --record and --save need files of their own\n");
+    }
 }
 
 TEST(Options, HelpAndVersionExitWith0)
