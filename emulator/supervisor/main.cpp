@@ -181,7 +181,7 @@ emulator::Wishes wishes_for(const Asked& asked, const Outputs& outputs)
         .recording = outputs.recording.number(),
         .traced = asked.opens ? Traced::CommandsAndOpens : Traced::Commands,
         // Who has no name is asked by nobody.
-        .journal = asked.world ? asked.journal : 0,
+        .journal = asked.world ? std::optional(asked.journal) : std::nullopt,
         .summary = asked.summary};
     wishes.state = outputs.state ? &*outputs.state : nullptr;
     wishes.lifetime.leftovers = asked.linger ? emulator::Leftovers::WaitFor : emulator::Leftovers::End;

@@ -9,10 +9,11 @@
 namespace emulator {
 
 Witness::Witness(const Telling& telling)
-    : traced_(telling.traced), remembers_(telling.journal > 0),
-      sees_commands_(telling.trace >= 0 || telling.recording >= 0 || telling.journal > 0 || telling.summary),
-      journal_(telling.journal)
+    : traced_(telling.traced),
+      sees_commands_(telling.trace >= 0 || telling.recording >= 0 || telling.journal || telling.summary)
 {
+    if (telling.journal)
+        journal_.emplace(*telling.journal);
     if (telling.recording >= 0)
         recorder_.emplace(telling.recording);
     if (telling.trace >= 0)
@@ -32,8 +33,8 @@ void Witness::tell(Event event)
         const std::lock_guard lock(mutex_);
         summary_->count(*told);
     }
-    if (remembers_)
-        journal_.add(told);
+    if (journal_)
+        journal_->add(told);
     if (trace_)
         trace_->add(told);
 }

@@ -30,8 +30,8 @@ struct Telling
     TraceFormat format = TraceFormat::Text;
     int recording = -1; // where to write a recording, if anywhere
     Traced traced = Traced::Commands;
-    std::size_t journal = 0; // how many events to remember
-    bool summary = false;    // in the end, on the standard error
+    std::optional<std::size_t> journal; // how many events to remember, for who may ask
+    bool summary = false;               // in the end, on the standard error
 };
 
 class Witness
@@ -46,18 +46,17 @@ public:
     // Commands have their whole replies.
     void tell(Event event);
 
-    std::string journal(TraceFormat format) const { return journal_.lines(format); }
+    std::string journal(TraceFormat format) const { return journal_ ? journal_->lines(format) : ""; }
 
     // When nothing more is told. Waits for whoever reads the trace, but not for long.
     void finish(std::chrono::milliseconds patience);
 
 private:
     const Traced traced_;
-    const bool remembers_;
     const bool sees_commands_;
     std::optional<Recorder> recorder_;
     std::optional<Trace> trace_;
-    Journal journal_;
+    std::optional<Journal> journal_;
     std::mutex mutex_;
     std::optional<Summary> summary_;
 };

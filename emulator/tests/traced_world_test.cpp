@@ -238,4 +238,15 @@ TEST_P(JournalOfWorld, SaysWhenItHasForgotten)
     world.wait();
 }
 
+TEST_P(JournalOfWorld, SaysThatItRemembersNothing)
+{
+    Process world(emulator({"serve", "--mode", GetParam(), "--world", "none", "--journal", "0"}));
+    wait_for("none");
+    EXPECT_EQ(journal("none"), "");
+    EXPECT_EQ(join("none", {DYNAMIC_CLIENT, "get"}).status, 0);
+    EXPECT_EQ(journal("none"), "+++ forgotten: 1 +++\n");
+    EXPECT_EQ(say({"stop", "none"}).status, 0);
+    world.wait();
+}
+
 } // namespace
