@@ -99,9 +99,15 @@ int RecordingCommand::replay(
     wishes.mode = mode_;
     wishes.replay = &replay;
     wishes.difference = difference.number();
-    const Ending ending = run_in_world(unused, none, wishes, [&] { return execute(program); });
+    const Descriptor never_begun = document_of("");
+    const Ending ending = run_in_world(unused, none, wishes, [&] {
+        const int status = execute(program);
+        write_all(never_begun.number(), program[0]);
+        return status;
+    });
     const std::string text = text_of(difference);
-    if (text.empty())
+    // Of what was never run, nothing differs.
+    if (text.empty() || !text_of(never_begun).empty())
         return end_like(ending);
     fmt::print(stderr, "lumozeph-emulator: {}", text);
     return replay_differs;

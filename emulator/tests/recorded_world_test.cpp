@@ -66,6 +66,17 @@ TEST_P(Recorded, ProgramsThatDifferAreToldFrom)
     EXPECT_EQ(matching.status, 3);
 }
 
+TEST_P(Recorded, ProgramsThatCannotRunAreNotSaidToDiffer)
+{
+    record(set);
+    for (const auto& [program, status] : {std::pair("/no/such/program", 127), std::pair("/", 126)}) {
+        const Ended ended = Process({EMULATOR, "replay", "--mode", GetParam(), file(), "--", program}).wait();
+        EXPECT_EQ(ended.status, status);
+        EXPECT_THAT(ended.err, MatchesRegex(std::string("lumozeph-emulator: cannot run '") + program + "': [^\n]*\n"));
+    }
+    EXPECT_EQ(replay("exit 127").status, 123);
+}
+
 TEST_P(Recorded, LongRepliesAreWhole)
 {
     const std::string list = DYNAMIC_CLIENT " list-routes blue | cut -c1-9";
