@@ -1,4 +1,5 @@
 // The library against the emulator's model: what is set can be read back.
+#include "emulator/faults/fault.h"
 #include "emulator/protocol/commands.h"
 #include "fake/emulated.h"
 #include "fake/matchers.h"
@@ -946,6 +947,24 @@ TEST_F(Emulated, AnUnknownCommandIsReportedByTheModule)
 }
 
 // The library and the module are described apart: a command that is new to one must be known to the other.
+// A fault is given to a command by its function's name, or is refused with the name that its command has.
+TEST(Module, KnowsWhichCommandToFailForEveryOperation)
+{
+    operations::for_each_operation([](const operations::Chapter&, const operations::Operation& operation) {
+        std::string name = std::string(operation.function.name).substr(std::string("LUMOZEPH").size());
+        name.erase(0, name.find_first_not_of('_'));
+        if (name == "BridgeSetConfig")
+            return;
+        const auto number = static_cast<std::uint32_t>(operation.command);
+        try {
+            EXPECT_THAT(emulator::parse_fault(name + "=EIO").commands, testing::Contains(number)) << name;
+        } catch (const emulator::FaultError& error) {
+            EXPECT_THAT(error.what(),
+                testing::EndsWith(std::string(" is ").append(emulator::protocol::commands_by_number[number]->name)));
+        }
+    });
+}
+
 TEST(Module, KnowsTheCommandOfEveryOperation)
 {
     using emulator::protocol::commands_by_number;

@@ -44,6 +44,12 @@ constexpr std::array<std::pair<std::string_view, int>, 4> other_names {
 constexpr std::array<std::pair<std::string_view, std::uint64_t>, 4> units {
     {{"s", 1}, {"ms", 1000}, {"us", 1000000}, {"ns", billion}}};
 
+// Of functions that send what others send, too.
+constexpr std::array<std::pair<std::string_view, std::string_view>, 7> functions_without_a_command {
+    {{"GetLifStatsCached", "GetLifStats"}, {"GetProxyArps", "GetArps"}, {"SetProxyArp", "SetArp"},
+        {"DelProxyArp", "DelArp"}, {"SetProxyArpv6", "SetArpv6"}, {"DelProxyArpv6", "DelArpv6"},
+        {"BridgeSetConfig", "the one whose number it is given"}}};
+
 // An asterisk stands for any characters, or none. What else would be special is in no pattern.
 bool fits(std::string_view pattern, std::string_view name)
 {
@@ -136,12 +142,35 @@ private:
             return;
         }
         const bool is_number = whom.find_first_not_of(digits) == std::string_view::npos;
-        for (const Command* command : commands_by_number)
-            if (command != nullptr &&
-                (is_number ? whom == std::to_string(command->number) : whom == "any" || fits(whom, command->name)))
-                fault.commands.push_back(command->number);
+        add_commands(fault, [&](const Command& command) {
+            return is_number ? whom == std::to_string(command.number) : whom == "any" || fits(whom, command.name);
+        });
+        // Of a function that has a command for each position of its switch, both.
         if (fault.commands.empty())
-            refuse_at(0, "expected the name or number of a command: there is none of this");
+            add_commands(fault, [&](const Command& command) {
+                return command.name == std::string(whom).append("On") ||
+                       command.name == std::string(whom).append("Off");
+            });
+        if (fault.commands.empty())
+            refuse_at(0, reason_for_no_command(whom));
+    }
+
+    template <class Predicate>
+    static void add_commands(Fault& fault, Predicate is_meant)
+    {
+        for (const Command* command : commands_by_number)
+            if (command != nullptr && is_meant(*command))
+                fault.commands.push_back(command->number);
+    }
+
+    static std::string reason_for_no_command(std::string_view whom)
+    {
+        const auto* const function = std::find_if(functions_without_a_command.begin(),
+            functions_without_a_command.end(), [&](const auto& one) { return one.first == whom; });
+        std::string reason = "expected the name or number of a command: ";
+        if (function == functions_without_a_command.end())
+            return reason + "there is none of this";
+        return reason.append("that of ").append(whom).append(" is ").append(function->second);
     }
 
     std::uint64_t read_number(std::uint64_t least, std::uint64_t most, std::string_view what)
