@@ -6,10 +6,10 @@
 #include "emulator/protocol/commands.h"
 #include "emulator/protocol/envelope.h"
 #include "emulator/supervisor/failure.h"
-#include "emulator/supervisor/modes.h"
+#include "emulator/supervisor/options.h"
+#include "emulator/supervisor/output.h"
 
 #include <array>
-#include <cstdio>
 #include <fcntl.h>
 #include <fmt/core.h>
 #include <string>
@@ -56,9 +56,7 @@ int check()
     const char* best = nullptr;
     for (const auto& [name, mode] : modes) {
         const std::string why = refusal(mode);
-        fmt::print("{}: {}\n", name, why.empty() ? "works" : why);
-        // What is printed later must not be printed by a process of the next world, too.
-        std::fflush(stdout);
+        print(fmt::format("{}: {}\n", name, why.empty() ? "works" : why));
         if (why.empty() && best == nullptr)
             best = name;
     }
@@ -66,7 +64,7 @@ int check()
         fmt::print(stderr, "lumozeph-emulator: this machine cannot run the emulator\n");
         return emulator_failed;
     }
-    fmt::print("this machine can run the emulator; it uses {}\n", best);
+    print(fmt::format("this machine can run the emulator; it uses {}\n", best));
     return 0;
 }
 

@@ -8,8 +8,8 @@
 #include "emulator/supervisor/control.h"
 #include "emulator/supervisor/descriptor.h"
 #include "emulator/supervisor/failure.h"
-#include "emulator/supervisor/formats.h"
-#include "emulator/supervisor/modes.h"
+#include "emulator/supervisor/options.h"
+#include "emulator/supervisor/output.h"
 #include "emulator/supervisor/readiness.h"
 #include "emulator/supervisor/recording_command.h"
 #include "emulator/supervisor/world.h"
@@ -25,7 +25,7 @@
 #include <cstring>
 #include <fcntl.h>
 #include <fmt/core.h>
-#include <map>
+#include <iostream>
 #include <optional>
 #include <string>
 #include <sys/prctl.h>
@@ -222,7 +222,7 @@ int list()
 {
     for (const std::string& name : emulator::names_of_worlds())
         if (const auto description = emulator::describe_world(name))
-            fmt::print("{} {}\n", name, *description);
+            emulator::print(fmt::format("{} {}\n", name, *description));
     return 0;
 }
 
@@ -236,15 +236,12 @@ int stop(const std::string& world)
 
 void add_options_of_world(CLI::App& command, Asked& asked)
 {
-    const CLI::Range in_seconds(0.0, 1e6);
-    emulator::choose_mode(
-        command.add_option("--mode", asked.mode, "How the device comes into the world: namespaces or injection"));
-    command.add_option("--grace", asked.grace, "Seconds between SIGTERM and SIGKILL for what must end (2)")
-        ->type_name("SECONDS")
-        ->check(in_seconds);
-    command.add_option("--timeout", asked.timeout, "End all after so many seconds; exit with 124")
-        ->type_name("SECONDS")
-        ->check(in_seconds);
+    choose(command.add_option("--mode", asked.mode, "How the device comes into the world: namespaces or injection"),
+        "MODE", emulator::modes);
+    emulator::take_seconds(
+        command.add_option("--grace", asked.grace, "Seconds between SIGTERM and SIGKILL for what must end (2)"));
+    emulator::take_seconds(
+        command.add_option("--timeout", asked.timeout, "End all after so many seconds; exit with 124"));
     command.add_option("--save", asked.save, "Write the state when the world ends")->type_name("FILE");
 }
 
@@ -252,13 +249,12 @@ void add_options_of_trace(CLI::App& command, Asked& asked)
 {
     command.add_option("--trace", asked.trace, "Write a line for each command answered (-: standard error)")
         ->type_name("FILE");
-    emulator::choose_format(
-        command.add_option("--trace-format", asked.format, "How: text (for people), or json (an object a line)"));
+    choose(command.add_option("--trace-format", asked.format, "How: text (for people), or json (an object a line)"),
+        "FORMAT", emulator::formats);
     command.add_option("--record", asked.record, "Write a recording, for replay and compare")->type_name("FILE");
     command.add_flag("--summary", asked.summary, "Print, in the end, how many commands there were and what they took");
-    command.add_option("--journal", asked.journal, "How many commands a world with a name remembers (10000)")
-        ->type_name("NUMBER")
-        ->check(CLI::NonNegativeNumber);
+    emulator::take_number(
+        command.add_option("--journal", asked.journal, "How many commands a world with a name remembers (10000)"));
     command.add_flag("--opens", asked.opens,
         "See the opens of the device, for the trace and for faults; slows all opens in the world");
 }
@@ -267,18 +263,32 @@ void add_options_of_module(CLI::App& command, Asked& asked)
 {
     command.add_option("--load", asked.load, "Begin with the state that a file describes")->type_name("FILE");
     command.add_flag("--lenient", asked.lenient, "Accept what the module refuses as making no sense");
-    command.add_option("--clock", asked.clock, "How the module's time passes: real (by itself) or manual")
-        ->type_name("CLOCK")
-        ->transform(CLI::Transformer(std::map<std::string, emulator::Clock> {
-            {"real", emulator::Clock::Real}, {"manual", emulator::Clock::Manual}}));
+    choose(command.add_option("--clock", asked.clock, "How the module's time passes: real (by itself) or manual"),
+        "CLOCK", emulator::clocks);
     command
         .add_option(
             "--fault", asked.faults, "Have commands go wrong, such as GetLifs#2=ENODEV; may be given several times")
         ->type_name("SPEC")
         ->allow_extra_args(false);
-    command.add_option("--seed", asked.seed, "Of what is at random in faults (0)")
-        ->type_name("NUMBER")
-        ->check(CLI::NonNegativeNumber);
+    emulator::take_number(command.add_option("--seed", asked.seed, "Of what is at random in faults (0)"));
+}
+
+// What does not ask for anything that can be done; --help and --version come this way, too.
+int explain(const CLI::App& app, const CLI::ParseError& error)
+{
+    if (error.get_exit_code() == 0) {
+        app.exit(error);
+        if (std::cout.flush())
+            return 0;
+        fmt::print(stderr, "lumozeph-emulator: cannot write to the standard output\n");
+        return emulator_failed;
+    }
+    const std::vector<std::string> unknown = app.remaining(true);
+    const bool lacks_command = error.get_exit_code() == static_cast<int>(CLI::ExitCodes::RequiredError);
+    const std::string what = lacks_command && !unknown.empty() ? fmt::format("there is no command '{}'", unknown[0])
+                                                               : std::string(error.what());
+    fmt::print(stderr, "lumozeph-emulator: {}\nTry 'lumozeph-emulator --help'.\n", what);
+    return emulator_failed;
 }
 
 } // namespace
@@ -352,11 +362,7 @@ int main(int argc, char** argv)
                                 program, {settings_for(asked), asked.load, asked.faults, asked.seed}, execute)
                           : run(asked, program);
     } catch (const CLI::ParseError& error) {
-        // --help and --version come this way, too.
-        if (error.get_exit_code() == 0)
-            return app.exit(error);
-        fmt::print(stderr, "lumozeph-emulator: {}\nTry 'lumozeph-emulator --help'.\n", error.what());
-        return emulator_failed;
+        return explain(app, error);
     } catch (const std::exception& error) {
         fmt::print(stderr, "lumozeph-emulator: {}\n", error.what());
         return emulator_failed;

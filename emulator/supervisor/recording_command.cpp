@@ -4,8 +4,7 @@
 #include "emulator/recording/launch.h"
 #include "emulator/state/state_file.h"
 #include "emulator/supervisor/document.h"
-#include "emulator/supervisor/formats.h"
-#include "emulator/supervisor/modes.h"
+#include "emulator/supervisor/options.h"
 #include "emulator/supervisor/output.h"
 #include "emulator/trace/line.h"
 
@@ -38,12 +37,13 @@ RecordingCommand::RecordingCommand(CLI::App& app)
 {
     for (CLI::App* const command : {decode_, compare_, replay_, record_})
         command->add_option("FILE", file_, "The recording")->required();
-    choose_format(decode_->add_option("--format", format_, "How: text or json, an object a line"));
+    choose(decode_->add_option("--format", format_, "How: text or json, an object a line"), "FORMAT", formats);
     compare_->add_option("--load", state_, "Begin with the state that a file describes")->type_name("STATE");
     compare_->add_flag("--lenient", lenient_, "Accept what the module refuses as making no sense");
     compare_->footer("Exits with 0; 1 if an answer differs; 125 if the emulator failed.");
     replay_->add_flag("--matching", matching_, "Let calls come in any order and number");
-    choose_mode(replay_->add_option("--mode", mode_, "How the device comes into the world: namespaces or injection"));
+    choose(replay_->add_option("--mode", mode_, "How the device comes into the world: namespaces or injection"), "MODE",
+        modes);
     replay_->footer("Exits as PROGRAM does; with 123 if a call differs from the recording.");
     record_
         ->add_flag("--pass-through", pass_through_, "Let the module of this host answer; in a world, use run --record")

@@ -3,7 +3,7 @@
 #include "emulator/state/patch.h"
 #include "emulator/state/replaced_file.h"
 #include "emulator/state/state_file.h"
-#include "emulator/supervisor/formats.h"
+#include "emulator/supervisor/options.h"
 #include "emulator/supervisor/output.h"
 
 #include <algorithm>
@@ -104,7 +104,7 @@ void WorldCommand::add_journal()
             print(state.journal(format_));
             return 0;
         });
-    choose_format(journal->add_option("--format", format_, "How: text or json, an object a line"));
+    choose(journal->add_option("--format", format_, "How: text or json, an object a line"), "FORMAT", formats);
 }
 
 CLI::App* WorldCommand::add_with_file(const char* name, const char* what, Verb verb)

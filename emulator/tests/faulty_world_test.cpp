@@ -126,7 +126,13 @@ TEST_P(FaultyWorld, IsNotMadeOfFaultsThatMakeNoSense)
         "lumozeph-emulator: column 1 of 'open=EACCES': opens can be at fault in a world with --opens only: elsewhere "
         "they "
         "are not seen\n");
-    EXPECT_EQ(run({"--seed", "-1"}, "echo run").status, 125);
+    for (const char* seed : {"-1", "18446744073709551616", "1.5", ""}) {
+        const Ended wrong = run({"--seed", seed}, "echo run");
+        EXPECT_EQ(wrong.status, 125);
+        EXPECT_THAT(wrong.err,
+            testing::StartsWith("lumozeph-emulator: --seed: expected a number from 0 to 18446744073709551615, not '" +
+                                std::string(seed) + "'\n"));
+    }
 }
 
 } // namespace

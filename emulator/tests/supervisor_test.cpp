@@ -940,6 +940,46 @@ TEST(Options, HelpAndVersionExitWith0)
     EXPECT_EQ(version.out, "lumozeph-emulator " LUMOZEPH_VERSION "\n");
 }
 
+Words with(const std::string& program, Words words)
+{
+    words.insert(words.begin(), program);
+    return words;
+}
+
+TEST(Options, ThatSayNothingThatCanBeDoneAreRefused)
+{
+    const std::vector<std::pair<Words, std::string>> cases {
+        {{"run", "--mode", "foo"}, "--mode: expected namespaces or injection, not 'foo'"},
+        {{"run", "--clock", "foo"}, "--clock: expected real or manual, not 'foo'"},
+        {{"serve", "--trace-format", "xml"}, "--trace-format: expected text or json, not 'xml'"},
+        {{"run", "--timeout", "nan"}, "--timeout: expected seconds from 0 to 1000000, not 'nan'"},
+        {{"run", "--grace", "inf"}, "--grace: expected seconds from 0 to 1000000, not 'inf'"},
+        {{"run", "--grace", "-1"}, "--grace: expected seconds from 0 to 1000000, not '-1'"},
+        {{"run", "--journal", "many"}, "--journal: expected a number from 0 to 18446744073709551615, not 'many'"},
+        {{"decode", "file", "--format", "xml"}, "--format: expected text or json, not 'xml'"},
+        {{"bogus"}, "there is no command 'bogus'"},
+        {{"world", "name", "bogus"}, "there is no command 'bogus'"},
+        {{"world", "name", "fault", "bogus"}, "there is no command 'bogus'"},
+        {{}, "A subcommand is required"},
+    };
+    for (const auto& [words, message] : cases) {
+        const Ended ended = Process(with(EMULATOR, words)).wait();
+        EXPECT_EQ(ended.status, 125);
+        EXPECT_EQ(ended.out, "");
+        EXPECT_EQ(ended.err, "lumozeph-emulator: " + message + "\nTry 'lumozeph-emulator --help'.\n");
+    }
+}
+
+TEST(Options, FailWhereTheirAnswerCannotBeWritten)
+{
+    for (const char* words : {"--help", "--version", "check", "run --help"}) {
+        const std::string script = std::string(EMULATOR " ") + words + " > /dev/full";
+        const Ended ended = Process({"/bin/sh", "-c", script}).wait();
+        EXPECT_EQ(ended.status, 125) << words;
+        EXPECT_THAT(ended.err, StartsWith("lumozeph-emulator: cannot write to the standard output")) << words;
+    }
+}
+
 TEST(Options, CheckSaysWhetherTheMachineWillDo)
 {
     const Ended ended = Process({EMULATOR, "check"}).wait();
