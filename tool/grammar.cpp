@@ -27,10 +27,10 @@ bool any_looks_like_ipv6(std::span<const std::string> words)
 }
 
 // The verbs whose words these are, and how many they are. Of several that a shortened word may mean, it means the first.
-class Path
+class VerbPath
 {
 public:
-    explicit Path(std::span<const std::string> words)
+    explicit VerbPath(std::span<const std::string> words)
     {
         for (const Object& object : known_objects())
             for (const Verb& verb : object.verbs)
@@ -145,7 +145,7 @@ std::vector<Step> several_of(std::span<const Verb* const> verbs, std::span<const
 
 std::vector<Step> understand(std::span<const std::string> words, bool prefer_ipv6)
 {
-    const Path path(words);
+    const VerbPath path(words);
     if (!path.is_whole()) {
         const std::vector<std::string_view> known = path.next_words();
         if (path.length() < words.size())
@@ -161,7 +161,7 @@ std::vector<Step> understand(std::span<const std::string> words, bool prefer_ipv
 
 std::vector<const Verb*> verbs_under(std::span<const std::string> words)
 {
-    const Path path(words);
+    const VerbPath path(words);
     return path.length() == words.size() ? path.verbs() : std::vector<const Verb*> {};
 }
 

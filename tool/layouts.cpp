@@ -43,7 +43,7 @@ constexpr std::array<Member, 4> neighbour_of(Member address)
     return {address, text("lif", 16, 64), text("mac", 80, 18), number("proxy", 98, 1)};
 }
 
-constexpr auto arp = neighbour_of(one("address", Form::Ipv4, "ipv4", 0, 4));
+constexpr auto arp_members = neighbour_of(one("address", Form::Ipv4, "ipv4", 0, 4));
 constexpr auto neighbour = neighbour_of(one("address", Form::Ipv6, "ipv6", 0, 16));
 
 constexpr Member pmac[] {
@@ -51,7 +51,7 @@ constexpr Member pmac[] {
     number("value", 6, 4),
 };
 
-constexpr Member transport_node[] {
+constexpr Member transport_node_members[] {
     text("text1", 0, 64),
     text("text2", 64, 64),
     text("text3", 128, 16),
@@ -59,7 +59,7 @@ constexpr Member transport_node[] {
     one("block", Form::Bytes, "bytes", 148, 64),
 };
 
-constexpr Member endpoint[] {
+constexpr Member endpoint_members[] {
     text("ident", 64, 64),
     number("value1", 128, 2),
     number("value2", 130, 1),
@@ -83,12 +83,12 @@ constexpr RawLayout all_layouts[] {
     {"GetConnections", Repeated::UntilZeros, {"connection", 152, connection}},
     {"GetConnection", Repeated::Once, {"connection", 152, connection}},
     {"GetRoutesv6", Repeated::UntilZeros, {"route6", 776, route6}},
-    {"GetArps", Repeated::UntilZeros, {"arp", 114, arp}},
-    {"GetProxyArps", Repeated::UntilZeros, {"arp", 114, arp}},
+    {"GetArps", Repeated::UntilZeros, {"arp", 114, arp_members}},
+    {"GetProxyArps", Repeated::UntilZeros, {"arp", 114, arp_members}},
     {"GetArpsv6", Repeated::UntilZeros, {"neighbour", 114, neighbour}},
     {"GetPmac", Repeated::UntilZeros, {"pmac", 10, pmac}},
-    {"BridgeGetLocalTransportNode", Repeated::Once, {"transport_node", 2048, transport_node}},
-    {"GetBeAll", Repeated::UntilZeros, {"endpoint", 235, endpoint}},
+    {"BridgeGetLocalTransportNode", Repeated::Once, {"transport_node", 2048, transport_node_members}},
+    {"GetBeAll", Repeated::UntilZeros, {"endpoint", 235, endpoint_members}},
     {"GetBeStats", Repeated::Once, {"endpoint_stats", 146, endpoint_key}},
     {"GetBeStatus", Repeated::Once, {"endpoint_status", 229, endpoint_key}},
     {"GetBFDPortConnections", Repeated::UntilZeros, {"port_connection", 152, port_connection}},

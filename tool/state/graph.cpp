@@ -39,7 +39,7 @@ enum class SessionState
     Up
 };
 
-std::string escaped(std::string_view text)
+std::string escaped_for_dot(std::string_view text)
 {
     std::string safe;
     for (const char c : printable(text))
@@ -49,7 +49,7 @@ std::string escaped(std::string_view text)
 
 std::string bold(std::string_view text)
 {
-    return fmt::format("<B>{}</B>", escaped(text));
+    return fmt::format("<B>{}</B>", escaped_for_dot(text));
 }
 
 std::string inked(std::string_view colour, const std::string& text)
@@ -57,7 +57,7 @@ std::string inked(std::string_view colour, const std::string& text)
     return fmt::format("<FONT COLOR=\"{}\">{}</FONT>", colour, text);
 }
 
-const std::string& text_in(const Value& object, const char* member)
+const std::string& text_under(const Value& object, const char* member)
 {
     static const std::string none;
     const Value* const value = object.find(member);
@@ -168,7 +168,7 @@ private:
 
     void add_bridge(const std::string& name, const Value& bridge)
     {
-        const bool is_up = text_in(bridge, "enabled") != "0";
+        const bool is_up = text_under(bridge, "enabled") != "0";
         std::string title = "bridge " + bold(name);
         if (!is_up)
             title += "<BR/>" + inked(ink_of_down, "DISABLED");
@@ -201,7 +201,7 @@ private:
         constexpr std::size_t most = 4;
         std::string lines;
         for (std::size_t i = 0; i < std::min(routes.size(), most); ++i)
-            lines += "<BR/>" + (are_down ? inked(ink_of_down, escaped(routes[i])) : escaped(routes[i]));
+            lines += "<BR/>" + (are_down ? inked(ink_of_down, escaped_for_dot(routes[i])) : escaped_for_dot(routes[i]));
         if (routes.size() > most)
             lines += fmt::format("<BR/>and {} more", counted(routes.size() - most, "route"));
         return lines;
@@ -217,10 +217,10 @@ private:
             for (const Entry* const lif : sorted(members_in(instance, kind))) {
                 cells.push_back(cell_of(lif->first, lif->second, routes[lif->first]));
                 routes.erase(lif->first);
-                down += text_in(lif->second, "up") == "0" ? 1 : 0;
+                down += text_under(lif->second, "up") == "0" ? 1 : 0;
                 cells.back().port = fmt::format("p{}", cells.size());
-                if (std::string_view(kind) == "bridgeLifs" && !text_in(lif->second, "auxName").empty())
-                    ties.emplace_back(cells.back().port, text_in(lif->second, "auxName"));
+                if (std::string_view(kind) == "bridgeLifs" && !text_under(lif->second, "auxName").empty())
+                    ties.emplace_back(cells.back().port, text_under(lif->second, "auxName"));
             }
         for (const auto& [lif, over] : routes)
             cells.push_back(lif.empty()
@@ -238,15 +238,15 @@ private:
 
     static Cell cell_of(const std::string& name, const Value& lif, const std::vector<std::string>& routes)
     {
-        const bool is_up = text_in(lif, "up") != "0";
+        const bool is_up = text_under(lif, "up") != "0";
         std::string text = bold(name);
         if (!is_up)
             text += " " + inked(ink_of_down, "DOWN");
-        if (text_in(lif, "address") != "0.0.0.0")
-            text += "<BR/>" + escaped(key_of(level_of("routes"),
-                                  {{"dest", text_in(lif, "address")}, {"mask", text_in(lif, "mask")}}));
+        if (text_under(lif, "address") != "0.0.0.0")
+            text += "<BR/>" + escaped_for_dot(key_of(level_of("routes"),
+                                  {{"dest", text_under(lif, "address")}, {"mask", text_under(lif, "mask")}}));
         for (const Entry& address : members_in(lif, "ipv6"))
-            text += "<BR/>" + escaped(address.first + "/" + text_in(address.second, "prefixLen"));
+            text += "<BR/>" + escaped_for_dot(address.first + "/" + text_under(address.second, "prefixLen"));
         return {text + lines_of(routes, !is_up), is_up ? colour_of_up : colour_of_down, ""};
     }
 
@@ -260,9 +260,9 @@ private:
     void add_endpoints(const std::map<std::string, Value>& endpoints)
     {
         std::vector<Cell> cells;
-        for (const Entry* const endpoint : sorted(endpoints))
-            cells.push_back(
-                {bold(endpoint->first) + "<BR/>" + escaped(text_in(endpoint->second, "name")), colour_of_others, ""});
+        for (const Entry* const entry : sorted(endpoints))
+            cells.push_back({bold(entry->first) + "<BR/>" + escaped_for_dot(text_under(entry->second, "name")),
+                colour_of_others, ""});
         if (!cells.empty())
             add_table(counted(cells.size(), "bridge endpoint"), colour_of_others, cells, square(cells));
     }
@@ -272,8 +272,8 @@ private:
         std::vector<Cell> cells;
         std::vector<std::string> addresses;
         for (const Entry* const node : sorted(members_in(cluster, "nodes"))) {
-            addresses.push_back(text_in(node->second, "mac"));
-            cells.push_back({bold(node->first) + "<BR/>" + escaped(addresses.back()), colour_of_others,
+            addresses.push_back(text_under(node->second, "mac"));
+            cells.push_back({bold(node->first) + "<BR/>" + escaped_for_dot(addresses.back()), colour_of_others,
                 fmt::format("p{}", addresses.size())});
         }
         const std::string table = add_column("cluster " + bold(name), cells);
@@ -286,8 +286,8 @@ private:
         std::vector<Cell> cells;
         std::vector<std::string> addresses;
         for (const Entry* const port : sorted(ports)) {
-            addresses.push_back(text_in(port->second, "mac"));
-            cells.push_back({bold(port->first) + "<BR/>" + escaped(addresses.back()), colour_of_others,
+            addresses.push_back(text_under(port->second, "mac"));
+            cells.push_back({bold(port->first) + "<BR/>" + escaped_for_dot(addresses.back()), colour_of_others,
                 fmt::format("p{}", addresses.size())});
         }
         if (cells.empty())
@@ -303,7 +303,7 @@ private:
         const std::vector<std::string_view> addresses = split(key, ' ');
         const std::string from = place(_ports, std::string(addresses[0]));
         const std::string to = place(_places, std::string(addresses[1]));
-        const std::string& state = text_in(session, "value3");
+        const std::string& state = text_under(session, "value3");
         const auto known = state == "1"   ? SessionState::Down
                            : state == "2" ? SessionState::Beginning
                            : state == "3" ? SessionState::Up
@@ -329,7 +329,7 @@ private:
         const auto found = places.find(address);
         if (found != places.end())
             return found->second;
-        return places[address] = add_column(escaped(address), {});
+        return places[address] = add_column(escaped_for_dot(address), {});
     }
 
     std::string _text;

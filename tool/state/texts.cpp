@@ -92,7 +92,7 @@ std::string form_of_key(const Level& level)
     return form;
 }
 
-bool is_number(const Member& member)
+bool is_number_member(const Member& member)
 {
     return member.form == Form::Number || member.form == Form::SignedNumber;
 }
@@ -229,7 +229,7 @@ Texts fields_of_key(const Level& level, const Level* outer, std::string_view key
     }
     for (auto& [name, text] : texts) {
         const Member member = member_of(level, outer, *find_field(level, name));
-        text = normal(member, is_number(member) ? Value::number(text) : Value::string(text)).text;
+        text = normal(member, is_number_member(member) ? Value::number(text) : Value::string(text)).text;
     }
     return texts;
 }
@@ -248,7 +248,9 @@ bool is_in_key(const Level& level, std::string_view field)
 Value normal(const Member& member, const Value& value)
 {
     const bool is_list = member.form == Form::Records || member.length > 0;
-    const Value::Kind kind = is_list ? Value::Kind::List : is_number(member) ? Value::Kind::Number : Value::Kind::Text;
+    const Value::Kind kind = is_list                    ? Value::Kind::List
+                             : is_number_member(member) ? Value::Kind::Number
+                                                        : Value::Kind::Text;
     if (value.kind != kind)
         throw Misuse(fmt::format("expected {}, found {}", name_of(kind), name_of(value.kind)));
     Value found = value;
