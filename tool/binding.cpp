@@ -4,6 +4,7 @@
 #include "tool/spelling.h"
 
 #include <algorithm>
+#include <cctype>
 #include <cstring>
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>
@@ -179,7 +180,9 @@ private:
     // Either as a number, or the whole address, which is both words.
     void store_word(std::size_t position, const Parameter& parameter, const std::string& value)
     {
-        if (value.find(':') == std::string::npos)
+        constexpr std::string_view digits = "0123456789abcdefABCDEFxX";
+        if (std::isdigit(static_cast<unsigned char>(value[0])) != 0 &&
+            value.find_first_not_of(digits) == std::string::npos)
             return _arguments.set_number(position, parse_number(value, parameter.size));
         const auto address = parse_ipv6(value);
         const auto partner = static_cast<std::size_t>(parameter.partner);

@@ -63,6 +63,15 @@ TEST(Binding, MakesBothWordsOfAnIpv6Address)
     }
 }
 
+TEST(Binding, SaysWhichAddressIsWanted)
+{
+    for (const char* const text : {"10.0.0.1", "", "abc", "2001:db8", "-1"})
+        EXPECT_THAT(binding("DelArpv6", {{"address", text}}),
+            ThrowsMessage<Misuse>(HasSubstr(std::string("'") + text + "' is not an IPv6 address")));
+    EXPECT_THAT(binding("DelArpv6", {{"address", "99999999999999999999"}}),
+        ThrowsMessage<Misuse>(HasSubstr("is not a number from 0 to 18446744073709551615")));
+}
+
 TEST(Binding, LeavesOutWhatMayBeNullAndDemandsTheRest)
 {
     EXPECT_EQ(bound("ClearArp", {{"instance", "blue"}}).text(1), nullptr);
