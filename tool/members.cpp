@@ -27,14 +27,31 @@ std::string address_of_family(const Record& record, const Member& member, const 
 // Records hold records, two deep.
 // NOLINTBEGIN(misc-no-recursion)
 
-// The words of a record within another: its names and addresses, and its numbers where it has none.
+bool names_something(const Member& member)
+{
+    return member.form != Form::Bytes && member.kind != "value" && member.kind != "address_family";
+}
+
+// Of several that name nothing: those that are not 0, by their names.
+std::string values_in(const Record& record, const std::byte* data, AddressOrder order)
+{
+    std::string values;
+    for (const Member& member : record.members)
+        if (const std::string text = member_text(record, member, data, order);
+            text.find_first_not_of("0 ") != std::string::npos)
+            values += fmt::format("{}{} {}", values.empty() ? "" : ", ", member.name, text);
+    return values.empty() ? "0" : values;
+}
+
+// The words of a record within another: its names and addresses, and what it consists of where it has none.
 std::string summary(const Record& record, const std::byte* data, AddressOrder order)
 {
+    const bool is_one_value = record.members.size() == 1;
+    if (!is_one_value && std::ranges::none_of(record.members, names_something))
+        return values_in(record, data, order);
     std::string words;
     for (const Member& member : record.members) {
-        const bool names_something =
-            member.form != Form::Bytes && member.kind != "value" && member.kind != "address_family";
-        if (!names_something && record.members.size() > 1)
+        if (!is_one_value && !names_something(member))
             continue;
         const std::string text = member_text(record, member, data, order);
         const char* const between = member.kind == "prefix_length" ? "/" : " ";

@@ -125,7 +125,7 @@ struct NamedText
     std::string text;
 };
 
-// A member, or of many counters those that have counted.
+// A member, or each of several records, or of many counters those that have counted.
 void add_texts(std::vector<NamedText>& texts, const Records& records, const Member& member, AddressOrder order)
 {
     constexpr std::size_t many = 16;
@@ -138,7 +138,7 @@ void add_texts(std::vector<NamedText>& texts, const Records& records, const Memb
     }
     const std::size_t count = elements_in_use(record, member, data);
     for (std::size_t i = 0; i < count; ++i)
-        if (std::string text = element_text(record, member, data, i, order); text != "0")
+        if (std::string text = element_text(record, member, data, i, order); are_records || text != "0")
             texts.push_back({fmt::format("{}[{}]", member.name, i), std::move(text)});
 }
 
