@@ -224,8 +224,11 @@ void print_records(Output& output, const Records& records, const Manner& manner,
     const std::vector<std::size_t> rows = rows_to_show(records, manner);
     if (!is_json && records.are_a_list)
         return Table(records, members, rows, manner).print(output);
+    // One that does not fulfil the conditions is none.
+    if (!records.are_a_list && rows.empty())
+        return;
     if (!is_json)
-        return rows.empty() ? void() : print_members(output, records, members, manner);
+        return print_members(output, records, members, manner);
 
     JsonWriter json(output, layout_of(manner));
     if (records.are_a_list)

@@ -58,7 +58,8 @@ def answers_in(session, verbs):
         printed, failed, _ = printed.partition("[1]\n") if "[1]\n" in printed else printed.partition("[2]\n")
         operation = operation_of(words, verbs)
         is_one = "--json-pretty" in words or operation == "save"
-        for document in [printed] if is_one else printed.splitlines():
+        # Where a record is left out by a condition, there is nothing.
+        for document in [printed] if is_one and printed else printed.splitlines():
             answer = json.loads(document)
             # A difference is no error, and what was done before one is an answer, too.
             is_error = "error" in answer if operation == "batch" or operation in ABOUT_THE_STATE else failed
