@@ -32,7 +32,8 @@ void HostModule::call(const Call& call)
 
 Outcome carry_out(Module& module, const Plan& plan, const Value& document, AddressOrder order)
 {
-    const Scope scope {scope_of(document).instance, Statistics::LeftOut};
+    Scope scope = scope_of(document);
+    scope.statistics = Statistics::LeftOut;
     Outcome outcome;
     std::vector<Call> calls = plan.calls;
     for (unsigned round = 0; round < rounds && !calls.empty(); ++round) {
@@ -52,9 +53,8 @@ Outcome carry_out(Module& module, const Plan& plan, const Value& document, Addre
     return outcome;
 }
 
-std::vector<Path> roll_back(Module& module, const Value& before, AddressOrder order)
+std::vector<Path> roll_back(Module& module, const Value& before, const Scope& scope, AddressOrder order)
 {
-    const Scope scope = scope_of(before);
     for (unsigned round = 0; round < rounds; ++round) {
         const std::vector<Call> calls = plan_of(module.read(scope), before, order).calls;
         if (calls.empty())

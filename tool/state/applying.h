@@ -50,7 +50,8 @@ struct Outcome
 // read.
 Outcome carry_out(Module& module, const Plan& plan, const Value& document, AddressOrder order);
 
-// As far as it goes: what fails does not keep the rest from being done. What of the settings is left to be undone.
-std::vector<Path> roll_back(Module& module, const Value& before, AddressOrder order);
+// Back to what was read before. As far as it goes: what fails does not keep the rest from being done. What of the settings
+// is left to be undone.
+std::vector<Path> roll_back(Module& module, const Value& before, const Scope& scope, AddressOrder order);
 
 } // namespace tool

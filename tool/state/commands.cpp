@@ -220,7 +220,8 @@ int apply(std::span<const std::string> words, const StateOptions& options, const
     demand_words(words, 1, 1, "FILE");
     const Value document = without_statistics(read_document(words[1]));
     HostModule module(manner.order);
-    const Value before = module.read({scope_of(document).instance, Statistics::LeftOut});
+    const Scope scope = scope_of(document);
+    const Value before = module.read(scope);
     const Plan plan = plan_of(before, document, manner.order);
     if (options.dry_run) {
         show_dry(output, plan, before, document, manner);
@@ -239,7 +240,7 @@ int apply(std::span<const std::string> words, const StateOptions& options, const
     }
     if (!options.rollback)
         end_in_failure(output, outcome, nullptr, manner);
-    const std::vector<Path> left = roll_back(module, before, manner.order);
+    const std::vector<Path> left = roll_back(module, before, scope, manner.order);
     end_in_failure(output, outcome, &left, manner);
 }
 

@@ -13,6 +13,7 @@
 #include <optional>
 #include <set>
 #include <span>
+#include <utility>
 
 namespace tool {
 namespace {
@@ -53,6 +54,13 @@ Value value_of(const Record& record, const Member& member, const std::byte* data
     for (std::size_t i = 0; i < count; ++i)
         list.elements.push_back(scalar(place, i, order));
     return list;
+}
+
+constexpr std::string_view networks_of_entries = "GetBridgeNetworks";
+
+Texts network_of(std::string_view bridge, std::string_view selector1, std::string_view selector2)
+{
+    return {{"key", std::string(bridge)}, {"value16", std::string(selector1)}, {"value32", std::string(selector2)}};
 }
 
 // The network of an address.
@@ -193,10 +201,23 @@ private:
             for (std::size_t i = 0; i < found.count; ++i)
                 asked.insert(with(level, texts, *found.record, found[i]));
         }
-        // Networks that nobody reports may have entries.
-        if (asked.empty() || level.each == "GetBridgeNetworks")
+        if (asked.empty() && level.each != networks_of_entries)
             asked.insert(texts);
+        if (level.each == networks_of_entries)
+            ask_of_unlisted_networks(texts, asked);
         return asked;
+    }
+
+    // They may have entries, too.
+    void ask_of_unlisted_networks(const Texts& bridge, std::set<Texts>& asked) const
+    {
+        std::set<Texts> networks = _scope.networks;
+        networks.insert(network_of(bridge.at("key"), "0", "0"));
+        for (Texts network : networks)
+            if (network.at("key") == bridge.at("key")) {
+                network.insert(bridge.begin(), bridge.end());
+                asked.insert(std::move(network));
+            }
     }
 
     Texts with(const Level& level, Texts texts, const Record& record, const std::byte* data) const
@@ -295,7 +316,16 @@ private:
 Scope scope_of(const Value& document)
 {
     const Value* const instance = document.find("instance");
-    return {instance ? instance->text : "", document.find("statistics") ? Statistics::Included : Statistics::LeftOut};
+    Scope scope {
+        instance ? instance->text : "", document.find("statistics") ? Statistics::Included : Statistics::LeftOut};
+    if (const Value* const bridges = document.find("bridges"))
+        for (const auto& [name, bridge] : bridges->members)
+            if (const Value* const entries = bridge.find("fdb"))
+                for (const auto& [key, entry] : entries->members) {
+                    const std::vector<std::string_view> parts = split(key, ' ');
+                    scope.networks.insert(network_of(name, parts[0], parts[1]));
+                }
+    return scope;
 }
 
 Value read_state(const Scope& scope, AddressOrder order)

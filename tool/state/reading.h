@@ -2,8 +2,10 @@
 #pragma once
 
 #include "tool/state/document.h"
+#include "tool/state/texts.h"
 #include "tool/values.h"
 
+#include <set>
 #include <string>
 #include <string_view>
 
@@ -22,12 +24,14 @@ struct Scope
 {
     std::string instance; // only this one; empty: the whole host
     Statistics statistics = Statistics::LeftOut;
+    // Of bridges, as GetBridgeFdbEntries is given them: they are read even if the bridge does not list them.
+    std::set<Texts> networks = {};
 };
 
 // Throws Failure.
 Value read_state(const Scope& scope, AddressOrder order);
 
-// What a document is about.
+// What a document is about. The networks are those whose forwarding entries it has.
 Scope scope_of(const Value& document);
 
 } // namespace tool

@@ -387,7 +387,7 @@ TEST(worlds, are_rolled_back)
         const Outcome outcome = carry_out(module, plan, wanted, order);
         ASSERT_TRUE(outcome.why_not);
         ASSERT_EQ(outcome.done.size() + outcome.not_done.size(), plan.calls.size());
-        ASSERT_THAT(roll_back(module, before, order), IsEmpty());
+        ASSERT_THAT(roll_back(module, before, {}, order), IsEmpty());
         ASSERT_EQ(differences_but_of_uuids(before, state()), "");
     }
 }
@@ -403,7 +403,7 @@ TEST(worlds, say_what_is_left_where_rolling_back_fails)
     Failing module(static_cast<unsigned>(plan.calls.size()));
     module.stays = true;
     ASSERT_TRUE(carry_out(module, plan, wanted, order).why_not);
-    EXPECT_THAT(roll_back(module, before, order), Not(IsEmpty()));
+    EXPECT_THAT(roll_back(module, before, {}, order), Not(IsEmpty()));
 }
 
 } // namespace
