@@ -11,6 +11,7 @@
 #include "tool/state/reading.h"
 
 #include <algorithm>
+#include <cctype>
 #include <cerrno>
 #include <cstdlib>
 #include <iostream>
@@ -175,6 +176,7 @@ bool is_agreed_to(Output& output, std::size_t calls)
     output.flush();
     std::string answer;
     std::getline(std::cin, answer);
+    std::ranges::transform(answer, answer.begin(), [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
     return answer == "y" || answer == "yes";
 }
 
