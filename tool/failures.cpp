@@ -57,8 +57,24 @@ std::string_view advice(int error)
         return "the reply of the module is malformed: do its version and that of the library fit?";
     case ENOTTY:
         return "the module does not know this command: do its version and that of the library fit?";
+    case ESRCH:
+        return "there is no such entry: the list shows those that there are";
+    case EADDRNOTAVAIL:
+        return "the LIF has not this address with this mask or prefix length: lif show tells what it has";
+    case ENETDOWN:
+        return "the LIF is disabled: lif set INSTANCE LIF up enables it";
+    case ENETUNREACH:
+        return "no route leads there, or the gateway is on no network of a LIF that is enabled";
+    case ENOSPC:
+        return "the module has as many as it can have";
+    case ENOBUFS:
+        return "the reply is larger than the room that there is for it";
+    case ENOMEM:
+        return "there is too little memory here or in the module; a read of IPv6 routes says so whatever fails";
+    case EMFILE:
+        return "ulimit -n says how many";
     default:
-        return {};
+        return "the log of the kernel may say why";
     }
 }
 
@@ -67,6 +83,10 @@ std::string_view advice(int error)
 std::optional<int> error_of_call(
     const std::function<std::string()>& attempt, std::string_view operation, std::function<int()> function)
 {
+    if (!can_make_calls())
+        throw NoAnswer(
+            fmt::format("{}: not tried, as {} calls that were given up still hang", attempt(), calls_given_up()),
+            std::string(operation), ETIMEDOUT, "the module hangs");
     const std::optional<Called> called = make_call(std::move(function));
     if (!called)
         throw NoAnswer(fmt::format("{}: no answer within {} seconds", attempt(), Patience::time().count()),

@@ -21,7 +21,6 @@ using Clock = std::chrono::steady_clock;
 constexpr std::chrono::duration<double> longest {1e9};
 // A signal that ends a watch does not wake who waits for an answer.
 constexpr std::chrono::milliseconds look {20};
-// Each has a thread.
 constexpr unsigned most_given_up = 16;
 
 std::optional<std::chrono::duration<double>> time_for_a_call;
@@ -84,11 +83,16 @@ std::chrono::duration<double> Patience::time()
     return time_for_a_call.value_or(longest);
 }
 
+bool can_make_calls()
+{
+    return given_up < most_given_up;
+}
+
 std::optional<Called> make_call(std::function<int()> call)
 {
     if (!time_for_a_call && !Waiting::is_there())
         return call_here(call);
-    if (given_up == most_given_up)
+    if (!can_make_calls())
         return std::nullopt;
     const auto attempt = std::make_shared<Attempt>(std::move(call));
     const auto end = Clock::now() + std::chrono::duration_cast<Clock::duration>(Patience::time());

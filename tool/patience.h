@@ -25,7 +25,10 @@ struct Called
     int error; // errno
 };
 
-// What the call returns. Nothing if it is given up, for want of patience or because what waits for it is ended: it goes on
+// Whether there are few enough calls that were given up and still go on: each has a thread.
+bool can_make_calls();
+
+// What the call returns. Nothing if it cannot be made, or is given up, for want of patience or because what waits for it is ended: it goes on
 // by itself then, hence owns what it uses.
 std::optional<Called> make_call(std::function<int()> call);
 

@@ -21,13 +21,16 @@ TOO_SHORT = "Bad message (EBADMSG): the reply of the module is malformed: do its
 
 # What every verb says where the module refuses its commands.
 REFUSALS = {
-    "EIO": "Input/output error (EIO)",
+    "EIO": "Input/output error (EIO): the log of the kernel may say why",
     "EBUSY": "Device or resource busy (EBUSY): something still uses it",
     "ENODEV": "No such device (ENODEV): the device of the module is not there: is the module loaded on this host?",
 }
 
 # The library has but one errno for whatever goes wrong with it.
-OUT_OF_MEMORY = "Cannot allocate memory (ENOMEM)"
+OUT_OF_MEMORY = (
+    "Cannot allocate memory (ENOMEM): there is too little memory here or in the module; a read of IPv6 routes says so"
+    " whatever fails"
+)
 ALWAYS_ENOMEM = {"GetRoutesv6"}
 
 # The library sends no list of DHCP servers.
