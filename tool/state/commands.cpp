@@ -253,11 +253,7 @@ int graph(std::span<const std::string> words, const StateOptions& options, const
     const Value state = read_state(scope, manner.order);
     refuse_missing(state, scope, "graph " + scope.instance);
     const std::string text = graph_of(state);
-    if (options.svg) {
-        draw(text);
-        return EXIT_SUCCESS;
-    }
-    output.write(text);
+    output.write(options.svg ? drawn(text) : text);
     output.flush();
     return EXIT_SUCCESS;
 }

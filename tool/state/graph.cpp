@@ -14,6 +14,7 @@
 #include <map>
 #include <spawn.h>
 #include <sys/mman.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <utility>
@@ -340,6 +341,20 @@ private:
     std::map<std::string, std::string> _ports;
 };
 
+struct Descriptor
+{
+    explicit Descriptor(int descriptor) : number(descriptor) {}
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+    ~Descriptor()
+    {
+        if (number >= 0)
+            close(number);
+    }
+
+    int number;
+};
+
 [[noreturn]] void fail_to_draw(int error)
 {
     if (error == ENOENT)
@@ -354,28 +369,36 @@ std::string graph_of(const Value& state)
     return Graph().of(state);
 }
 
-void draw(const std::string& graph)
+std::string drawn(const std::string& graph)
 {
-    const int file = memfd_create("graph", MFD_CLOEXEC);
-    if (file < 0 || write(file, graph.data(), graph.size()) != static_cast<ssize_t>(graph.size()) ||
-        lseek(file, 0, SEEK_SET) != 0)
+    const Descriptor text(memfd_create("graph", MFD_CLOEXEC));
+    const Descriptor picture(memfd_create("picture", MFD_CLOEXEC));
+    if (text.number < 0 || picture.number < 0 ||
+        write(text.number, graph.data(), graph.size()) != static_cast<ssize_t>(graph.size()) ||
+        lseek(text.number, 0, SEEK_SET) != 0)
         fail_to_draw(errno);
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_adddup2(&actions, file, STDIN_FILENO);
+    posix_spawn_file_actions_adddup2(&actions, text.number, STDIN_FILENO);
+    posix_spawn_file_actions_adddup2(&actions, picture.number, STDOUT_FILENO);
     std::string words[] {"dot", "-Tsvg"};
     char* arguments[] {words[0].data(), words[1].data(), nullptr};
     pid_t dot = 0;
     const int error = posix_spawnp(&dot, arguments[0], &actions, nullptr, arguments, environ);
     posix_spawn_file_actions_destroy(&actions);
-    close(file);
     if (error != 0)
         fail_to_draw(error);
     int status = 0;
     while (waitpid(dot, &status, 0) < 0 && errno == EINTR)
         continue;
-    if (status != 0)
+    struct stat drawing
+    {};
+    if (status != 0 || fstat(picture.number, &drawing) != 0 || drawing.st_size == 0)
         throw Failure("dot did not draw it", "", 0, "");
+    std::string svg(static_cast<std::size_t>(drawing.st_size), '\0');
+    if (pread(picture.number, svg.data(), svg.size(), 0) != drawing.st_size)
+        fail_to_draw(errno);
+    return svg;
 }
 
 } // namespace tool

@@ -10,7 +10,7 @@ namespace tool {
 // In the language of dot(1), of a state with its statistics.
 std::string graph_of(const Value& state);
 
-// Has dot draw it as SVG on standard output. Throws Failure if there is none.
-void draw(const std::string& graph);
+// As SVG, which dot draws. Throws Failure if there is none.
+std::string drawn(const std::string& graph);
 
 } // namespace tool
