@@ -4,26 +4,16 @@
 #include "tool/lists.h"
 #include "tool/mistakes.h"
 #include "tool/names.h"
+#include "tool/own_verbs.h"
 #include "tool/pattern.h"
 #include "tool/records.h"
 #include "tool/words.h"
 
 #include <algorithm>
+#include <fmt/format.h>
 
 namespace tool {
 namespace {
-
-constexpr OwnVerb all_own_verbs[] {
-    {"call", "A function of the library, by its name"},
-    {"batch", "The command lines of a file"},
-    {"raw", "A command by its number"},
-    {"watch", "What changes, as it changes"},
-    {"metrics", "Statistics and numbers of objects for Prometheus"},
-    {"save", "The state as a whole, to a file"},
-    {"diff", "How the state differs from a file"},
-    {"apply", "Makes the state what a file says"},
-    {"graph", "Draws the state, or that of an instance"},
-};
 
 // The values that options take, where they are few.
 struct Values
@@ -47,18 +37,26 @@ public:
         for (const std::string& word : words.first(words.size() - 1)) {
             const bool is_value = !_pending.empty();
             _pending = {};
-            if (const OptionWords* const option = find(word))
+            if (_options_are_ended)
+                _words.push_back(word);
+            else if (const OptionWords* const option = find(word))
                 _pending = option->takes_value ? std::string_view(word) : std::string_view();
+            else if (word == "--")
+                _options_are_ended = true;
             else if (!is_value && !word.starts_with('-'))
                 _words.push_back(word);
         }
+        if (!_words.empty() && _words.front() == "help")
+            _words.erase(_words.begin());
+        if (const OwnVerb* const own = _words.empty() ? nullptr : find_own_verb(_words.front()))
+            _words.front() = own->name;
     }
 
     std::vector<Candidate> run()
     {
         if (!_pending.empty())
             complete_value(_pending);
-        else if (_current.starts_with('-'))
+        else if (_current.starts_with('-') && !_options_are_ended)
             complete_option();
         else if (_words.empty())
             complete_object();
@@ -68,7 +66,7 @@ public:
             complete_watch();
         else if (_words.front() == "graph" && _words.size() == 1)
             offer_names(Verb {}, "instance", {}, "");
-        else if (std::ranges::find(all_own_verbs, _words.front(), &OwnVerb::name) == std::end(all_own_verbs))
+        else if (!find_own_verb(_words.front()))
             complete_verb();
         return std::move(_candidates);
     }
@@ -123,18 +121,19 @@ private:
     {
         for (const Object& object : known_objects())
             offer(std::string(object.name), object.brief);
-        for (const OwnVerb& verb : all_own_verbs)
+        for (const OwnVerb& verb : own_verbs)
             offer(std::string(verb.name), verb.brief);
     }
 
     void complete_call()
     {
         if (_words.size() == 1) {
+            const std::string_view prefix = _current.starts_with(function_prefix) ? function_prefix : "";
             for (const Operation& operation : operations())
-                offer(std::string(operation.name), operation.brief);
+                offer(fmt::format("{}{}", prefix, operation.name), operation.brief);
             return;
         }
-        const Operation* const operation = find_operation(_words[1]);
+        const Operation* const operation = find_function(_words[1]);
         if (!operation)
             return;
         std::vector<Given> given;
@@ -232,17 +231,13 @@ private:
 
     std::span<const OptionWords> _options;
     const std::string& _current;
+    bool _options_are_ended = false;
     std::string_view _pending; // the option whose value is completed
     std::vector<std::string> _words;
     std::vector<Candidate> _candidates;
 };
 
 } // namespace
-
-std::span<const OwnVerb> own_verbs()
-{
-    return all_own_verbs;
-}
 
 std::vector<Candidate> candidates(std::span<const std::string> words, std::span<const OptionWords> options)
 {

@@ -15,16 +15,8 @@ struct OptionWords
     std::vector<std::string> names; // with their dashes
     std::string brief;
     bool takes_value = false;
+    std::string value; // what it is, in capitals
 };
-
-// A verb that is no object's.
-struct OwnVerb
-{
-    std::string_view name;
-    std::string_view brief;
-};
-
-std::span<const OwnVerb> own_verbs();
 
 struct Candidate
 {

@@ -27,4 +27,14 @@ const Operation* find_operation(std::string_view name)
     return nullptr;
 }
 
+std::string_view without_prefix(std::string_view function)
+{
+    return function.starts_with(function_prefix) ? function.substr(function_prefix.size()) : function;
+}
+
+const Operation* find_function(std::string_view name)
+{
+    return find_operation(without_prefix(name));
+}
+
 } // namespace tool

@@ -102,8 +102,13 @@ struct Operation
     int position(std::string_view parameter) const; // -1: none
 };
 
+inline constexpr std::string_view function_prefix = "LUMOZEPH_";
+
 std::span<const Operation> operations();
 const Operation* find_operation(std::string_view name);
+std::string_view without_prefix(std::string_view function);
+// The same, but that the name may have the prefix of the header.
+const Operation* find_function(std::string_view name);
 std::span<const Record* const> records();
 
 } // namespace tool

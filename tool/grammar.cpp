@@ -2,6 +2,7 @@
 
 #include "tool/mistakes.h"
 #include "tool/objects/objects.h"
+#include "tool/own_verbs.h"
 #include "tool/pattern.h"
 #include "tool/spelling.h"
 #include "tool/words.h"
@@ -141,17 +142,25 @@ std::vector<Step> several_of(std::span<const Verb* const> verbs, std::span<const
     return steps;
 }
 
+void refuse_unknown_word(const VerbPath& path, std::span<const std::string> words)
+{
+    if (path.is_whole() || path.length() == words.size())
+        return;
+    std::vector<std::string_view> known = path.next_words();
+    if (path.length() == 0)
+        std::ranges::transform(own_verbs, std::back_inserter(known), &OwnVerb::name);
+    const std::string& word = words[path.length()];
+    throw Misuse(fmt::format("unknown word '{}'{}", word, nearest(word, known)));
+}
+
 } // namespace
 
 std::vector<Step> understand(std::span<const std::string> words, bool prefer_ipv6)
 {
     const VerbPath path(words);
     if (!path.is_whole()) {
-        const std::vector<std::string_view> known = path.next_words();
-        if (path.length() < words.size())
-            throw Misuse(
-                fmt::format("unknown word '{}'{}", words[path.length()], nearest(words[path.length()], known)));
-        throw Misuse(fmt::format("a word is missing: one of {}", fmt::join(known, ", ")));
+        refuse_unknown_word(path, words);
+        throw Misuse(fmt::format("a word is missing: one of {}", fmt::join(path.next_words(), ", ")));
     }
     const auto rest = words.subspan(path.length());
     if (path.verbs().front()->joins)
@@ -159,10 +168,29 @@ std::vector<Step> understand(std::span<const std::string> words, bool prefer_ipv
     return {one_of(path.verbs(), rest, prefer_ipv6)};
 }
 
+std::vector<const Verb*> verbs_named_by(std::span<const std::string> words)
+{
+    const VerbPath path(words);
+    refuse_unknown_word(path, words);
+    return path.verbs();
+}
+
 std::vector<const Verb*> verbs_under(std::span<const std::string> words)
 {
     const VerbPath path(words);
     return path.length() == words.size() ? path.verbs() : std::vector<const Verb*> {};
+}
+
+const OwnVerb* find_own_verb(std::string_view word)
+{
+    const auto begins = [word](std::string_view name) { return name.starts_with(word); };
+    const auto exact = std::ranges::find(own_verbs, word, &OwnVerb::name);
+    if (exact != std::end(own_verbs))
+        return exact;
+    if (word.empty() || std::ranges::any_of(known_objects(), begins, &Object::name))
+        return nullptr;
+    const auto found = std::ranges::find_if(own_verbs, begins, &OwnVerb::name);
+    return found == std::end(own_verbs) ? nullptr : found;
 }
 
 std::span<const Object> known_objects()

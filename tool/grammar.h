@@ -52,6 +52,10 @@ struct Step
 // What the words of a command line mean. Throws Misuse.
 std::vector<Step> understand(std::span<const std::string> words, bool prefer_ipv6);
 
+// The verbs that these words name, whatever follows them: if not all words of a verb are there, those that begin with them.
+// Throws Misuse.
+std::vector<const Verb*> verbs_named_by(std::span<const std::string> words);
+
 // The verbs that begin with these words; none if there are none.
 std::vector<const Verb*> verbs_under(std::span<const std::string> words);
 

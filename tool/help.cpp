@@ -1,7 +1,7 @@
 #include "tool/help.h"
 
 #include "tool/grammar.h"
-#include "tool/mistakes.h"
+#include "tool/words.h"
 
 #include <algorithm>
 #include <fmt/format.h>
@@ -54,11 +54,27 @@ std::string help_of_function(const Operation& operation)
     return fmt::format("{}\n\n{}\n{}{}", usage, operation.brief, rows.empty() ? "" : "\n", two_columns(rows));
 }
 
+std::string help_of_own_verb(const OwnVerb& verb, std::span<const OptionWords> options)
+{
+    std::vector<std::pair<std::string, std::string_view>> rows;
+    for (const std::string_view name : split(verb.options, ' ')) {
+        const auto option = std::ranges::find_if(
+            options, [name](const OptionWords& one) { return std::ranges::find(one.names, name) != one.names.end(); });
+        // Whose it is goes without saying.
+        std::string_view brief = option->brief;
+        if (std::ranges::any_of(own_verbs, [brief](const OwnVerb& one) { return brief.starts_with(one.name); }))
+            brief.remove_prefix(brief.find(": ") + 2);
+        rows.emplace_back(fmt::format("{}{}{}", name, option->takes_value ? " " : "", option->value), brief);
+    }
+    return fmt::format("usage: lumozephctl {} {}{}\n\n{}.\n{}{}\nlumozephctl --help has the options that all take.\n"
+                       "An example: lumozephctl {}\n",
+        verb.name, verb.form, rows.empty() ? "" : " [OPTIONS]", verb.brief, rows.empty() ? "" : "\n", two_columns(rows),
+        verb.example);
+}
+
 std::string help_of_verbs(std::span<const std::string> words)
 {
-    const std::vector<const Verb*> verbs = verbs_under(words);
-    if (verbs.empty())
-        throw Misuse(fmt::format("there is no '{}'", fmt::join(words, " ")));
+    const std::vector<const Verb*> verbs = verbs_named_by(words);
     std::vector<std::pair<std::string, std::string_view>> rows;
     rows.reserve(verbs.size());
     for (const Verb* const verb : verbs)

@@ -11,6 +11,7 @@
 #include "tool/metrics.h"
 #include "tool/mistakes.h"
 #include "tool/output.h"
+#include "tool/own_verbs.h"
 #include "tool/patience.h"
 #include "tool/printer.h"
 #include "tool/rates.h"
@@ -18,12 +19,16 @@
 #include "tool/spelling.h"
 #include "tool/state/commands.h"
 #include "tool/watch.h"
+#include "tool/words.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
+#include <cctype>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <fmt/format.h>
+#include <iterator>
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
@@ -45,15 +50,20 @@ struct CommandLine
     WatchTerms terms;
     std::string interval;
     std::string duration;
+    std::string timeout;
     bool prefer_ipv6 = false;
     bool wants_help = false;
+    bool wants_version = false;
     bool dry_run = false;
     bool keep_going = false;
     bool rates = false;
     bool openmetrics = false;
-    double timeout = 0;
-    std::string place;           // in a batch; empty: typed
-    std::string help_of_options; // if help is wanted
+    std::string place;                      // in a batch; empty: typed
+    std::vector<std::string> options_given; // that not all verbs take
+    std::string unknown_option;
+    // If help is wanted.
+    std::string help_of_options;
+    std::vector<OptionWords> known_options;
 };
 
 std::size_t columns_of_terminal()
@@ -93,12 +103,12 @@ std::string complaint(const CommandLine& line, std::string_view message, std::st
 
 const Operation& function_named(const std::string& name)
 {
-    if (const Operation* const operation = find_operation(name))
+    if (const Operation* const operation = find_function(name))
         return *operation;
     std::vector<std::string_view> names;
     for (const Operation& operation : operations())
         names.push_back(operation.name);
-    throw Misuse(fmt::format("unknown function '{}'{}", name, nearest(name, names)));
+    throw Misuse(fmt::format("unknown function '{}'{}", name, nearest(without_prefix(name), names)));
 }
 
 Step call_of(std::span<const std::string> words)
@@ -132,15 +142,13 @@ struct Formatter : CLI::Formatter
 
 std::string help(const CommandLine& line, std::span<const std::string> words)
 {
-    if (!words.empty() && is_state_command(words.front()))
-        return help_of_state_commands();
-    const auto own = own_verbs();
-    const bool is_own =
-        !words.empty() && std::ranges::find(own, words.front(), &OwnVerb::name) != own.end() && words.front() != "call";
-    if (words.empty() || is_own)
+    if (words.empty())
         return line.help_of_options + "\n" + help_of_state_commands() + "\n" + help_of_objects();
-    if (words.front() != "call")
+    const OwnVerb* const own = find_own_verb(words.front());
+    if (!own)
         return help_of_verbs(words);
+    if (own->name != "call")
+        return help_of_own_verb(*own, line.known_options);
     return words.size() == 1 ? help_of_functions() : help_of_function(function_named(words[1]));
 }
 
@@ -153,24 +161,34 @@ const std::string& only_word(std::span<const std::string> words, std::string_vie
     return words[1];
 }
 
-void refuse_what_is_of_others(const CommandLine& line, std::string_view verb)
+bool takes(std::string_view options, std::string_view option)
 {
-    if (line.keep_going && verb != "batch")
-        throw Misuse("--keep-going belongs to batch");
-    if ((line.openmetrics || !line.metrics.file.empty() || !line.metrics.state.empty()) && verb != "metrics")
-        throw Misuse("--output, --openmetrics and --state belong to metrics");
-    if ((line.terms.count > 0 || line.terms.timestamps || !line.duration.empty()) && verb != "watch")
-        throw Misuse("--count, --duration and --timestamps belong to watch");
-    if (!line.interval.empty() && verb != "watch" && !line.rates)
+    const std::vector<std::string_view> all = split(options, ' ');
+    return std::ranges::find(all, option) != all.end();
+}
+
+// An option that would say nothing.
+void refuse_options_of_others(const CommandLine& line, const std::string& word)
+{
+    const OwnVerb* const own = find_own_verb(word);
+    for (const std::string& option : line.options_given) {
+        if (takes(own ? own->options : options_of_objects, option))
+            continue;
+        const auto owner =
+            std::ranges::find_if(own_verbs, [&](const OwnVerb& one) { return takes(one.options, option); });
+        if (takes(options_of_objects, option))
+            throw Misuse(fmt::format("{} takes no {}", word, option));
+        throw Misuse(fmt::format("{} belongs to {}", option, owner->name));
+    }
+    if (!line.interval.empty() && !line.rates && word != "watch")
         throw Misuse("--interval belongs to watch and to --rates");
-    if ((!line.raw.request_file.empty() || line.raw.reply_size > 0) && verb != "raw")
-        throw Misuse("--request and --reply-size belong to raw");
-    if ((!line.state.instance.empty() || line.state.statistics) && verb != "save")
-        throw Misuse("--instance and --statistics belong to save");
-    if ((line.state.yes || line.state.rollback) && verb != "apply")
-        throw Misuse("--yes and --rollback belong to apply");
-    if (line.state.svg && verb != "graph")
-        throw Misuse("--svg belongs to graph");
+}
+
+// Not even with the help: what was mistyped may be what was wanted.
+void refuse_unknown_option(const CommandLine& line)
+{
+    if (!line.unknown_option.empty())
+        throw Misuse(line.unknown_option);
 }
 
 WatchTerms terms_of(const CommandLine& line)
@@ -190,11 +208,13 @@ void run(const CommandLine& line, Output& output)
         output.write(help(line, words));
         return output.flush();
     }
+    if (line.wants_version) {
+        output.write(LUMOZEPH_VERSION "\n");
+        return output.flush();
+    }
     if (words.empty())
         throw Misuse("nothing to do; lumozephctl --help says what there is");
-    if (words.front().starts_with('-'))
-        throw Misuse(fmt::format("unknown option '{}'; lumozephctl --help says what there is", words.front()));
-    refuse_what_is_of_others(line, words.front());
+    refuse_options_of_others(line, words.front());
     if (words.front() == "batch")
         throw Misuse("a batch within a batch");
     if (words.front() == "raw") {
@@ -202,14 +222,11 @@ void run(const CommandLine& line, Output& output)
         command.number = only_word(words, "the number of a command");
         return issue(command, line.dry_run ? Sending::OnlyShown : Sending::Done, line.manner, output);
     }
-    if (words.front() == "watch") {
-        if (line.dry_run || line.rates)
-            throw Misuse("watch takes neither --dry-run nor --rates");
+    if (words.front() == "watch")
         return watch(words.subspan(1), terms_of(line), line.manner, output);
-    }
     if (words.front() == "metrics") {
-        if (line.dry_run || line.rates || line.manner.style != Style::Text)
-            throw Misuse("metrics has a format of its own, and takes neither --dry-run nor --rates");
+        if (line.manner.style != Style::Text)
+            throw Misuse("metrics has formats of its own, and JSON is none of them");
         MetricsTerms terms = line.metrics;
         terms.exposition = line.openmetrics ? Exposition::OpenMetrics : Exposition::PrometheusText;
         return export_metrics(words.subspan(1), terms, line.manner.order, output);
@@ -226,15 +243,12 @@ void run(const CommandLine& line, Output& output)
 
 bool is_about_state(const CommandLine& line)
 {
-    return !line.wants_help && !line.words.empty() && is_state_command(line.words.front());
+    return !line.wants_help && !line.wants_version && !line.words.empty() && is_state_command(line.words.front());
 }
 
 int run_about_state(const CommandLine& line, Output& output)
 {
-    const std::string& verb = line.words.front();
-    refuse_what_is_of_others(line, verb);
-    if (line.rates || (line.dry_run && verb != "apply"))
-        throw Misuse(fmt::format("{} takes no {}", verb, line.rates ? "--rates" : "--dry-run"));
+    refuse_options_of_others(line, line.words.front());
     StateOptions options = line.state;
     options.dry_run = line.dry_run;
     return run_state_command(line.words, options, line.manner, output);
@@ -273,15 +287,49 @@ int attempt(const CommandLine& line, Action action)
 int run_safely(const CommandLine& line)
 {
     return attempt(line, [&] {
+        refuse_unknown_option(line);
         Output output;
         std::optional<Patience> patience;
-        if (line.timeout > 0)
-            patience.emplace(std::chrono::duration<double>(line.timeout));
+        if (!line.timeout.empty())
+            patience.emplace(parse_time(line.timeout));
         if (is_about_state(line))
             return run_about_state(line, output);
         run(line, output);
         return EXIT_SUCCESS;
     });
+}
+
+// What is wrong with the value of an option; nothing if it is right.
+std::string wrong_time(const std::string& text)
+{
+    try {
+        parse_time(text);
+        return {};
+    } catch (const Misuse& misuse) {
+        return misuse.what();
+    }
+}
+
+std::string wrong_number(const std::string& text, std::uint64_t least, std::size_t size)
+{
+    try {
+        if (parse_number(text, size) >= least)
+            return {};
+    } catch (const Misuse& misuse) {
+        if (least == 0)
+            return misuse.what();
+    }
+    return fmt::format("'{}' is not a number of at least {}", text, least);
+}
+
+std::string wrong_count(const std::string& text)
+{
+    return wrong_number(text, 1, sizeof(std::size_t));
+}
+
+std::string wrong_size(const std::string& text)
+{
+    return wrong_number(text, 0, sizeof(std::uint32_t));
 }
 
 // Takes a command line apart. What it does not say is as in the one that it is given.
@@ -292,40 +340,53 @@ public:
     {
         Manner& manner = _line.manner;
         _app.set_help_flag();
-        _app.set_version_flag("--version", LUMOZEPH_VERSION, "the version");
         const auto formatter = std::make_shared<Formatter>();
         formatter->column_width(34);
         _app.formatter(formatter);
         _app.allow_extras();
-        _app.add_flag("-h,--help", _line.wants_help, "this help, or that of an object or a function");
+        _app.add_flag("--version", _line.wants_version, "the version");
+        _app.add_flag("-h,--help", _line.wants_help, "this help, or that of an object, a verb or a function");
         _app.add_flag("-j,--json", _json, "JSON, with the field names of lumozeph.h");
         _app.add_flag("--json-pretty", _indented_json, "the same, indented");
         _app.add_option(
                 "-o", _output_form, "wide: all fields, whatever the width of the terminal; raw: bytes as they are")
             ->check(CLI::IsMember({"wide", "raw"}));
-        _app.add_option("--fields", manner.fields, "only these fields, with commas between them");
+        _app.add_option("--fields", manner.fields, "only these fields, with commas between them")->type_name("NAMES");
         _app.add_option("--filter", manner.filters, "only what fulfils FIELD==VALUE, or !=, <, <=, >, >=, ~ (contains)")
+            ->type_name("CONDITION")
             ->allow_extra_args(false);
         _app.add_option(
                 "--address-order", _address_order, "how the module keeps IPv4 addresses: network (default) or host")
             ->check(CLI::IsMember({"network", "host"}));
         _app.add_flag("-6", _line.prefer_ipv6, "IPv6, where the words do not say it");
-        _app.add_option("--timeout", _line.timeout, "seconds after which a call that hangs is given up")
-            ->check(CLI::PositiveNumber);
+        _app.add_option(
+                "--timeout", _line.timeout, "the time after which a call that hangs is given up: 5 (seconds), 500ms")
+            ->type_name("TIME")
+            ->check(wrong_time);
         _app.add_flag("--dry-run", _line.dry_run, "show what would be sent, and send nothing");
         _app.add_flag("--keep-going", _line.keep_going, "batch: go on after a command that failed");
         _app.add_flag("--rates", _line.rates, "of statistics: read twice, and show how much they count a second");
-        _app.add_option(
-            "--interval", _line.interval, "watch, --rates: the time between reads: 1s (default), 500ms, 2m");
-        _app.add_option("--count", _line.terms.count, "watch: end after so many events")->check(CLI::PositiveNumber);
-        _app.add_option("--duration", _line.duration, "watch: end after this time");
+        _app.add_option("--interval", _line.interval, "watch, --rates: the time between reads: 1s (default), 500ms, 2m")
+            ->type_name("TIME")
+            ->check(wrong_time);
+        _app.add_option("--count", _line.terms.count, "watch: end after so many events")
+            ->type_name("NUMBER")
+            ->check(wrong_count);
+        _app.add_option("--duration", _line.duration, "watch: end after this time")
+            ->type_name("TIME")
+            ->check(wrong_time);
         _app.add_flag("--timestamps", _line.terms.timestamps, "watch: say when each event was seen");
-        _app.add_option("--output", _line.metrics.file, "metrics: the file that is replaced by them");
-        _app.add_option("--state", _line.metrics.state, "metrics: a file; how much is not as it says is counted");
+        _app.add_option("--output", _line.metrics.file, "metrics: the file that is replaced by them")
+            ->type_name("FILE");
+        _app.add_option("--state", _line.metrics.state, "metrics: a file; how much is not as it says is counted")
+            ->type_name("FILE");
         _app.add_flag("--openmetrics", _line.openmetrics, "metrics: in the format of OpenMetrics");
-        _app.add_option("--request", _line.raw.request_file, "raw: the file that has the command's input");
-        _app.add_option("--reply-size", _line.raw.reply_size, "raw: the room for its reply in bytes");
-        _app.add_option("--instance", _line.state.instance, "save: only this instance");
+        _app.add_option("--request", _line.raw.request_file, "raw: the file that has the command's input")
+            ->type_name("FILE");
+        _app.add_option("--reply-size", _line.raw.reply_size, "raw: the room for its reply in bytes")
+            ->type_name("NUMBER")
+            ->check(wrong_size);
+        _app.add_option("--instance", _line.state.instance, "save: only this instance")->type_name("INSTANCE");
         _app.add_flag("--statistics", _line.state.statistics, "save: with counters and states of sessions");
         _app.add_flag("--yes", _line.state.yes, "apply: without asking");
         _app.add_flag("--rollback", _line.state.rollback, "apply: undo it if it fails");
@@ -335,10 +396,17 @@ public:
     // Throws CLI::ParseError.
     CommandLine parse(std::vector<std::string> arguments)
     {
-        std::ranges::reverse(arguments);
-        _app.parse(arguments);
+        // Behind it, all are words.
+        const auto end_of_options = std::ranges::find(arguments, "--");
+        std::vector<std::string> front(std::make_reverse_iterator(end_of_options), arguments.rend());
+        _app.parse(front);
         Manner& manner = _line.manner;
         _line.words = _app.remaining();
+        note_unknown_option();
+        note_options_given();
+        if (end_of_options != arguments.end())
+            _line.words.insert(_line.words.end(), end_of_options + 1, arguments.end());
+        note_own_verb();
         if (_json || _indented_json)
             manner.style = _indented_json ? Style::IndentedJson : Style::Json;
         if (!_output_form.empty()) {
@@ -347,8 +415,10 @@ public:
         }
         if (!_address_order.empty())
             manner.order = _address_order == "host" ? AddressOrder::Host : AddressOrder::Network;
-        if (_line.wants_help)
+        if (_line.wants_help) {
             _line.help_of_options = _app.help();
+            _line.known_options = options();
+        }
         return std::move(_line);
     }
 
@@ -356,7 +426,7 @@ public:
     {
         std::vector<OptionWords> all;
         for (const CLI::Option* const option : _app.get_options()) {
-            OptionWords words {{}, option->get_description(), option->get_expected_max() > 0};
+            OptionWords words {{}, option->get_description(), option->get_expected_max() > 0, option->get_type_name()};
             for (const std::string& name : option->get_snames())
                 words.names.push_back("-" + name);
             for (const std::string& name : option->get_lnames())
@@ -366,9 +436,55 @@ public:
         return all;
     }
 
-    int exit(const CLI::ParseError& error) { return _app.exit(error); }
+    // Of a line that makes no sense, too.
+    Style style() const
+    {
+        const bool is_json = _app.count("--json") + _app.count("--json-pretty") > 0;
+        return is_json ? Style::Json : _line.manner.style;
+    }
 
 private:
+    void note_unknown_option()
+    {
+        const auto is_option = [](const std::string& word) {
+            return word.size() > 1 && word[0] == '-' && std::isdigit(static_cast<unsigned char>(word[1])) == 0;
+        };
+        const auto unknown = std::ranges::find_if(_line.words, is_option);
+        if (unknown == _line.words.end())
+            return;
+        const std::vector<OptionWords> all = options();
+        std::vector<std::string_view> names;
+        for (const OptionWords& option : all)
+            names.insert(names.end(), option.names.begin(), option.names.end());
+        const std::string name = unknown->substr(0, unknown->find('='));
+        const std::string meant = name.starts_with("--") ? nearest(name, names) : "";
+        _line.unknown_option = fmt::format("unknown option '{}'{}", name,
+            meant.empty() ? "; lumozephctl --help lists them, and -- comes before names that begin so" : meant);
+    }
+
+    void note_options_given()
+    {
+        for (const CLI::Option* const option : _app.get_options())
+            if (const std::string name = option->get_single_name(); option->count() > 0 && belongs_to_some("--" + name))
+                _line.options_given.push_back("--" + name);
+    }
+
+    static bool belongs_to_some(const std::string& option)
+    {
+        return std::ranges::any_of(own_verbs, [&](const OwnVerb& verb) { return takes(verb.options, option); });
+    }
+
+    void note_own_verb()
+    {
+        std::vector<std::string>& words = _line.words;
+        if (!words.empty() && words.front() == "help") {
+            words.erase(words.begin());
+            _line.wants_help = true;
+        }
+        if (const OwnVerb* const own = words.empty() ? nullptr : find_own_verb(words.front()))
+            words.front() = own->name;
+    }
+
     CLI::App _app {"Shows and changes the state of the host's router and bridge.", "lumozephctl"};
     CommandLine _line;
     bool _json = false;
@@ -385,9 +501,9 @@ int take_apart(const CommandLine& general, std::vector<std::string> arguments, A
     try {
         line = parser.parse(std::move(arguments));
     } catch (const CLI::ParseError& error) {
-        if (error.get_exit_code() == 0)
-            return parser.exit(error);
-        complain(complaint(general, error.what()));
+        line = general;
+        line.manner.style = parser.style();
+        complain(complaint(line, error.what()));
         return misused;
     }
     return action(line);
@@ -396,10 +512,11 @@ int take_apart(const CommandLine& general, std::vector<std::string> arguments, A
 // Its options hold for all of its lines.
 int run_batch(const CommandLine& line)
 {
-    refuse_what_is_of_others(line, "batch");
+    refuse_unknown_option(line);
+    refuse_options_of_others(line, "batch");
     CommandLine general = line;
     general.words.clear();
-    general.keep_going = false;
+    std::erase(general.options_given, "--keep-going");
     Batch batch(only_word(line.words, "a file"));
     int status = EXIT_SUCCESS;
     while ((status == EXIT_SUCCESS || line.keep_going) && batch.advance()) {
@@ -416,7 +533,8 @@ int run_batch(const CommandLine& line)
 
 int run_any(const CommandLine& line)
 {
-    const bool is_batch = !line.wants_help && !line.words.empty() && line.words.front() == "batch";
+    const bool is_batch =
+        !line.wants_help && !line.wants_version && !line.words.empty() && line.words.front() == "batch";
     return is_batch ? attempt(line, [&] { return run_batch(line); }) : run_safely(line);
 }
 

@@ -95,14 +95,15 @@ std::string parse_bytes(std::string_view text, std::size_t size)
 
 std::chrono::duration<double> parse_time(std::string_view text)
 {
-    constexpr std::pair<std::string_view, double> units[] {{"ms", 0.001}, {"s", 1}, {"", 1}, {"m", 60}, {"h", 3600}};
+    constexpr std::pair<std::string_view, double> known_units[] {
+        {"ms", 0.001}, {"s", 1}, {"", 1}, {"m", 60}, {"h", 3600}};
     constexpr double longest = 1e9;
     double number = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number, std::chars_format::fixed);
     const std::string_view unit(end, static_cast<std::size_t>(text.data() + text.size() - end));
-    const auto* const known = std::ranges::find(units, unit, &std::pair<std::string_view, double>::first);
-    if (error != std::errc() || known == std::end(units) || !(number > 0) || number * known->second > longest)
-        throw Misuse(fmt::format("'{}' is not a time, as 1s, 500ms or 2m", text));
+    const auto* const known = std::ranges::find(known_units, unit, &std::pair<std::string_view, double>::first);
+    if (error != std::errc() || known == std::end(known_units) || !(number > 0) || number * known->second > longest)
+        throw Misuse(fmt::format("'{}' is not a time of more than 0, as 1s, 500ms or 2m", text));
     return std::chrono::duration<double>(number * known->second);
 }
 

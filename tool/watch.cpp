@@ -411,8 +411,6 @@ void watch(std::span<const std::string> words, const WatchTerms& terms, const Ma
 {
     if (words.empty())
         throw Misuse("which objects? lumozephctl --help lists them");
-    if (!manner.fields.empty() || !manner.filters.empty())
-        throw Misuse("watch shows whole records: it takes neither --fields nor --filter");
     std::vector<WatchedVerb> verbs = watched(words);
     const auto interval = std::chrono::duration_cast<Clock::duration>(terms.interval);
     const auto begin = Clock::now();

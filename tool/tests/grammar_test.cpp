@@ -3,6 +3,7 @@
 
 #include "tool/layouts.h"
 #include "tool/mistakes.h"
+#include "tool/own_verbs.h"
 #include "tool/pattern.h"
 #include "tool/tests/samples.h"
 #include "tool/words.h"
@@ -177,8 +178,43 @@ TEST(Understanding, ImpliesWhatTheWordsSay)
     EXPECT_THAT(only({"cluster", "delete", "c1"}).given, ElementsAre(Given {"key", "c1"}, Given {"on", "0"}));
 }
 
+TEST(Understanding, TakesWordsOfTheToolForThoseThatNoObjectHas)
+{
+    const auto meant = [](std::string_view word) {
+        const OwnVerb* const own = find_own_verb(word);
+        return own ? own->name : "none";
+    };
+    for (const OwnVerb& own : own_verbs)
+        EXPECT_EQ(meant(own.name), own.name);
+    EXPECT_EQ(meant("w"), "watch");
+    EXPECT_EQ(meant("me"), "metrics");
+    EXPECT_EQ(meant("ca"), "call");
+    for (const char* const word : {"m", "r", "s", "", "watched", "xyzzy"})
+        EXPECT_EQ(meant(word), "none") << word;
+}
+
+TEST(Understanding, TakesFunctionsWithTheirPrefix)
+{
+    EXPECT_EQ(find_function("LUMOZEPH_SetRoute"), find_operation("SetRoute"));
+    EXPECT_EQ(find_function("SetRoute"), find_operation("SetRoute"));
+    EXPECT_EQ(find_function("lumozeph_SetRoute"), nullptr);
+    EXPECT_EQ(find_function("LUMOZEPH_"), nullptr);
+}
+
+TEST(Understanding, NamesVerbsWhateverFollows)
+{
+    EXPECT_THAT(verbs_named_by(words({"lif", "show", "blue", "eth0", "more"})), SizeIs(1));
+    EXPECT_EQ(verbs_named_by(words({"level"})), verbs_under(words({"level"})));
+    EXPECT_THAT(
+        [] {
+            verbs_named_by(words({"lif", "shwo", "blue"}));
+        },
+        ThrowsMessage<Misuse>("unknown word 'shwo'; did you mean 'show'?"));
+}
+
 TEST(Understanding, SaysWhatIsWrong)
 {
+    EXPECT_THAT(understanding({"wacth"}), ThrowsMessage<Misuse>("unknown word 'wacth'; did you mean 'watch'?"));
     EXPECT_THAT(understanding({"rout", "lst"}), ThrowsMessage<Misuse>("unknown word 'lst'; did you mean 'list'?"));
     EXPECT_THAT(understanding({"lif", "show", "blue"}), ThrowsMessage<Misuse>("<lif> is missing"));
     EXPECT_THAT(understanding({"route", "add", "blue", "10.0.0.0/8", "via"}),

@@ -30,7 +30,7 @@ def operation_of(words, verbs):
     if is_dry:
         return "request"
     if words[0] == "call":
-        return words[1]
+        return words[1].removeprefix("LUMOZEPH_")
     if words[0] == "raw":
         return "raw"
     meant = [

@@ -26,6 +26,14 @@ TEST(Numbers, FitTheirWidth)
         EXPECT_THROW(parse_signed_number(text, 1), Misuse) << text;
 }
 
+TEST(Times, AreOfMoreThanNothing)
+{
+    EXPECT_EQ(parse_time("0.5").count(), 0.5);
+    EXPECT_EQ(parse_time("500ms").count(), 0.5);
+    for (const char* const text : {"", "0", "0ms", "-1", "nan", "inf", "1e9", "1d", "1e", "99999999999"})
+        EXPECT_THROW(parse_time(text), Misuse) << text;
+}
+
 TEST(Addresses, AreReadAndWritten)
 {
     EXPECT_EQ(ipv4_text(parse_ipv4("192.0.2.1", AddressOrder::Network), AddressOrder::Network), "192.0.2.1");
