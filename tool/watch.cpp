@@ -4,6 +4,7 @@
 #include "tool/lists.h"
 #include "tool/members.h"
 #include "tool/mistakes.h"
+#include "tool/pattern.h"
 #include "tool/record_json.h"
 #include "tool/spelling.h"
 #include "tool/waiting.h"
@@ -247,7 +248,12 @@ private:
 class WatchedVerb
 {
 public:
-    WatchedVerb(const Verb& verb, std::string only) : _verb(verb), _only(std::move(only)) {}
+    WatchedVerb(const Verb& verb, std::string only) : _verb(&verb), _only(std::move(only)) {}
+
+    bool covers(const WatchedVerb& other) const
+    {
+        return _verb == other._verb && (_only.empty() || _only == other._only);
+    }
 
     std::size_t lists() const { return _known.size(); }
     std::size_t records() const
@@ -268,10 +274,10 @@ public:
     {
         std::vector<List> lists;
         try {
-            lists = lists_of(_verb, names);
-            settle({&_verb, {}}, _error, reporter);
+            lists = lists_of(*_verb, names);
+            settle({_verb, {}}, _error, reporter);
         } catch (const Failure& failure) {
-            return fail({&_verb, {}}, _error, failure, reporter);
+            return fail({_verb, {}}, _error, failure, reporter);
         }
         std::erase_if(lists, [&](const List& list) {
             return !_only.empty() && std::ranges::find(list.place, _only, &Given::value) == list.place.end();
@@ -316,7 +322,7 @@ private:
     {
         try {
             Names names(order);
-            const std::vector<List> lists = lists_of(_verb, names);
+            const std::vector<List> lists = lists_of(*_verb, names);
             return std::ranges::find(lists, id_of(list), id_of) != lists.end();
         } catch (const Failure&) {
             return true;
@@ -365,11 +371,25 @@ private:
                 reporter.changed(list, old->second, record);
     }
 
-    const Verb& _verb;
+    const Verb* _verb;
     std::string _only;
     int _error = 0;
     std::map<std::string, Known> _known;
 };
+
+// What one covers is watched once.
+void add(std::vector<WatchedVerb>& all, WatchedVerb verb)
+{
+    if (std::ranges::any_of(all, [&](const WatchedVerb& one) { return one.covers(verb); }))
+        return;
+    std::erase_if(all, [&](const WatchedVerb& one) { return verb.covers(one); });
+    all.push_back(std::move(verb));
+}
+
+bool is_of_something(const Verb* verb)
+{
+    return !Pattern(verb->form).demanded().empty();
+}
 
 std::vector<WatchedVerb> watched(std::span<const std::string> words)
 {
@@ -377,7 +397,6 @@ std::vector<WatchedVerb> watched(std::span<const std::string> words)
     for (const std::string& word : words) {
         const std::size_t equals = std::min(word.find('='), word.size());
         const std::string object = word.substr(0, equals);
-        const std::string only = equals < word.size() ? word.substr(equals + 1) : "";
         const std::vector<const Verb*> verbs = lists_of_object(object);
         if (verbs.empty()) {
             std::vector<std::string_view> known;
@@ -386,8 +405,16 @@ std::vector<WatchedVerb> watched(std::span<const std::string> words)
                     known.push_back(one.name);
             throw Misuse(fmt::format("'{}' has no lists that can be watched{}", object, nearest(object, known)));
         }
+        const bool is_narrowed = equals < word.size();
+        const std::string only = is_narrowed ? word.substr(equals + 1) : "";
+        if (is_narrowed && std::ranges::none_of(verbs, is_of_something))
+            throw Misuse(
+                fmt::format("'{}': {} has no lists of one thing alone; watch {} shows all", word, object, object));
+        if (is_narrowed && only.empty())
+            throw Misuse(fmt::format("'{}': a name is missing behind the equals sign", word));
         for (const Verb* const verb : verbs)
-            all.emplace_back(*verb, only);
+            if (!is_narrowed || is_of_something(verb))
+                add(all, WatchedVerb(*verb, only));
     }
     return all;
 }
