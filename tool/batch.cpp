@@ -29,6 +29,8 @@ std::vector<std::string> words_of(std::string_view line)
             words.emplace_back();
         is_within_word = true;
         const char next = i + 1 < line.size() ? line[i + 1] : '\0';
+        if (c == '\\' && quote == '\0' && line.find_first_not_of("\r\n", i + 1) == std::string_view::npos)
+            throw Misuse("the backslash at its end stands before nothing: a command is one line");
         const bool escapes =
             c == '\\' && next != '\0' && (quote == '\0' || (quote == '"' && (next == '"' || next == '\\')));
         if (escapes)

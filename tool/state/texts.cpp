@@ -115,7 +115,9 @@ std::string normal_text(const Member& member, const std::string& text)
         return bytes_text(std::as_bytes(std::span(bytes)));
     }
     case Form::Text:
-        if (text.size() > member.width || text.find('\0') != std::string::npos)
+        if (text.find('\0') != std::string::npos)
+            throw Misuse("expected a text without U+0000, which would end it");
+        if (text.size() > member.width)
             throw Misuse(fmt::format("expected a text of at most {} bytes", member.width));
         return text;
     default:

@@ -33,6 +33,15 @@ TEST(Lines, EndWithTheirComment)
     EXPECT_THAT(words_of("a#b '#c' \\#d"), ElementsAre("a#b", "#c", "#d"));
 }
 
+TEST(Lines, DoNotGoOnInTheNext)
+{
+    for (const char* const line : {"a \\\n", "a \\\r\n", "a b\\", "\\"})
+        EXPECT_THAT([line] { words_of(line); }, ThrowsMessage<Misuse>(HasSubstr("the backslash at its end"))) << line;
+    EXPECT_THAT(words_of("a '\\'\n"), ElementsAre("a", "\\"));
+    EXPECT_THAT(words_of("a # b \\\n"), ElementsAre("a"));
+    EXPECT_THAT(words_of("a \\\\\n"), ElementsAre("a", "\\"));
+}
+
 TEST(Lines, MustCloseTheirQuotes)
 {
     EXPECT_THAT([] { words_of("a 'b"); }, ThrowsMessage<Misuse>(HasSubstr("the quote ' is not closed")));
