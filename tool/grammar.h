@@ -59,4 +59,8 @@ std::vector<const Verb*> verbs_named_by(std::span<const std::string> words);
 // The verbs that begin with these words; none if there are none.
 std::vector<const Verb*> verbs_under(std::span<const std::string> words);
 
+// The verb of no object that is meant, which may be shortened where no object is meant. Null: none is.
+struct OwnVerb;
+const OwnVerb* find_own_verb(std::string_view word);
+
 } // namespace tool

@@ -34,7 +34,4 @@ inline constexpr OwnVerb own_verbs[] {
     {"graph", "Draws the state, or that of an instance", "[INSTANCE]", "--svg", "graph --svg blue > blue.svg"},
 };
 
-// The one that is meant, which may be shortened where no object is meant. Null: none is.
-const OwnVerb* find_own_verb(std::string_view word);
-
 } // namespace tool
