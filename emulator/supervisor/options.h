@@ -26,8 +26,7 @@ constexpr std::array<std::pair<const char*, Clock>, 2> clocks {{{"real", Clock::
 
 // type: what stands for the words in the help.
 template <class Choice>
-CLI::Option* choose(
-    CLI::Option* option, const char* type, const std::array<std::pair<const char*, Choice>, 2>& choices)
+CLI::Option* choose(CLI::Option* option, const char* type, const std::array<std::pair<const char*, Choice>, 2>& choices)
 {
     const auto read = [choices](std::string& word) -> std::string {
         for (const auto& [name, choice] : choices)
@@ -47,8 +46,7 @@ inline CLI::Option* take_number(CLI::Option* option)
         const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), number);
         if (error == std::errc() && end == word.data() + word.size())
             return {};
-        return fmt::format(
-            "expected a number from 0 to {}, not '{}'", std::numeric_limits<std::uint64_t>::max(), word);
+        return fmt::format("expected a number from 0 to {}, not '{}'", std::numeric_limits<std::uint64_t>::max(), word);
     };
     return option->type_name("NUMBER")->check(check);
 }
