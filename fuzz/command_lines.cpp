@@ -4,11 +4,14 @@
 
 #include "tool/batch.h"
 #include "tool/binding.h"
+#include "tool/command_line.h"
 #include "tool/filter.h"
 #include "tool/grammar.h"
 #include "tool/mistakes.h"
 #include "tool/values.h"
 
+#include <algorithm>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -76,6 +79,28 @@ void filter_record(Input& input)
     });
 }
 
+// Options and words: what is a word stays one, in its order, and nothing becomes one.
+void take_apart(Input& input)
+{
+    attempt([&] {
+        std::vector<std::string> arguments = tool::words_of(input.rest());
+        arguments.insert(arguments.begin(), "instance"); // the first word may be short for another
+        const tool::CommandLine line = tool::command_line_of({}, arguments);
+        attempt([&] { tool::refuse_mistakes(line); });
+        if (!line.mistake.empty())
+            return;
+        attempt([&] { tool::refuse_options_of_others(line, line.words.empty() ? "" : line.words.front()); });
+        const auto options_end = std::find(arguments.begin(), arguments.end(), "--");
+        const auto behind = static_cast<std::size_t>(std::distance(options_end, arguments.end()));
+        if (behind > 1 &&
+            (line.words.size() < behind - 1 || !std::equal(line.words.end() - static_cast<std::ptrdiff_t>(behind - 1),
+                                                   line.words.end(), options_end + 1)))
+            fail("words behind the options that are gone");
+        if (line.words.size() > arguments.size())
+            fail("words that nobody typed");
+    });
+}
+
 void read_time(Input& input)
 {
     attempt([&] {
@@ -95,6 +120,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     switch (input.byte() % 8) {
     case 0:
         fuzz::read_time(input);
+        break;
+    case 7:
+        fuzz::take_apart(input);
         break;
     case 1:
     case 2:
