@@ -191,14 +191,16 @@ std::string_view Server::device_named(std::uint64_t folder, const std::string& p
 
 void Server::open_device(std::string_view path, std::uint64_t flags)
 {
-    const auto begun = std::chrono::system_clock::now();
+    const bool is_seen = module_.witness().sees_opens();
+    Event event = is_seen ? beginning() : Event {};
     const Fate fate = module_.fate_of_open();
     const bool is_answered = wait(fate);
-    if (module_.witness().sees_opens())
-        tell({.begun = begun,
-            .what = Opening {std::string(path), flags},
-            .error = is_answered ? std::optional(fate.error()) : std::nullopt,
-            .faults = fate.faults});
+    if (is_seen) {
+        event.what = Opening {std::string(path), flags};
+        event.error = is_answered ? std::optional(fate.error()) : std::nullopt;
+        event.faults = fate.faults;
+        tell(std::move(event));
+    }
     if (!is_answered)
         return;
     if (fate.error() != 0)
@@ -244,12 +246,15 @@ void Server::answer_ioctl()
 
 void Server::answer_command()
 {
-    const auto begun = std::chrono::system_clock::now();
+    const bool is_seen = module_.witness().sees_commands();
+    Event event = is_seen ? beginning() : Event {};
     Call call {.number = static_cast<std::uint32_t>(notification_.data.args[1])};
-    std::string faults;
-    const std::optional<int> error = command(call, faults);
-    if (module_.witness().sees_commands())
-        tell({.begun = begun, .what = std::move(call), .error = error, .faults = std::move(faults)});
+    const std::optional<int> error = command(call, event.faults);
+    if (is_seen) {
+        event.what = std::move(call);
+        event.error = error;
+        tell(std::move(event));
+    }
     if (error)
         respond(*error);
 }
@@ -305,10 +310,16 @@ int Server::carry_out(Call& call, std::uint64_t envelope_at, const Fate& fate)
     return 0;
 }
 
+// Whoever asks may be gone before there is an answer.
+Event Server::beginning()
+{
+    module_.witness().expect();
+    return {.begun = std::chrono::system_clock::now(), .caller = callers_.find(notification_.pid)};
+}
+
 void Server::tell(Event event)
 {
     event.took = std::chrono::system_clock::now() - event.begun;
-    event.caller = callers_.find(notification_.pid);
     module_.witness().tell(std::move(event));
 }
 

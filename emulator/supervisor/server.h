@@ -78,6 +78,7 @@ private:
     void answer_command();
     std::optional<int> command(Call& call, std::string& faults);
     int carry_out(Call& call, std::uint64_t envelope_at, const Fate& fate);
+    Event beginning();
     void tell(Event event);
     bool wait(const Fate& fate) const;
     bool still_waiting() const;

@@ -3,6 +3,7 @@
 #include "emulator/supervisor/output.h"
 #include "emulator/trace/reply.h"
 
+#include <thread>
 #include <unistd.h>
 #include <utility>
 
@@ -37,10 +38,15 @@ void Witness::tell(Event event)
         journal_->add(told);
     if (trace_)
         trace_->add(told);
+    --expected_;
 }
 
 void Witness::finish(std::chrono::milliseconds patience)
 {
+    // Commands that are delayed notice within a tenth of a second that nobody waits for them any more.
+    const auto latest = std::chrono::steady_clock::now() + std::chrono::milliseconds(500);
+    while (expected_ > 0 && std::chrono::steady_clock::now() < latest)
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
     if (recorder_)
         recorder_->finish();
     if (trace_)

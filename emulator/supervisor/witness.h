@@ -7,6 +7,7 @@
 #include "emulator/trace/journal.h"
 #include "emulator/trace/summary.h"
 
+#include <atomic>
 #include <chrono>
 #include <cstddef>
 #include <memory>
@@ -43,12 +44,15 @@ public:
     bool sees_commands() const { return sees_commands_; }
     bool sees_opens() const { return sees_commands_ && traced_ == Traced::CommandsAndOpens; }
 
-    // Commands have their whole replies.
+    // Something will be told.
+    void expect() { ++expected_; }
+
+    // What was expected. Commands have their whole replies.
     void tell(Event event);
 
     std::string journal(TraceFormat format) const { return journal_ ? journal_->lines(format) : ""; }
 
-    // When nothing more is told. Waits for whoever reads the trace, but not for long.
+    // When nothing more begins. Waits for what is expected, and for whoever reads the trace, but not for long.
     void finish(std::chrono::milliseconds patience);
 
 private:
@@ -57,6 +61,7 @@ private:
     std::optional<Recorder> recorder_;
     std::optional<Trace> trace_;
     std::optional<Journal> journal_;
+    std::atomic<std::size_t> expected_ = 0;
     std::mutex mutex_;
     std::optional<Summary> summary_;
 };

@@ -61,6 +61,16 @@ TEST_P(FaultyWorld, IsAtRandomAsItsSeedSays)
     EXPECT_NE(outcome("2"), once);
 }
 
+TEST_P(FaultyWorld, TracesWhatTheEndOfTheWorldCutsOff)
+{
+    const Ended ended =
+        run({"--timeout", "0.3", "--grace", "0.1", "--fault", "GetLogLevel=delay:60s", "--trace", "-", "--summary"},
+            DYNAMIC_CLIENT " get");
+    EXPECT_EQ(ended.status, 124);
+    EXPECT_THAT(ended.err, HasSubstr("device_client_d GetLogLevel() = ? (fault GetLogLevel=delay:60s) <"));
+    EXPECT_THAT(ended.err, testing::ContainsRegex("\n +1 +0 +0 +0 +[0-9.]+ +[0-9.]+ +GetLogLevel\n"));
+}
+
 TEST_P(FaultyWorld, RefusesOpens)
 {
     const Ended ended = run({"--opens", "--fault", "open#2=EACCES"}, get + get + get);

@@ -53,7 +53,7 @@ struct Event
     std::chrono::system_clock::time_point begun {};
     std::chrono::nanoseconds took {};
     Caller caller {};
-    std::variant<Call, Opening> what;
+    std::variant<Call, Opening> what {};
     std::optional<int> error {}; // 0 or the errno; nothing if it is never answered
     std::string faults {};       // that struck it, as they were written, with spaces between
 };
