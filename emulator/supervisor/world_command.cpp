@@ -127,6 +127,8 @@ int WorldCommand::run() const
 
 int WorldCommand::get(const WorldState& state) const
 {
+    if (!pointer_.empty() && pointer_[0] != '/')
+        throw Refusal(fmt::format("expected a JSON pointer, which begins with a slash, not '{}'", pointer_));
     const json::Value document = json::parse(state.read());
     const json::Value* const found = json::at(document, pointer_);
     if (found == nullptr) {

@@ -171,7 +171,11 @@ TEST_P(NamedStates, AreReadAsAWholeAndInParts)
     EXPECT_EQ(join("kept", {DYNAMIC_CLIENT, "set", "9"}).status, 0);
     EXPECT_EQ(get("/logLevel"), "9\n");
     EXPECT_THAT(get(), StartsWith("{\n  \"logLevel\": 9,\n"));
-    for (const char* pointer : {"/txDispQueueSize", "logLevel", "/~2"}) {
+    const Ended no_pointer = ask({"get", "logLevel"});
+    EXPECT_EQ(no_pointer.status, 2);
+    EXPECT_EQ(
+        no_pointer.err, "lumozeph-emulator: expected a JSON pointer, which begins with a slash, not 'logLevel'\n");
+    for (const char* pointer : {"/txDispQueueSize", "/~2"}) {
         const Ended ended = ask({"get", pointer});
         EXPECT_EQ(ended.status, 1);
         EXPECT_EQ(ended.out, "");
