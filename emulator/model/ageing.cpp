@@ -26,10 +26,7 @@ public:
         return false;
     }
 
-    Time next() const
-    {
-        return next_ == Time::max() ? next_ : in_whole_seconds(next_ - Time(1)) + std::chrono::seconds(1);
-    }
+    Time next() const { return next_; }
 
 private:
     Time now_;
@@ -55,7 +52,10 @@ void forget_what_has_aged(State& state)
                 leave_lif<&Lif::neighbours>(instance, neighbour.lif, neighbour);
             return is_over;
         });
-    state.next_ageing = sweep.next();
+    // Time that passes by itself would have them looked through for each of them.
+    const bool passes_by_itself = state.settings.clock == Clock::Real && sweep.next() != Time::max();
+    state.next_ageing =
+        passes_by_itself ? in_whole_seconds(sweep.next() - Time(1)) + std::chrono::seconds(1) : sweep.next();
 }
 
 } // namespace emulator

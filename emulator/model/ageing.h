@@ -5,7 +5,8 @@
 
 namespace emulator {
 
-// Forwarding entries and neighbours whose time has come; they are looked through at most once a second.
+// Forwarding entries and neighbours whose time has come; they are looked through at most once a second, and
+// under a manual clock when it is time.
 void forget_what_has_aged(State& state);
 
 } // namespace emulator

@@ -50,22 +50,31 @@ constexpr Time in_whole_seconds(Time time)
     return std::chrono::floor<std::chrono::seconds>(time);
 }
 
+// What is not yet one.
+constexpr std::uint64_t most_billionths = 999999999;
+
 // Grows by so many a second since it was set.
 struct Counter
 {
     std::uint64_t value = 0;
     std::uint64_t rate = 0;
     Time since {};
+    std::uint64_t billionths = 0; // of the next one
 
-    std::uint64_t at(Time now) const
+    std::uint64_t at(Time now) const { return reading(now).value; }
+
+    // The same counter, from now on.
+    Counter reading(Time now) const
     {
         if (now < since)
-            return value;
-        constexpr std::uint64_t second = 1000000000;
+            return *this;
+        constexpr std::uint64_t billion = 1000000000;
         const auto passed = static_cast<std::uint64_t>((now - since).count());
         // In parts, none of which is too large for what it is kept in.
-        const std::uint64_t part = passed % second;
-        return value + rate * (passed / second) + rate / second * part + rate % second * part / second;
+        const std::uint64_t seconds = passed / billion;
+        const std::uint64_t part = passed % billion;
+        const std::uint64_t rest = rate % billion * part + billionths;
+        return {value + rate * seconds + rate / billion * part + rest / billion, rate, now, rest % billion};
     }
 };
 
@@ -84,7 +93,7 @@ public:
     {
         std::erase_if(all_, [](const auto& placed) { return placed.second.rate == 0; });
         for (auto& [place, counter] : all_)
-            counter = {0, counter.rate, now};
+            counter = {0, counter.rate, now, 0};
     }
 
 private:

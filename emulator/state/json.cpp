@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cstdint>
 #include <cstdio>
+#include <cstdlib>
 #include <utility>
 
 namespace emulator::json {
@@ -354,6 +355,33 @@ Value* find(Object& object, std::string_view name)
     return const_cast<Value*>(find(std::as_const(object), name));
 }
 
+std::string plain(std::string_view digits)
+{
+    constexpr int furthest = 64; // that the point is moved
+    const std::size_t end = std::min(digits.find_first_of("eE"), digits.size());
+    int exponent = 0;
+    if (end < digits.size()) {
+        const char* const begin = digits.data() + end + (digits.substr(end + 1, 1) == "+" ? 2 : 1);
+        const std::errc error = std::from_chars(begin, digits.data() + digits.size(), exponent).ec;
+        if (error != std::errc() || std::abs(exponent) > furthest)
+            return std::string(digits);
+    }
+    const std::size_t point = std::min(digits.find('.'), end);
+    // With so many zeros around it, the point is moved within the text.
+    std::string all(furthest, '0');
+    all += digits.substr(0, point);
+    const std::size_t moved = all.size() + static_cast<std::size_t>(exponent + furthest) - furthest;
+    if (point < end)
+        all += digits.substr(point + 1, end - point - 1);
+    all.append(furthest, '0');
+    const std::size_t first = std::min(all.find_first_not_of('0'), moved - 1);
+    const std::size_t last = std::max(all.find_last_not_of('0') + 1, moved);
+    all.resize(last);
+    if (last > moved)
+        all.insert(moved, 1, '.');
+    return all.substr(first);
+}
+
 bool equal(const Value& left, const Value& right)
 {
     if (left.content.index() != right.content.index())
@@ -369,7 +397,7 @@ bool equal(const Value& left, const Value& right)
     if (const std::string* text = left.text())
         return *text == *right.text();
     if (const Number* number = left.number())
-        return number->digits == right.number()->digits;
+        return number->digits == right.number()->digits || plain(number->digits) == plain(right.number()->digits);
     return left.is_null() || *left.truth() == *right.truth();
 }
 

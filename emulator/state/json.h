@@ -67,6 +67,9 @@ struct Member
 const Value* find(const Object& object, std::string_view name);
 Value* find(Object& object, std::string_view name);
 
+// The digits of a number without exponent, and without decimals that say nothing: 1e3 is 1000, 3.0 is 3, 25e-1 is 2.5.
+std::string plain(std::string_view digits);
+
 // Numbers are equal if their digits are; objects are equal in whatever order their members are.
 bool equal(const Value& left, const Value& right);
 

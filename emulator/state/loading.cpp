@@ -8,7 +8,11 @@ namespace {
 
 [[noreturn]] void fail(json::Position position, const std::string& expected, std::string_view found)
 {
-    throw json::Error(position, "expected " + expected + ", not '" + std::string(found) + "'");
+    // What it says ends with the first zero.
+    std::string shown;
+    for (const char character : found)
+        shown += character == '\0' ? std::string("\\u0000") : std::string(1, character);
+    throw json::Error(position, "expected " + expected + ", not '" + shown + "'");
 }
 
 // The two numbers of "A..B" or "A*B".
@@ -23,6 +27,17 @@ std::optional<std::array<std::uint64_t, 2>> two_numbers(std::string_view text, s
     if (!first || !second)
         return std::nullopt;
     return std::array {*first, *second};
+}
+
+// Of a text that is an address.
+std::string text_further(const std::string& text, std::uint64_t further, json::Position position)
+{
+    std::optional<MacAddress> mac = notation::mac(text);
+    if (mac)
+        mac = notation::further(*mac, further);
+    if (!mac)
+        fail(position, "a MAC address where {+N} is, or no {+N}", text);
+    return notation::of_mac(*mac);
 }
 
 } // namespace
@@ -50,9 +65,10 @@ Filled fill(const std::string& text, const std::optional<Repetition>& repetition
         const bool is_last = end != std::string_view::npos && end + 1 == rest.size();
         if (!repetition || end == std::string_view::npos || rest[0] == '}' || (inside != "i" && !(step && is_last)))
             fail(position, "{i}, or {+N} at the end, where something is repeated; a brace itself is doubled", text);
-        if (step)
+        if (step) {
             filled.further = *step * repetition->index;
-        else
+            filled.place = filled.text.size();
+        } else
             filled.text += std::to_string(repetition->number);
         rest.remove_prefix(end + 1);
     }
@@ -69,8 +85,10 @@ KeyExpansion::KeyExpansion(const std::string& key, const std::optional<Repetitio
             ++at;
             continue;
         }
-        const std::size_t end = std::min(key.find('}', at), key.size());
-        const std::string inside = key.substr(at + 1, std::max(end, at + 1) - at - 1);
+        const std::size_t end = key.find('}', at);
+        if (end == std::string::npos)
+            return; // which is wrong
+        const std::string inside = key.substr(at + 1, end - at - 1);
         if (const auto numbers = two_numbers(inside, "..")) {
             kind_ = Kind::Numbers;
             first_ = (*numbers)[0];
@@ -97,23 +115,42 @@ ExpandedKey KeyExpansion::operator[](std::uint64_t index) const
     if (kind_ == Kind::Single)
         return {fill(before_, outer_, position_), outer_};
     const Repetition own {index, kind_ == Kind::Numbers ? first_ + index : index};
-    Filled before = fill(before_, own, position_);
+    Filled whole = fill(before_, own, position_);
+    if (kind_ == Kind::Numbers) {
+        whole.text += std::to_string(own.number);
+    } else {
+        whole.further = step_ * index;
+        whole.place = whole.text.size();
+    }
     const Filled after = fill(after_, own, position_);
-    if (kind_ == Kind::Numbers)
-        before.text += std::to_string(own.number);
-    else
-        before.further = step_ * index;
-    return {{before.text + after.text, before.further}, own};
+    if (after.further != 0) {
+        if (whole.further != 0)
+            fail(position_, "one thing in a key that goes on", before_ + "..." + after_);
+        whole.further = after.further;
+        whole.place = whole.text.size() + after.place;
+    }
+    whole.text += after.text;
+    return {whole, own};
 }
 
 std::string_view LoadedKey::next()
 {
     const std::size_t space = std::min(rest_.find(' '), rest_.size());
     const std::string_view part = rest_.substr(0, space);
-    rest_.remove_prefix(std::min(space + 1, rest_.size()));
     if (part.empty())
         fail("a key of more parts", key_.text);
+    if (space + 1 == rest_.size())
+        fail("no space at the end", key_.text);
+    rest_.remove_prefix(std::min(space + 1, rest_.size()));
     return part;
+}
+
+std::uint64_t LoadedKey::further_of(std::string_view part)
+{
+    const std::string_view whole = key_.text;
+    const auto begin = static_cast<std::size_t>(part.data() - whole.data());
+    const bool is_within = key_.place > begin && key_.place <= begin + part.size();
+    return is_within ? std::exchange(key_.further, 0) : 0;
 }
 
 void LoadedKey::check_length(const std::string& text, std::size_t longest) const
@@ -122,9 +159,10 @@ void LoadedKey::check_length(const std::string& text, std::size_t longest) const
         fail("at most " + std::to_string(longest) + " bytes, none of them zero", text);
 }
 
-void LoadedKey::fail(const std::string& expected, std::string_view found) const
+void LoadedKey::fail(const std::string& expected, std::string_view found, std::uint64_t further) const
 {
-    description::fail(position_, expected, found);
+    const std::string on = further == 0 ? "" : " and " + std::to_string(further) + " further";
+    description::fail(position_, expected, std::string(found) + on);
 }
 
 void LoadedKey::text(std::string& text, std::size_t longest)
@@ -142,6 +180,8 @@ void LoadedKey::text(std::string& text, std::size_t longest)
         text += code == "%20" ? ' ' : code == "%25" ? '%' : '-';
         i += 2;
     }
+    if (const std::uint64_t further = further_of(part); further != 0)
+        text = text_further(text, further, position_);
     check_length(text, longest);
 }
 
@@ -153,7 +193,7 @@ void LoadedKey::prefix(std::uint32_t& address, std::uint32_t& mask)
     const auto read_mask = notation::mask(text.substr(std::min(slash + 1, text.size())));
     if (!read || !read_mask)
         fail("an IPv4 address with the length of its prefix, as 10.0.0.0/8", text);
-    address = notation::further(*read, further_of_first());
+    address = moved(*read, text);
     mask = *read_mask;
 }
 
@@ -165,7 +205,7 @@ void LoadedKey::prefix(Ipv6Address& address, std::uint8_t& length)
     const auto read_length = notation::number(text.substr(std::min(slash + 1, text.size())), 255);
     if (!read || !read_length)
         fail("an IPv6 address with the length of its prefix, as 2001:db8::/32", text);
-    address = notation::further(*read, further_of_first());
+    address = moved(*read, text);
     length = static_cast<std::uint8_t>(*read_length);
 }
 
@@ -202,7 +242,7 @@ std::uint64_t Loading::number_in(const json::Value& value, std::uint64_t largest
 {
     const bool is_filled = repetition_ && value.text() != nullptr;
     const Filled filled = is_filled                   ? filled_in(value)
-                          : value.number() != nullptr ? Filled {notation::plain(value.number()->digits)}
+                          : value.number() != nullptr ? Filled {json::plain(value.number()->digits)}
                                                       : Filled {};
     const auto number = notation::number(filled.text, largest);
     if (!number || filled.further > largest - *number)
@@ -212,8 +252,7 @@ std::uint64_t Loading::number_in(const json::Value& value, std::uint64_t largest
 
 Time Loading::time_in(const json::Value& value) const
 {
-    const auto time =
-        value.number() != nullptr ? notation::time(notation::plain(value.number()->digits)) : std::nullopt;
+    const auto time = value.number() != nullptr ? notation::time(json::plain(value.number()->digits)) : std::nullopt;
     if (!time)
         throw json::Error(value.position,
             "expected seconds, from 0 to " + std::to_string(longest_time.count()) + ", with at most 9 decimals");
@@ -255,7 +294,8 @@ void Loading::text(const char* name, std::string& value, std::size_t longest)
     const json::Value* const written = member(name);
     if (written == nullptr)
         return;
-    value = filled_in(*written).text;
+    const Filled filled = filled_in(*written);
+    value = filled.further == 0 ? filled.text : text_further(filled.text, filled.further, written->position);
     if (value.size() > longest || value.find('\0') != std::string::npos)
         fail(written->position, "at most " + std::to_string(longest) + " bytes, none of them zero", value);
 }
@@ -345,6 +385,9 @@ void Loading::counters(const char* name, Counters& counters, std::uint32_t place
             Counter counter;
             inner.number("value", counter.value);
             inner.number("rate", counter.rate);
+            inner.number("billionths", counter.billionths);
+            if (counter.billionths > most_billionths)
+                throw json::Error(member.position, "expected billionths from 0 to " + std::to_string(most_billionths));
             inner.finish();
             counter.since = state_.stopwatch.now();
             counters.set(static_cast<std::uint32_t>(*place), counter);

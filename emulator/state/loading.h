@@ -24,11 +24,12 @@ struct Repetition
     std::uint64_t number = 0;
 };
 
-// A text, what is in braces filled in, and how much is to be added to what it says.
+// A text, what is in braces filled in, and how much is to be added to what is before one of its places.
 struct Filled
 {
     std::string text;
     std::uint64_t further = 0;
+    std::size_t place = 0;
 };
 
 Filled fill(const std::string& text, const std::optional<Repetition>& repetition, json::Position position);
@@ -84,10 +85,14 @@ public:
         if (is_negative)
             rest_.remove_prefix(1);
         const std::string_view digits = next();
-        const auto read = notation::number(digits, std::numeric_limits<Integer>::max());
+        constexpr std::uint64_t largest = std::numeric_limits<Integer>::max();
+        const auto read = notation::number(digits, largest);
+        const std::uint64_t further = further_of(digits);
         if (!read)
             fail("a number", digits);
-        value = static_cast<Integer>(*read + further_of_first());
+        if (further > largest - *read)
+            fail("a number of at most " + std::to_string(largest), digits, further);
+        value = static_cast<Integer>(*read + further);
         if (is_negative)
             value = static_cast<Integer>(-value);
     }
@@ -105,11 +110,21 @@ public:
     }
 
 private:
-    // Only the first number or address of a key goes on.
-    std::uint64_t further_of_first() { return std::exchange(key_.further, 0); }
+    // How much is to be added to a part of the key, once.
+    std::uint64_t further_of(std::string_view part);
     std::string_view next();
     void check_length(const std::string& text, std::size_t longest) const;
-    [[noreturn]] void fail(const std::string& expected, std::string_view found) const;
+    [[noreturn]] void fail(const std::string& expected, std::string_view found, std::uint64_t further = 0) const;
+
+    template <class Address>
+    Address moved(const Address& address, std::string_view part)
+    {
+        const std::uint64_t further = further_of(part);
+        const std::optional<Address> there = notation::further(address, further);
+        if (!there)
+            fail("an address that there is", part, further);
+        return *there;
+    }
 
     template <class Address>
     void read(const char* what, std::optional<Address> (*address_in)(std::string_view), Address& address)
@@ -118,7 +133,7 @@ private:
         const std::optional<Address> found = address_in(text);
         if (!found)
             fail(what, text);
-        address = notation::further(*found, further_of_first());
+        address = moved(*found, text);
     }
 
     Filled key_;

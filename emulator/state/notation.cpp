@@ -6,20 +6,20 @@
 #include <bit>
 #include <charconv>
 #include <cstdio>
-#include <cstdlib>
 
 namespace emulator::notation {
 
 namespace {
 
 template <std::size_t Size>
-void add(std::array<std::byte, Size>& bytes, std::uint64_t by)
+std::optional<std::array<std::byte, Size>> sum(std::array<std::byte, Size> bytes, std::uint64_t by)
 {
     for (std::size_t i = bytes.size(); i-- > 0 && by != 0;) {
         by += std::to_integer<std::uint64_t>(bytes[i]);
         bytes[i] = static_cast<std::byte>(by & 0xff);
         by >>= 8;
     }
+    return by == 0 ? std::optional(bytes) : std::nullopt;
 }
 
 constexpr std::int64_t second = 1000000000;
@@ -141,33 +141,6 @@ std::optional<Time> time(std::string_view digits)
     return time <= longest_time ? std::optional(time) : std::nullopt;
 }
 
-std::string plain(std::string_view digits)
-{
-    constexpr int furthest = 64; // that the point is moved
-    const std::size_t end = std::min(digits.find_first_of("eE"), digits.size());
-    int exponent = 0;
-    if (end < digits.size()) {
-        const char* const begin = digits.data() + end + (digits.substr(end + 1, 1) == "+" ? 2 : 1);
-        const std::errc error = std::from_chars(begin, digits.data() + digits.size(), exponent).ec;
-        if (error != std::errc() || std::abs(exponent) > furthest)
-            return std::string(digits);
-    }
-    const std::size_t point = std::min(digits.find('.'), end);
-    // With so many zeros around it, the point is moved within the text.
-    std::string all(furthest, '0');
-    all += digits.substr(0, point);
-    const std::size_t moved = all.size() + static_cast<std::size_t>(exponent + furthest) - furthest;
-    if (point < end)
-        all += digits.substr(point + 1, end - point - 1);
-    all.append(furthest, '0');
-    const std::size_t first = std::min(all.find_first_not_of('0'), moved - 1);
-    const std::size_t last = std::max(all.find_last_not_of('0') + 1, moved);
-    all.resize(last);
-    if (last > moved)
-        all.insert(moved, 1, '.');
-    return all.substr(first);
-}
-
 std::optional<std::uint64_t> number(std::string_view text, std::uint64_t largest)
 {
     std::uint64_t value = 0;
@@ -177,21 +150,21 @@ std::optional<std::uint64_t> number(std::string_view text, std::uint64_t largest
     return value;
 }
 
-std::uint32_t further(std::uint32_t ipv4, std::uint64_t by)
+std::optional<std::uint32_t> further(std::uint32_t ipv4, std::uint64_t by)
 {
+    if (by > ~ntohl(ipv4))
+        return std::nullopt;
     return htonl(ntohl(ipv4) + static_cast<std::uint32_t>(by));
 }
 
-Ipv6Address further(Ipv6Address address, std::uint64_t by)
+std::optional<Ipv6Address> further(Ipv6Address address, std::uint64_t by)
 {
-    add(address, by);
-    return address;
+    return sum(address, by);
 }
 
-MacAddress further(MacAddress address, std::uint64_t by)
+std::optional<MacAddress> further(MacAddress address, std::uint64_t by)
 {
-    add(address, by);
-    return address;
+    return sum(address, by);
 }
 
 } // namespace emulator::notation

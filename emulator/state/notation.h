@@ -31,15 +31,12 @@ bool bytes(std::string_view text, std::span<std::byte> to);
 std::string of_time(Time time);
 std::optional<Time> time(std::string_view digits);
 
-// A number of JSON's without exponent, and without decimals that say nothing: 1e3 is 1000, 3.0 is 3, 25e-1 is 2.5.
-std::string plain(std::string_view digits);
-
 // Decimal digits, no larger than that.
 std::optional<std::uint64_t> number(std::string_view text, std::uint64_t largest);
 
-// The address that many further on.
-std::uint32_t further(std::uint32_t ipv4, std::uint64_t by);
-Ipv6Address further(Ipv6Address address, std::uint64_t by);
-MacAddress further(MacAddress address, std::uint64_t by);
+// The address that many further on, if there is one.
+std::optional<std::uint32_t> further(std::uint32_t ipv4, std::uint64_t by);
+std::optional<Ipv6Address> further(Ipv6Address address, std::uint64_t by);
+std::optional<MacAddress> further(MacAddress address, std::uint64_t by);
 
 } // namespace emulator::notation

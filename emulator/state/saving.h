@@ -148,9 +148,12 @@ public:
     {
         json::Object all;
         for (const auto& [place, counter] : counters) {
-            json::Object written {{"value", {json::Number {std::to_string(counter.at(now_))}}}};
+            const Counter reading = counter.reading(now_);
+            json::Object written {{"value", {json::Number {std::to_string(reading.value)}}}};
             if (counter.rate != 0)
                 written.push_back({"rate", {json::Number {std::to_string(counter.rate)}}});
+            if (reading.billionths != 0)
+                written.push_back({"billionths", {json::Number {std::to_string(reading.billionths)}}});
             all.push_back({std::to_string(place), {std::move(written)}});
         }
         if (!all.empty())

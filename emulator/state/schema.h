@@ -47,7 +47,7 @@ public:
     void bytes(const char* name, std::array<std::byte, Size>&)
     {
         json::Object bytes = of_type("string");
-        bytes.push_back({"pattern", {std::string("^([0-9a-f]{2}){") + std::to_string(Size) + "}$"}});
+        bytes.push_back({"pattern", {std::string("^([0-9A-Fa-f]{2}){") + std::to_string(Size) + "}$"}});
         add(name, std::move(bytes));
     }
 
@@ -72,6 +72,7 @@ public:
         std::uint64_t any = 0;
         counter.number("value", any);
         counter.number("rate", any);
+        counter.add("billionths", number_or_text(most_billionths));
         add(name, entries_of(counter.object()));
     }
 

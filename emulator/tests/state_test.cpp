@@ -349,7 +349,8 @@ constexpr const char* everything = R"({
       "statistics": {
         "47": {
           "value": 1,
-          "rate": 2
+          "rate": 2,
+          "billionths": 3
         }
       }
     }
@@ -441,6 +442,61 @@ TEST_F(StateFile, DescribesManyInAFewLines)
     EXPECT_TRUE(json::equal(*json::at(all, "/instances/i3/arp"), *json::at(one, "/instances/i1/arp")));
 }
 
+TEST_F(StateFile, MovesWhatItsRangesStandBehind)
+{
+    load(R"({"bridges": {"b": {"fdb": {"7 9 02:00:00:00:00:fe{+1*3}": {}}}},
+        "instances": {"i": {"lifs": {"l": {}},
+            "arp": {"10.0.0.1{+1*2} l": {"mac": "02:00:00:00:00:ff{+1}"}},
+            "proxyNeighbours6": {"fe80::1 l": {}, "fe80::2{+65536*2} l": {}},
+            "routes6": {"2001:db8::/128 2001:db8::1{+1*2} -": {}},
+            "lifPolicies": {"1 10.0.{1..2}.0/24 1.2.3.4 - t": {}, "2 10.0.0.0/8{+16777216*2} 1.2.3.4 - t": {}}}}})");
+    const auto keys_at = [&](const std::string& pointer) {
+        const json::Value document = state_of(module);
+        std::vector<std::string> keys;
+        for (const json::Member& member : *json::at(document, pointer)->object())
+            keys.push_back(member.name);
+        return keys;
+    };
+    using testing::ElementsAre;
+    EXPECT_THAT(keys_at("/bridges/b/fdb"),
+        ElementsAre("7 9 02:00:00:00:00:fe", "7 9 02:00:00:00:00:ff", "7 9 02:00:00:00:01:00"));
+    EXPECT_EQ(printed_at("/instances/i/arp/10.0.0.1 l/mac"), "\"02:00:00:00:00:ff\"\n");
+    EXPECT_EQ(printed_at("/instances/i/arp/10.0.0.2 l/mac"), "\"02:00:00:00:01:00\"\n");
+    EXPECT_THAT(keys_at("/instances/i/proxyNeighbours6"), ElementsAre("fe80::1 l", "fe80::2 l", "fe80::1:2 l"));
+    EXPECT_THAT(
+        keys_at("/instances/i/routes6"), ElementsAre("2001:db8::/128 2001:db8::1 -", "2001:db8::/128 2001:db8::2 -"));
+    EXPECT_THAT(
+        keys_at("/instances/i/lifPolicies"), ElementsAre("1 10.0.1.0/24 1.2.3.4 - t", "1 10.0.2.0/24 1.2.3.4 - t",
+                                                 "2 10.0.0.0/8 1.2.3.4 - t", "2 11.0.0.0/8 1.2.3.4 - t"));
+}
+
+TEST_F(StateFile, KeepsWhatIsNotYetOne)
+{
+    load(R"({"statistics": {"0": {"rate": 7}, "1": {"value": 18446744073709551615, "rate": 18446744073709551615}}})");
+    Module whole({.clock = Clock::Manual});
+    set_state(whole, state_of(module));
+    for (int i = 0; i < 30; ++i) {
+        module.advance(std::chrono::milliseconds(11));
+        const std::string saved = save();
+        load(saved);
+        EXPECT_EQ(save(), saved);
+    }
+    whole.advance(std::chrono::milliseconds(330));
+    EXPECT_EQ(save(), json::print(state_of(whole)));
+    EXPECT_EQ(printed_at("/statistics/0/value"), "2\n");
+}
+
+TEST_F(StateFile, ForgetsInTimeWhetherOrNotSomebodyLooks)
+{
+    load(
+        R"({"bridges": {"b": {"fdb": {"1 1 02:00:00:00:00:01": {"learned": 299.5}, "1 1 02:00:00:00:00:02": {"learned": 1}}}}})");
+    EXPECT_THAT(save(), HasSubstr("299.5"));
+    module.advance(std::chrono::milliseconds(499));
+    EXPECT_THAT(save(), HasSubstr("299.999"));
+    module.advance(std::chrono::milliseconds(1));
+    EXPECT_EQ(printed_at("/bridges/b/fdb"), "{\n  \"1 1 02:00:00:00:00:02\": {\n    \"learned\": 1.5\n  }\n}\n");
+}
+
 TEST_F(StateFile, TellsWhereItIsWrong)
 {
     load(all_there_is());
@@ -453,6 +509,19 @@ TEST_F(StateFile, TellsWhereItIsWrong)
         {"{\"logLevel\": -1}", "1:14: expected a number from 0"},
         {"{\"loglevel\": 1}", "1:2: expected one of logLevel, extendedLogLevel"},
         {"{\"instances\":\n {\"\": {}}}", "2:3: expected a name"},
+        {R"({"instances": {"i{1..3": {}}})", "1:16: expected {i}, or {+N} at the end"},
+        {R"({"instances": {"i{+1*3": {}}})", "1:16: expected {i}, or {+N} at the end"},
+        {R"({"instances": {"i{+1*3}": {}}})", "1:16: expected no more in this key, not 'i'"},
+        {R"({"instances": {"a": {"lifs": {"b": {}}, "arp": {"255.255.255.254{+1*3} b": {"mac": "02:00:00:00:00:01"}}}}})",
+            "1:49: expected an address that there is, not '255.255.255.254 and 2 further'"},
+        {R"({"instances": {"a": {"lifs": {"b{1..2}": {"auxName": "c{+1}"}}}}})",
+            "1:54: expected a MAC address where {+N} is, or no {+N}, not 'c'"},
+        {R"({"pmacs": {"ff:ff:ff:ff:ff:ff{+1*2}": {}}})", "1:12: expected an address that there is"},
+        {R"({"bridges": {"a": {"fdb": {"4294967294{+1*3} 9 02:00:00:00:00:01": {}}}}})",
+            "1:28: expected a number of at most 4294967295, not '4294967294 and 2 further'"},
+        {R"({"bridges": {"a": {"networks": {"1 2 ": {}}}}})", "1:33: expected no space at the end"},
+        {R"({"statistics": {"0": {"billionths": 1000000000}}})", "1:17: expected billionths from 0 to 999999999"},
+        {R"({"instances": {"a\u0000b": {}}})", "not 'a\\u0000b'"},
         {"{\"instances\": {\"a\": {\"uuid\": \"u\"}, \"b\": {\"uuid\": \"u\"}}}", "1:36: expected no UUID twice"},
         {R"({"instances": {"a": {"routes": {"10.0.0.0/33": {}}}}})", "1:33: expected an IPv4 address with the length"},
         {R"({"instances": {"a": {"routes": {"10.0.0.1/8": {}}}}})", "1:33: expected no bits outside the mask"},
@@ -627,6 +696,8 @@ TEST(Patch, DoesWhatItSays)
         printed(R"({"a": [[1, 2], 1, 2], "b/c": {"~d": true}})"));
     EXPECT_EQ(patched(document, R"([{"op": "test", "path": "/b~1c", "value": {"~d": true}}])"), printed(document));
     EXPECT_EQ(patched(document, R"([{"op": "add", "path": "", "value": 1}])"), "1\n");
+    EXPECT_EQ(patched("[10, -2, 1.5]", R"([{"op": "test", "path": "", "value": [1e1, -2.0, 15E-1]}])"),
+        printed("[10, -2, 1.5]"));
 }
 
 TEST(Patch, SaysWhatCannotBeDone)
