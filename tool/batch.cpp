@@ -13,6 +13,8 @@ constexpr std::string_view blanks = " \t\r\n";
 
 std::vector<std::string> words_of(std::string_view line)
 {
+    if (line.find('\0') != std::string_view::npos)
+        throw Misuse("U+0000 stands in it, which no word can have");
     std::vector<std::string> words;
     bool is_within_word = false;
     char quote = '\0';

@@ -42,6 +42,13 @@ TEST(Lines, DoNotGoOnInTheNext)
     EXPECT_THAT(words_of("a \\\\\n"), ElementsAre("a", "\\"));
 }
 
+TEST(Lines, HaveNoU0000)
+{
+    using namespace std::string_view_literals;
+    for (const std::string_view line : {"a \"b\0c\"\n"sv, "a # \0\n"sv, "\0"sv})
+        EXPECT_THAT([line] { words_of(line); }, ThrowsMessage<Misuse>(HasSubstr("U+0000"))) << line;
+}
+
 TEST(Lines, MustCloseTheirQuotes)
 {
     EXPECT_THAT([] { words_of("a 'b"); }, ThrowsMessage<Misuse>(HasSubstr("the quote ' is not closed")));
