@@ -157,7 +157,7 @@ std::string words_of(const Step& step)
 
 void print_as_text(const Issued& issued, std::string_view name, std::span<const RequestField> fields, Output& output)
 {
-    output.format("command {}", issued.number);
+    output.format("command {}", static_cast<std::uint32_t>(issued.number));
     if (!name.empty())
         output.format(", {}", name);
     output.format(", {} bytes", issued.input.size());
@@ -177,7 +177,7 @@ void print_as_json(const Issued& issued, std::string_view name, std::span<const 
     JsonWriter json(output, layout);
     json.begin_object();
     json.key("command");
-    json.number(issued.number);
+    json.number(static_cast<std::uint32_t>(issued.number));
     if (!name.empty()) {
         json.key("operation");
         json.string(name);

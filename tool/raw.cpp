@@ -16,12 +16,6 @@
 namespace tool {
 namespace {
 
-std::int32_t number_of(const std::string& word)
-{
-    return static_cast<std::int32_t>(word.starts_with("-") ? parse_signed_number(word, sizeof(std::int32_t))
-                                                           : parse_number(word, sizeof(std::uint32_t)));
-}
-
 struct RawExchange
 {
     RawExchange(std::string what, std::uint32_t room)
@@ -53,7 +47,8 @@ void print_reply(std::span<const std::byte> reply, const Manner& manner, Output&
 
 void issue(const RawCommand& command, Sending sending, const Manner& manner, Output& output)
 {
-    const std::int32_t number = number_of(command.number);
+    // As ioctl(2) counts them; the library has the same bits with a sign.
+    const auto number = static_cast<std::int32_t>(parse_number(command.number, sizeof(std::uint32_t)));
     const std::string request = command.request_file.empty() ? "" : contents_of(command.request_file);
     if (sending == Sending::OnlyShown)
         return show_command({number, request, command.reply_size}, manner, output);

@@ -124,7 +124,7 @@ Schema request()
         all_of({{"offset", number(32, false)}, {"size", number(32, false)}, {"name", text()}, {"value", text()}},
             {"offset", "size", "value"});
     return all_of(
-        {{"command", number(32, true)}, {"operation", text()}, {"fields", {{"type", "array"}, {"items", field}}},
+        {{"command", number(32, false)}, {"operation", text()}, {"fields", {{"type", "array"}, {"items", field}}},
             {"request", hexadecimal()}, {"room", number(32, false)}},
         {"command", "fields", "request", "room"});
 }
