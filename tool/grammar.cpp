@@ -193,6 +193,17 @@ const OwnVerb* find_own_verb(std::string_view word)
     return found == std::end(own_verbs) ? nullptr : found;
 }
 
+const Object* find_object(std::string_view word)
+{
+    const auto exact = std::ranges::find(all_objects, word, &Object::name);
+    const auto found =
+        exact != std::end(all_objects) || word.empty()
+            ? exact
+            : std::ranges::find_if(
+                  all_objects, [word](std::string_view name) { return name.starts_with(word); }, &Object::name);
+    return found == std::end(all_objects) ? nullptr : &*found;
+}
+
 std::span<const Object> known_objects()
 {
     return all_objects;

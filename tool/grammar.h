@@ -63,4 +63,7 @@ std::vector<const Verb*> verbs_under(std::span<const std::string> words);
 struct OwnVerb;
 const OwnVerb* find_own_verb(std::string_view word);
 
+// The object that is meant, which may be shortened. Null: none is.
+const Object* find_object(std::string_view word);
+
 } // namespace tool

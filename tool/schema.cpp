@@ -160,10 +160,11 @@ Schema event()
     };
     const Schema count = number(32, false);
     add("begun", {{"lists", count}, {"records", count}});
+    kinds.back()["properties"]["absent"] = {{"type", "array"}, {"items", text()}};
     add("added", {{"key", any}, {"record", any}});
     add("removed", {{"key", any}, {"record", any}});
     add("changed", {{"key", any}, {"changes", changes}});
-    add("failed", {{"error", text()}, {"number", number(32, true)}});
+    add("failed", {{"error", text()}, {"errno", text()}, {"number", number(32, true)}, {"advice", text()}});
     add("answered", Schema::object());
     return {{"oneOf", kinds}};
 }

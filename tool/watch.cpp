@@ -1,5 +1,7 @@
 #include "tool/watch.h"
 
+#include "tool/failures.h"
+#include "tool/grammar.h"
 #include "tool/json_writer.h"
 #include "tool/lists.h"
 #include "tool/members.h"
@@ -42,12 +44,14 @@ public:
     std::size_t count() const { return _count; }
     bool has_enough() const { return _terms.count > 0 && _count >= _terms.count; }
 
-    void begun(std::size_t lists, std::size_t records)
+    // What was asked for and is not there may come yet.
+    void begun(std::size_t lists, std::size_t records, std::span<const std::string> absent)
     {
         if (_manner.style == Style::Text) {
             begin_line();
-            _output.format("watching {} {} with {} {}\n", lists, lists == 1 ? "list" : "lists", records,
-                records == 1 ? "record" : "records");
+            _output.format("watching {} {} with {} {}{}{}\n", lists, lists == 1 ? "list" : "lists", records,
+                records == 1 ? "record" : "records",
+                absent.empty() ? "" : "; not there yet: ", printable(fmt::format("{}", fmt::join(absent, ", "))));
             return;
         }
         JsonWriter json = begin_object("begun");
@@ -55,6 +59,13 @@ public:
         json.number(lists);
         json.key("records");
         json.number(records);
+        if (!absent.empty()) {
+            json.key("absent");
+            json.begin_array();
+            for (const std::string& word : absent)
+                json.string(word);
+            json.end_array();
+        }
         end_object(json);
     }
 
@@ -109,8 +120,12 @@ public:
         write_list(json, list);
         json.key("error");
         json.string(failure.what());
+        json.key("errno");
+        json.string(name_of(failure.number));
         json.key("number");
         json.number(failure.number);
+        json.key("advice");
+        json.string(failure.advice);
         end_object(json);
     }
 
@@ -255,6 +270,10 @@ public:
         return _verb == other._verb && (_only.empty() || _only == other._only);
     }
 
+    // As it is asked for.
+    std::string word() const { return fmt::format("{}={}", split(_verb->words, ' ').front(), _only); }
+    bool found_nothing() const { return _error == 0 && _known.empty(); }
+    bool is_narrowed() const { return !_only.empty(); }
     std::size_t lists() const { return _known.size(); }
     std::size_t records() const
     {
@@ -270,7 +289,8 @@ public:
         Later
     };
 
-    void read(Round round, Names& names, Reporter& reporter, AddressOrder order)
+    // False if the end of the watch interrupted it.
+    bool read(Round round, Names& names, Reporter& reporter, AddressOrder order)
     {
         std::vector<List> lists;
         try {
@@ -295,10 +315,11 @@ public:
                 known.contents = std::move(contents);
             } catch (const Failure& failure) {
                 // The next round will not look for it.
-                if (is_there(list, order))
-                    fail(list, known.error, failure, reporter);
+                if (is_there(list, order) && !fail(list, known.error, failure, reporter))
+                    return false;
             }
         }
+        return true;
     }
 
 private:
@@ -329,15 +350,15 @@ private:
         }
     }
 
-    // Once, until it succeeds or fails for another reason.
-    static void fail(const List& list, int& error, const Failure& failure, Reporter& reporter)
+    // Once, until it succeeds or fails for another reason. False if the end of the watch is that.
+    static bool fail(const List& list, int& error, const Failure& failure, Reporter& reporter)
     {
-        // What ends the watch interrupts its read.
         if (Waiting::is_ended())
-            return;
+            return false;
         if (error != failure.number)
             reporter.failed(list, failure);
         error = failure.number;
+        return true;
     }
 
     static void settle(const List& list, int& error, Reporter& reporter)
@@ -396,7 +417,8 @@ std::vector<WatchedVerb> watched(std::span<const std::string> words)
     std::vector<WatchedVerb> all;
     for (const std::string& word : words) {
         const std::size_t equals = std::min(word.find('='), word.size());
-        const std::string object = word.substr(0, equals);
+        const Object* const meant = find_object(word.substr(0, equals));
+        const std::string object(meant ? meant->name : word.substr(0, equals));
         const std::vector<const Verb*> verbs = lists_of_object(object);
         if (verbs.empty()) {
             std::vector<std::string_view> known;
@@ -417,6 +439,36 @@ std::vector<WatchedVerb> watched(std::span<const std::string> words)
                 add(all, WatchedVerb(*verb, only));
     }
     return all;
+}
+
+bool read_all(std::span<WatchedVerb> verbs, WatchedVerb::Round round, Reporter& reporter, AddressOrder order)
+{
+    Names names(order);
+    return std::ranges::all_of(verbs, [&](WatchedVerb& verb) { return verb.read(round, names, reporter, order); });
+}
+
+// What has none of its lists.
+std::vector<std::string> absent(std::span<const WatchedVerb> verbs)
+{
+    std::vector<std::string> words;
+    for (const WatchedVerb& verb : verbs) {
+        const auto is_there = [&](const WatchedVerb& one) { return one.word() == verb.word() && !one.found_nothing(); };
+        if (verb.is_narrowed() && std::ranges::none_of(verbs, is_there) &&
+            std::ranges::find(words, verb.word()) == words.end())
+            words.push_back(verb.word());
+    }
+    return words;
+}
+
+void report_begin(std::span<const WatchedVerb> verbs, Reporter& reporter)
+{
+    std::size_t lists = 0;
+    std::size_t records = 0;
+    for (const WatchedVerb& verb : verbs) {
+        lists += verb.lists();
+        records += verb.records();
+    }
+    reporter.begun(lists, records, absent(verbs));
 }
 
 // Whether there is anybody to read it.
@@ -448,18 +500,9 @@ void watch(std::span<const std::string> words, const WatchTerms& terms, const Ma
     Reporter reporter(terms, manner, output);
     auto round = WatchedVerb::Round::First;
     for (auto next = begin;; round = WatchedVerb::Round::Later) {
-        Names names(manner.order);
-        for (WatchedVerb& verb : verbs)
-            verb.read(round, names, reporter, manner.order);
-        if (round == WatchedVerb::Round::First) {
-            std::size_t lists = 0;
-            std::size_t records = 0;
-            for (const WatchedVerb& verb : verbs) {
-                lists += verb.lists();
-                records += verb.records();
-            }
-            reporter.begun(lists, records);
-        }
+        const bool is_done = read_all(verbs, round, reporter, manner.order);
+        if (is_done && round == WatchedVerb::Round::First)
+            report_begin(verbs, reporter);
         if (!is_read(output) || reporter.has_enough() || Waiting::is_ended())
             return;
         // After a read that took longer, not at once.
