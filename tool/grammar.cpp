@@ -89,6 +89,20 @@ Step step(const Verb& verb, std::vector<Given> given)
     throw Misuse(fmt::format("'{}' is not expected here{}", word, nearest(word, known)));
 }
 
+std::string_view keyword_of(const Verb& verb)
+{
+    return Pattern(verb.form).keywords().front();
+}
+
+// A LIF has many IPv6 addresses, and one of everything else.
+void refuse_beside(const Verb& verb, const Verb& other)
+{
+    if (&verb == &other && !verb.is_ipv6)
+        throw Misuse(fmt::format("'{}' is given twice", keyword_of(verb)));
+    if (keyword_of(verb) == other.excludes)
+        throw Misuse(fmt::format("'{}' and '{}' exclude each other", keyword_of(other), keyword_of(verb)));
+}
+
 Step one_of(std::span<const Verb* const> verbs, std::span<const std::string> words, bool prefer_ipv6)
 {
     const bool is_ipv6 = prefer_ipv6 || any_looks_like_ipv6(words);
@@ -98,6 +112,8 @@ Step one_of(std::span<const Verb* const> verbs, std::span<const std::string> wor
     Pattern::Match places = pattern.match_places(words);
     const Pattern::Match keywords = pattern.match_keywords(words.subspan(places.words));
     const std::size_t end = places.words + keywords.words;
+    if (end < words.size() && !pattern.keyword_meant(words[end]).empty())
+        throw Misuse(fmt::format("'{}' is given twice", pattern.keyword_meant(words[end])));
     if (end < words.size())
         refuse(words[end], pattern.keywords());
     std::ranges::copy(keywords.given, std::back_inserter(places.given));
@@ -118,18 +134,22 @@ std::vector<Step> several_of(std::span<const Verb* const> verbs, std::span<const
             const std::string_view keyword = pattern.keywords().front();
             if (!keyword.starts_with(words[at]) || taken > 0)
                 continue;
+            Pattern::Match match;
             try {
-                const Pattern::Match match = pattern.match_keywords(words.subspan(at));
-                if (any_looks_like_ipv6(words.subspan(at, match.words)) != verb->is_ipv6)
-                    continue;
-                taken = match.words;
-                std::vector<Given> given = places.given;
-                std::ranges::copy(match.given, std::back_inserter(given));
-                steps.push_back(step(*verb, std::move(given)));
+                match = pattern.match_keywords(words.subspan(at));
             } catch (const Misuse& misuse) {
                 if (!unfinished)
                     unfinished = misuse;
+                continue;
             }
+            if (any_looks_like_ipv6(words.subspan(at, match.words)) != verb->is_ipv6)
+                continue;
+            for (const Step& other : steps)
+                refuse_beside(*verb, *other.verb);
+            taken = match.words;
+            std::vector<Given> given = places.given;
+            std::ranges::copy(match.given, std::back_inserter(given));
+            steps.push_back(step(*verb, std::move(given)));
         }
         if (taken == 0 && unfinished)
             throw Misuse(*unfinished);

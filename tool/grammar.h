@@ -30,6 +30,8 @@ struct Verb
     bool is_ipv6 = false;
     // Of those with the same words, several may be given at once, each with its own keywords.
     bool joins = false;
+    // The keyword of one that cannot be given beside it.
+    std::string_view excludes = {};
 };
 
 struct Object

@@ -72,11 +72,8 @@ Pattern::Match Pattern::match_keywords(std::span<const std::string> words) const
     std::vector<const Part*> seen;
     while (match.words < words.size()) {
         const std::string& word = words[match.words];
-        const auto exact = std::ranges::find(_keywords, word, &Part::keyword);
-        const auto found = exact != _keywords.end() ? exact : std::ranges::find_if(_keywords, [&](const Part& part) {
-            return part.keyword.starts_with(word);
-        });
-        if (found == _keywords.end() || word.empty() || std::ranges::find(seen, &*found) != seen.end())
+        const auto found = find_keyword(word);
+        if (found == _keywords.end() || std::ranges::find(seen, &*found) != seen.end())
             break;
         seen.push_back(&*found);
         ++match.words;
@@ -157,6 +154,20 @@ std::vector<std::string_view> Pattern::keywords() const
     for (const Part& part : _keywords)
         words.push_back(part.keyword);
     return words;
+}
+
+std::string_view Pattern::keyword_meant(std::string_view word) const
+{
+    const auto found = find_keyword(word);
+    return found == _keywords.end() ? std::string_view() : found->keyword;
+}
+
+std::vector<Pattern::Part>::const_iterator Pattern::find_keyword(std::string_view word) const
+{
+    const auto exact = std::ranges::find(_keywords, word, &Part::keyword);
+    if (exact != _keywords.end() || word.empty())
+        return exact;
+    return std::ranges::find_if(_keywords, [word](const Part& part) { return part.keyword.starts_with(word); });
 }
 
 // An address may be written without the length of its prefix: it is then one host.

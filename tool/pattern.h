@@ -43,6 +43,8 @@ public:
     std::vector<std::string> parameters() const;
     std::vector<std::string> demanded() const;
     std::vector<std::string_view> keywords() const;
+    // The one that a word means, which may be shortened; empty: none.
+    std::string_view keyword_meant(std::string_view word) const;
 
 private:
     struct Part
@@ -52,6 +54,7 @@ private:
         bool is_optional;
     };
 
+    std::vector<Part>::const_iterator find_keyword(std::string_view word) const;
     static void name_parameters(std::vector<std::string>& names, const Part& part);
     static void give(std::vector<Given>& given, std::string_view parameter, const std::string& value);
 

@@ -16,8 +16,8 @@ inline constexpr Verb lif_verbs[] {
         .form = "<instance> <lif> [name <auxName>] [address <address/mask>] [mac <mac>] [di <diAddress>] "
                 "[paramA <paramA>] [paramB <paramB>] [paramC <paramC>]"},
     {.words = "lif delete", .operation = "DelLif", .form = "<instance> <lif> [name <auxName>]"},
-    {.words = "lif set", .operation = "EnableLif", .form = "<instance> <lif> up", .joins = true},
-    {.words = "lif set", .operation = "DisableLif", .form = "<instance> <lif> down", .joins = true},
+    {.words = "lif set", .operation = "EnableLif", .form = "<instance> <lif> up", .joins = true, .excludes = "down"},
+    {.words = "lif set", .operation = "DisableLif", .form = "<instance> <lif> down", .joins = true, .excludes = "up"},
     {.words = "lif set", .operation = "SetLifIp", .form = "<instance> <lif> address <address/mask>", .joins = true},
     {.words = "lif set",
         .operation = "SetLifIpv6",

@@ -173,6 +173,22 @@ TEST(Understanding, MakesSeveralOperationsOfWhatIsSet)
                                     Given {"address", "10.0.0.1"}, Given {"mask", "24"}));
 }
 
+TEST(Understanding, TakesEachKeywordOnceButForIpv6Addresses)
+{
+    EXPECT_THAT(
+        understanding({"route", "add", "blue", "10.0.0.0/8", "via", "10.1.0.9", "dev", "eth0", "via", "10.1.0.8"}),
+        ThrowsMessage<Misuse>("'via' is given twice"));
+    EXPECT_THAT(understanding({"lif", "set", "blue", "eth0", "mtu", "1500", "m", "1400"}),
+        ThrowsMessage<Misuse>("'mtu' is given twice"));
+    EXPECT_THAT(understanding({"lif", "set", "blue", "eth0", "up", "down"}),
+        ThrowsMessage<Misuse>("'up' and 'down' exclude each other"));
+    EXPECT_THAT(understanding({"lif", "set", "blue", "eth0", "down", "mtu", "1500", "up"}),
+        ThrowsMessage<Misuse>("'down' and 'up' exclude each other"));
+    const std::vector<std::string> both =
+        words({"lif", "set", "blue", "eth0", "address", "2001:db8::1/64", "address", "2001:db8::2/64"});
+    EXPECT_THAT(understand(both, false), SizeIs(2));
+}
+
 TEST(Understanding, ImpliesWhatTheWordsSay)
 {
     EXPECT_THAT(only({"cluster", "delete", "c1"}).given, ElementsAre(Given {"key", "c1"}, Given {"on", "0"}));
