@@ -146,6 +146,8 @@ private:
 
     void store(std::size_t position, const Parameter& parameter, const std::string& value)
     {
+        if (parameter.kind == "switch" && !is_number(value))
+            return _arguments.set_number(position, position_of_switch(value));
         switch (parameter.input) {
         case Input::Text:
             return _arguments.set_bytes(position, value);
@@ -168,6 +170,15 @@ private:
         case Input::Records:
             return store_records(position, parameter, value);
         }
+    }
+
+    static bool is_number(const std::string& value) { return value.find_first_of("0123456789") != std::string::npos; }
+
+    static std::uint64_t position_of_switch(const std::string& value)
+    {
+        if (value != "on" && value != "off")
+            throw Misuse(fmt::format("'{}' is neither on nor off, nor a number", value));
+        return value == "on" ? 1 : 0;
     }
 
     // A mask may also be written as the length of its prefix.
