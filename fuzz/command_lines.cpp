@@ -89,7 +89,8 @@ void take_apart(Input& input)
         attempt([&] { tool::refuse_mistakes(line); });
         if (!line.mistake.empty())
             return;
-        attempt([&] { tool::refuse_options_of_others(line, line.words.empty() ? "" : line.words.front()); });
+        if (!line.words.empty())
+            attempt([&] { tool::refuse_options_of_others(line); });
         const auto options_end = std::find(arguments.begin(), arguments.end(), "--");
         const auto behind = static_cast<std::size_t>(std::distance(options_end, arguments.end()));
         if (behind > 1 &&

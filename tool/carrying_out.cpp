@@ -39,6 +39,7 @@ struct Exchange
 void carry_out(std::span<const Step> steps, const Manner& manner, Output& output)
 {
     // Of several, none answers: as JSON, they are one.
+    refuse_bytes_of_others(*steps.back().operation, manner);
     refuse_unknown_fields(*steps.back().operation, manner);
     std::vector<Arguments> arguments;
     for (const Step& step : steps)

@@ -14,6 +14,7 @@
 #include <fmt/format.h>
 #include <iterator>
 #include <memory>
+#include <span>
 #include <string_view>
 #include <utility>
 
@@ -35,12 +36,6 @@ struct Formatter : CLI::Formatter
     }
 };
 
-bool takes(std::string_view options, std::string_view option)
-{
-    const std::vector<std::string_view> all = split(options, ' ');
-    return std::ranges::find(all, option) != all.end();
-}
-
 // What is wrong with the value of an option; nothing if it is right.
 std::string wrong_time(const std::string& text)
 {
@@ -50,6 +45,11 @@ std::string wrong_time(const std::string& text)
     } catch (const Misuse& misuse) {
         return misuse.what();
     }
+}
+
+std::string wrong_fields(const std::string& text)
+{
+    return split(text, ',').empty() ? "it names no field" : "";
 }
 
 std::string wrong_number(const std::string& text, std::uint64_t least, std::size_t size)
@@ -92,14 +92,18 @@ public:
         _app.add_flag("--json-pretty", _indented_json, "the same, indented");
         _app.add_option(
                 "-o", _output_form, "wide: all fields, whatever the width of the terminal; raw: bytes as they are")
-            ->check(CLI::IsMember({"wide", "raw"}));
-        _app.add_option("--fields", manner.fields, "only these fields, with commas between them")->type_name("NAMES");
+            ->type_name("wide|raw")
+            ->check(CLI::IsMember({"wide", "raw"}).description(""));
+        _app.add_option("--fields", manner.fields, "only these fields, with commas between them")
+            ->type_name("NAMES")
+            ->check(wrong_fields);
         _app.add_option("--filter", manner.filters, "only what fulfils FIELD==VALUE, or !=, <, <=, >, >=, ~ (contains)")
             ->type_name("CONDITION")
             ->allow_extra_args(false);
         _app.add_option(
                 "--address-order", _address_order, "how the module keeps IPv4 addresses: network (default) or host")
-            ->check(CLI::IsMember({"network", "host"}));
+            ->type_name("network|host")
+            ->check(CLI::IsMember({"network", "host"}).description(""));
         _app.add_flag("-6", _line.prefer_ipv6, "IPv6, where the words do not say it");
         _app.add_option(
                 "--timeout", _line.timeout, "the time after which a call that hangs is given up: 5 (seconds), 500ms")
@@ -140,11 +144,11 @@ public:
     {
         // Behind it, all are words.
         const auto end_of_options = std::ranges::find(arguments, "--");
-        std::vector<std::string> front(std::make_reverse_iterator(end_of_options), arguments.rend());
-        _app.parse(front);
+        const std::vector<std::string> front(std::make_reverse_iterator(end_of_options), arguments.rend());
+        _app.parse(std::vector<std::string>(front));
         Manner& manner = _line.manner;
         _line.words = _app.remaining();
-        note_unknown_option();
+        note_unknown_option(front);
         note_options_given();
         if (end_of_options != arguments.end())
             _line.words.insert(_line.words.end(), end_of_options + 1, arguments.end());
@@ -186,7 +190,7 @@ public:
     }
 
 private:
-    void note_unknown_option()
+    void note_unknown_option(std::span<const std::string> arguments)
     {
         const auto is_option = [](const std::string& word) {
             return word.size() > 1 && word[0] == '-' && std::isdigit(static_cast<unsigned char>(word[1])) == 0;
@@ -194,6 +198,14 @@ private:
         const auto unknown = std::ranges::find_if(_line.words, is_option);
         if (unknown == _line.words.end())
             return;
+        // Such is what is left of -j=1.
+        if (unknown->starts_with("-=")) {
+            const std::string_view rest = std::string_view(*unknown).substr(1);
+            const auto whole = std::ranges::find_if(
+                arguments, [rest](const std::string& word) { return word.starts_with('-') && word.ends_with(rest); });
+            _line.mistake = fmt::format("'{}': this option takes no value", *whole);
+            return;
+        }
         const std::vector<OptionWords> all = options();
         std::vector<std::string_view> names;
         for (const OptionWords& option : all)
@@ -207,22 +219,25 @@ private:
     void note_options_given()
     {
         for (const CLI::Option* const option : _app.get_options())
-            if (const std::string name = option->get_single_name(); option->count() > 0 && belongs_to_some("--" + name))
-                _line.options_given.push_back("--" + name);
-    }
-
-    static bool belongs_to_some(const std::string& option)
-    {
-        return std::ranges::any_of(own_verbs, [&](const OwnVerb& verb) { return takes(verb.options, option); });
+            if (const std::string name = (option->get_lnames().empty() ? "-" : "--") + option->get_single_name();
+                option->count() > 0 && !is_option_of_all(name))
+                _line.options_given.push_back(name);
     }
 
     void note_own_verb()
     {
+        name_own_verb();
         std::vector<std::string>& words = _line.words;
-        if (!words.empty() && words.front() == "help") {
-            words.erase(words.begin());
-            _line.wants_help = true;
-        }
+        if (words.empty() || words.front() != "help")
+            return;
+        words.erase(words.begin());
+        _line.wants_help = true;
+        name_own_verb();
+    }
+
+    void name_own_verb()
+    {
+        std::vector<std::string>& words = _line.words;
         if (const OwnVerb* const own = words.empty() ? nullptr : find_own_verb(words.front()))
             words.front() = own->name;
     }
@@ -250,6 +265,23 @@ CommandLine command_line_of(const CommandLine& general, std::vector<std::string>
     }
 }
 
+namespace {
+
+bool was_given(const CommandLine& line, std::string_view option)
+{
+    return std::ranges::find(line.options_given, option) != line.options_given.end();
+}
+
+void refuse_one_family(std::span<const std::string> words)
+{
+    const std::vector<const Verb*> verbs = verbs_named_by(words);
+    const bool is_one_verb = verbs.front()->words == verbs.back()->words;
+    if (is_one_verb && std::ranges::none_of(verbs, &Verb::is_ipv6))
+        throw Misuse(fmt::format("{} takes no -6", verbs.front()->words));
+}
+
+} // namespace
+
 // Even where help is wanted: what was mistyped may be what was wanted.
 void refuse_mistakes(const CommandLine& line)
 {
@@ -257,18 +289,23 @@ void refuse_mistakes(const CommandLine& line)
         throw Misuse(line.mistake);
 }
 
-void refuse_options_of_others(const CommandLine& line, const std::string& verb)
+void refuse_options_of_others(const CommandLine& line)
 {
+    const std::string& verb = line.words.front();
     const OwnVerb* const own = find_own_verb(verb);
     for (const std::string& option : line.options_given) {
-        if (takes(own ? own->options : options_of_objects, option))
+        if (takes_option(own, option))
             continue;
-        const auto owner =
-            std::ranges::find_if(own_verbs, [&](const OwnVerb& one) { return takes(one.options, option); });
-        if (takes(options_of_objects, option))
+        if (takes_option(nullptr, option))
             throw Misuse(fmt::format("{} takes no {}", verb, option));
+        const auto owner =
+            std::ranges::find_if(own_verbs, [&](const OwnVerb& one) { return takes_option(&one, option); });
         throw Misuse(fmt::format("{} belongs to {}", option, owner->name));
     }
+    if (verb == "raw" && line.manner.wide && was_given(line, "-o"))
+        throw Misuse("raw takes no -o wide");
+    if (!own && was_given(line, "-6"))
+        refuse_one_family(line.words);
     if (!line.interval.empty() && !line.rates && verb != "watch")
         throw Misuse("--interval belongs to watch and to --rates");
 }

@@ -42,9 +42,9 @@ struct CommandLine
 // What it does not say is as in the general one.
 CommandLine command_line_of(const CommandLine& general, std::vector<std::string> arguments);
 
-// Throws Misuse if an option makes no sense, or would say nothing to this verb. The former comes first.
+// Throws Misuse if an option makes no sense, or would say nothing to the verb that there is. The former comes first.
 void refuse_mistakes(const CommandLine& line);
-void refuse_options_of_others(const CommandLine& line, const std::string& verb);
+void refuse_options_of_others(const CommandLine& line);
 
 // All that there are.
 std::vector<OptionWords> known_options();

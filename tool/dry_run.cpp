@@ -243,6 +243,7 @@ std::vector<RequestField> fields_of(
 
 void show_requests(std::span<const Step> steps, const Manner& manner, Output& output)
 {
+    refuse_unknown_fields(*steps.back().operation, manner);
     for (const Step& step : steps) {
         const Operation& operation = *step.operation;
         const Arguments arguments = arguments_of(

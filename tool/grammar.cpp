@@ -213,6 +213,20 @@ const OwnVerb* find_own_verb(std::string_view word)
     return found == std::end(own_verbs) ? nullptr : found;
 }
 
+bool takes_option(const OwnVerb* verb, std::string_view option)
+{
+    const std::vector<std::string_view> options = split(verb ? verb->options : options_of_objects, ' ');
+    return std::ranges::find(options, option) != options.end() || is_option_of_all(option);
+}
+
+bool is_option_of_all(std::string_view option)
+{
+    return std::ranges::none_of(own_verbs, [option](const OwnVerb& verb) {
+        const std::vector<std::string_view> options = split(verb.options, ' ');
+        return std::ranges::find(options, option) != options.end();
+    });
+}
+
 const Object* find_object(std::string_view word)
 {
     const auto exact = std::ranges::find(all_objects, word, &Object::name);

@@ -65,6 +65,10 @@ std::vector<const Verb*> verbs_under(std::span<const std::string> words);
 struct OwnVerb;
 const OwnVerb* find_own_verb(std::string_view word);
 
+// Whether it takes an option, by its name with its dashes. Null: a verb of an object.
+bool takes_option(const OwnVerb* verb, std::string_view option);
+bool is_option_of_all(std::string_view option);
+
 // The object that is meant, which may be shortened. Null: none is.
 const Object* find_object(std::string_view word);
 

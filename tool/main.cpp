@@ -139,9 +139,11 @@ void run(const CommandLine& line, Output& output)
     }
     if (words.empty())
         throw Misuse("nothing to do; lumozephctl --help says what there is");
-    refuse_options_of_others(line, words.front());
+    refuse_options_of_others(line);
     if (words.front() == "batch")
         throw Misuse("a batch within a batch");
+    if (words.front() == "complete")
+        throw Misuse("complete stands first, and -- before the words");
     if (words.front() == "raw") {
         RawCommand command = line.raw;
         command.number = only_word(words, "the number of a command");
@@ -173,7 +175,7 @@ bool is_about_state(const CommandLine& line)
 
 int run_about_state(const CommandLine& line, Output& output)
 {
-    refuse_options_of_others(line, line.words.front());
+    refuse_options_of_others(line);
     StateOptions options = line.state;
     options.dry_run = line.dry_run;
     return run_state_command(line.words, options, line.manner, output);
@@ -228,10 +230,12 @@ int run_safely(const CommandLine& line)
 int run_batch(const CommandLine& line)
 {
     refuse_mistakes(line);
-    refuse_options_of_others(line, "batch");
+    refuse_options_of_others(line);
     CommandLine general = line;
     general.words.clear();
-    std::erase(general.options_given, "--keep-going");
+    // What says how is for those of its lines that it means something to.
+    for (const char* const option : {"--keep-going", "-o", "--address-order", "-6"})
+        std::erase(general.options_given, option);
     Batch batch(only_word(line.words, "a file"));
     int status = EXIT_SUCCESS;
     while ((status == EXIT_SUCCESS || line.keep_going) && batch.advance()) {
@@ -254,10 +258,8 @@ int run_any(const CommandLine& line)
 }
 
 // For the scripts by which shells complete: a candidate a line, what it is behind a tab.
-int complete(std::vector<std::string> words)
+int complete(const std::vector<std::string>& words)
 {
-    if (!words.empty() && words.front() == "--")
-        words.erase(words.begin());
     // A shell that waits is worse than one that does not know.
     constexpr std::chrono::duration<double> patience {2};
     const Deadline deadline(patience, failed);
@@ -276,8 +278,8 @@ int main(int argc, char** argv)
     // A reader that has seen enough is not worth a message.
     static_cast<void>(std::signal(SIGPIPE, SIG_DFL));
     try {
-        if (argc > 1 && std::string_view(argv[1]) == "complete")
-            return complete({argv + 2, argv + argc});
+        if (argc > 2 && std::string_view(argv[1]) == "complete" && std::string_view(argv[2]) == "--")
+            return complete({argv + 3, argv + argc});
         CommandLine general;
         general.manner.columns = columns_of_terminal();
         // NOLINTNEXTLINE(concurrency-mt-unsafe): there is one thread

@@ -244,14 +244,18 @@ void print_records(Output& output, const Records& records, const Manner& manner,
 
 void refuse_unknown_fields(const Operation& operation, const Manner& manner)
 {
-    if (manner.raw && operation.answer != Answer::Bytes)
-        throw Misuse(fmt::format("the answer of {} is not mere bytes", operation.name));
     if (const Record* const record = record_of(operation)) {
         members_named(*record, split(manner.fields, ','));
         filters_of(*record, manner);
     } else if (!manner.fields.empty() || !manner.filters.empty()) {
         throw Misuse(fmt::format("the answer of {} has no fields", operation.name));
     }
+}
+
+void refuse_bytes_of_others(const Operation& operation, const Manner& manner)
+{
+    if (manner.raw && operation.answer != Answer::Bytes)
+        throw Misuse(fmt::format("the answer of {} is not mere bytes", operation.name));
 }
 
 void print(

@@ -36,6 +36,7 @@ struct Manner
 
 // Whether the operation's answer has what is asked for is known before it is called: throws Misuse if not.
 void refuse_unknown_fields(const Operation& operation, const Manner& manner);
+void refuse_bytes_of_others(const Operation& operation, const Manner& manner);
 
 // The usual columns of a table, in their order, with commas between them; none: all.
 void print(Output& output, const Operation& operation, const Reply& reply, const Manner& manner,

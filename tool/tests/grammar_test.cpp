@@ -205,8 +205,36 @@ TEST(Understanding, TakesWordsOfTheToolForThoseThatNoObjectHas)
     EXPECT_EQ(meant("w"), "watch");
     EXPECT_EQ(meant("me"), "metrics");
     EXPECT_EQ(meant("ca"), "call");
+    EXPECT_EQ(meant("h"), "help");
+    EXPECT_EQ(meant("com"), "complete");
     for (const char* const word : {"m", "r", "s", "", "watched", "xyzzy"})
         EXPECT_EQ(meant(word), "none") << word;
+}
+
+TEST(Understanding, TakesShortObjectsForTheFirstThatBeginsSo)
+{
+    const auto meant = [](std::string_view word) {
+        const Object* const object = find_object(word);
+        return object ? object->name : "none";
+    };
+    for (const Object& object : known_objects())
+        EXPECT_EQ(meant(object.name), object.name);
+    EXPECT_EQ(meant("rou"), "route");
+    EXPECT_EQ(meant("l"), "lif");
+    EXPECT_EQ(meant("le"), "level");
+    for (const char* const word : {"", "routes", "watch"})
+        EXPECT_EQ(meant(word), "none") << word;
+}
+
+TEST(Understanding, KnowsWhichOptionsAreHeeded)
+{
+    for (const char* const option : {"-o", "-6", "--fields", "--address-order", "--timeout"})
+        EXPECT_TRUE(takes_option(nullptr, option)) << option;
+    EXPECT_FALSE(takes_option(nullptr, "--yes"));
+    EXPECT_TRUE(takes_option(find_own_verb("apply"), "--yes"));
+    EXPECT_TRUE(takes_option(find_own_verb("apply"), "--timeout"));
+    for (const char* const option : {"-o", "-6", "--fields", "--keep-going"})
+        EXPECT_FALSE(takes_option(find_own_verb("apply"), option)) << option;
 }
 
 TEST(Understanding, TakesFunctionsWithTheirPrefix)
