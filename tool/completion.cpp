@@ -6,6 +6,7 @@
 #include "tool/names.h"
 #include "tool/own_verbs.h"
 #include "tool/pattern.h"
+#include "tool/rates.h"
 #include "tool/records.h"
 #include "tool/words.h"
 
@@ -46,9 +47,9 @@ public:
             else if (!is_value && !word.starts_with('-'))
                 _words.push_back(word);
         }
-        if (!_words.empty() && _words.front() == "help")
+        if (own_verb() && own_verb()->name == "help")
             _words.erase(_words.begin());
-        if (const OwnVerb* const own = _words.empty() ? nullptr : find_own_verb(_words.front()))
+        if (const OwnVerb* const own = own_verb())
             _words.front() = own->name;
     }
 
@@ -66,12 +67,14 @@ public:
             complete_watch();
         else if (_words.front() == "graph" && _words.size() == 1)
             offer_names(Verb {}, "instance", {}, "");
-        else if (!find_own_verb(_words.front()))
+        else if (!own_verb())
             complete_verb();
         return std::move(_candidates);
     }
 
 private:
+    const OwnVerb* own_verb() const { return _words.empty() ? nullptr : find_own_verb(_words.front()); }
+
     const OptionWords* find(std::string_view name) const
     {
         const auto found = std::ranges::find_if(_options,
@@ -110,11 +113,28 @@ private:
                 offer(before + std::string(member.name), "");
     }
 
+    // Those that the words that there are do not refuse.
     void complete_option()
     {
         for (const OptionWords& option : _options)
-            for (const std::string& name : option.names)
-                offer(name, option.brief);
+            if (_words.empty() || std::ranges::all_of(option.names, [&](auto& name) { return is_taken(name); }))
+                for (const std::string& name : option.names)
+                    offer(name, option.brief);
+    }
+
+    bool is_taken(std::string_view option) const
+    {
+        if (own_verb() || !takes_option(nullptr, option))
+            return takes_option(own_verb(), option);
+        const std::vector<const Verb*> verbs = whole_verbs();
+        if (verbs.empty())
+            return true;
+        const Operation& operation = *find_operation(verbs.front()->operation);
+        if (option == "--rates" || option == "--interval")
+            return has_rates(operation);
+        if (option == "--fields" || option == "--filter")
+            return record_of(operation);
+        return option != "-6" || std::ranges::any_of(verbs, &Verb::is_ipv6);
     }
 
     void complete_object()
@@ -159,7 +179,7 @@ private:
             const std::vector<const Verb*> verbs = lists_of_object(object.name);
             if (!verbs.empty() && equals == std::string::npos)
                 offer(std::string(object.name), object.brief);
-            if (equals == std::string::npos || _current.substr(0, equals) != object.name)
+            if (equals == std::string::npos || find_object(_current.substr(0, equals)) != &object)
                 continue;
             for (const Verb* const verb : verbs)
                 for (const std::string& parameter : Pattern(verb->form).demanded())
@@ -221,8 +241,10 @@ private:
             return;
         try {
             Names names(AddressOrder::Network);
+            // Ahead of -- one that begins with a hyphen would be taken for an option.
             for (const std::string& name : names.from(*source, given))
-                offer(before + name, "");
+                if (_options_are_ended || !(before + name).starts_with('-'))
+                    offer(before + name, "");
         } catch (const std::runtime_error&) {
             // Nobody asked for a message here.
             return;

@@ -64,13 +64,18 @@ std::vector<Rates> rates_between(const Record& record, const std::byte* before, 
     return all;
 }
 
+bool has_rates(const Operation& operation)
+{
+    const Record* const record = record_of(operation);
+    return operation.answer == Answer::Record && record && std::ranges::any_of(record->members, is_counter);
+}
+
 void show_rates(
     std::span<const Step> steps, std::chrono::duration<double> interval, const Manner& manner, Output& output)
 {
     const Step& step = steps.back();
     const Record* const record = record_of(*step.operation);
-    if (steps.size() > 1 || step.operation->answer != Answer::Record || !record ||
-        std::ranges::none_of(record->members, is_counter))
+    if (steps.size() > 1 || !has_rates(*step.operation))
         throw Misuse("--rates is for what reads counters");
     if (!manner.filters.empty())
         throw Misuse("--rates takes no --filter");
