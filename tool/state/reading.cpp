@@ -5,6 +5,7 @@
 #include "tool/mistakes.h"
 #include "tool/records.h"
 #include "tool/reply.h"
+#include "tool/state/difference.h"
 #include "tool/state/texts.h"
 #include "tool/words.h"
 
@@ -316,8 +317,8 @@ private:
 Scope scope_of(const Value& document)
 {
     const Value* const instance = document.find("instance");
-    Scope scope {
-        instance ? instance->text : "", document.find("statistics") ? Statistics::Included : Statistics::LeftOut};
+    Scope scope {instance ? instance->text : "",
+        document == without_statistics(document) ? Statistics::LeftOut : Statistics::Included};
     if (const Value* const bridges = document.find("bridges"))
         for (const auto& [name, bridge] : bridges->members)
             if (const Value* const entries = bridge.find("fdb"))
