@@ -133,7 +133,7 @@ public:
             ->type_name("NUMBER")
             ->check(wrong_size);
         _app.add_option("--instance", _line.state.instance, "save: only this instance")->type_name("INSTANCE");
-        _app.add_flag("--statistics", _line.state.statistics, "save: with counters and states of sessions");
+        _app.add_flag("--statistics", _line.state.statistics, "save: with counters, states of sessions and UUIDs");
         _app.add_flag("--yes", _line.state.yes, "apply: without asking");
         _app.add_flag("--rollback", _line.state.rollback, "apply: undo it if it fails");
         _app.add_flag("--svg", _line.state.svg, "graph: as SVG, which dot draws");

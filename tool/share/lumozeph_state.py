@@ -101,7 +101,7 @@ not_settable:
   returned: success
   type: list
   elements: str
-  sample: [/instances/blue/uuid]
+  sample: [/instances/blue/lifs/eth0/dhcpServers]
 losses:
   description: What is lost with the change, as nobody reports it.
   returned: success

@@ -25,7 +25,7 @@ std::vector<Difference> differences(const Value& from, const Value& to);
 // members that it has.
 Value part_spoken_of(const Value& state, const Value& document);
 
-// The document without what changes by itself.
+// The document without what is the module's own.
 Value without_statistics(const Value& document);
 
 // As a person reads them: -, + and ~ are what is taken away, added and changed.

@@ -326,7 +326,7 @@ constexpr Field instance_fields[] {
     {"value2", "value2"},
     {"tunables", "bytes2", Part::Setting, 0, 32, Form::Text},
     {"tunablesValue", "value6"},
-    {"uuid", "text2", Part::Fixed},
+    {"uuid", "text2", Part::Statistic},
     fixed("value3"),
     fixed("value4"),
     fixed("value5"),

@@ -17,7 +17,7 @@ enum class Part : std::uint8_t
 {
     Setting,
     Fixed,    // cannot be set
-    Statistic // changes by itself
+    Statistic // the module's own: changes by itself, or is new with its object
 };
 
 // A member of an object of the document. Its name is that of the parameter which sets it, where that names it well enough.
