@@ -17,6 +17,32 @@ std::vector<Path> paths_of(const Value& state, const Value& document)
     return paths;
 }
 
+// Up to the first that fails. Throws its Failure.
+void call_all(Module& module, const std::vector<Call>& calls, Outcome& outcome)
+{
+    for (auto call = calls.begin(); call != calls.end(); ++call) {
+        try {
+            module.call(*call);
+        } catch (const Failure&) {
+            outcome.not_done.assign(call, calls.end());
+            throw;
+        }
+        outcome.done.push_back(*call);
+    }
+}
+
+void call_each(Module& module, const std::vector<Call>& calls)
+{
+    for (const Call& call : calls) {
+        try {
+            module.call(call);
+        } catch (const Failure&) {
+            // What is left is said in the end.
+            continue;
+        }
+    }
+}
+
 } // namespace
 
 Value HostModule::read(const Scope& scope)
@@ -35,42 +61,37 @@ Outcome carry_out(Module& module, const Plan& plan, const Value& document, Addre
     Scope scope = scope_of(document);
     scope.statistics = Statistics::LeftOut;
     Outcome outcome;
-    std::vector<Call> calls = plan.calls;
-    for (unsigned round = 0; round < rounds && !calls.empty(); ++round) {
-        for (auto call = calls.begin(); call != calls.end(); ++call) {
-            try {
-                module.call(*call);
-            } catch (const Failure& failure) {
-                outcome.why_not = failure;
-                outcome.not_done.assign(call, calls.end());
-                return outcome;
-            }
-            outcome.done.push_back(*call);
+    try {
+        std::vector<Call> calls = plan.calls;
+        for (unsigned round = 0; round < rounds && !calls.empty(); ++round) {
+            call_all(module, calls, outcome);
+            calls = plan_of(module.read(scope), document, order).calls;
         }
-        calls = plan_of(module.read(scope), document, order).calls;
+        outcome.not_settable = paths_of(module.read(scope), document);
+    } catch (const Failure& failure) {
+        outcome.why_not = failure;
     }
-    outcome.not_settable = paths_of(module.read(scope), document);
     return outcome;
 }
 
-std::vector<Path> roll_back(Module& module, const Value& before, const Scope& scope, AddressOrder order)
+Remains roll_back(Module& module, const Value& before, const Scope& scope, AddressOrder order)
 {
-    for (unsigned round = 0; round < rounds; ++round) {
-        const std::vector<Call> calls = plan_of(module.read(scope), before, order).calls;
-        if (calls.empty())
-            return {};
-        for (const Call& call : calls) {
-            try {
-                module.call(call);
-            } catch (const Failure&) {
-                // What is left is said in the end.
-                continue;
-            }
+    Remains remains;
+    for (unsigned round = 0; round <= rounds; ++round) {
+        try {
+            const Value state = module.read(scope);
+            remains = {paths_of(state, before), std::nullopt};
+            const std::vector<Call> calls = plan_of(state, before, order).calls;
+            if (calls.empty())
+                return {};
+            if (round < rounds)
+                call_each(module, calls);
+        } catch (const Failure& failure) {
+            // The next read may succeed.
+            remains = {{}, failure};
         }
     }
-    if (plan_of(module.read(scope), before, order).calls.empty())
-        return {};
-    return paths_of(module.read(scope), before);
+    return remains;
 }
 
 } // namespace tool

@@ -42,16 +42,21 @@ struct Outcome
 {
     std::vector<Call> done;
     std::vector<Call> not_done;
-    std::optional<Failure> why_not; // of the first of them
+    std::optional<Failure> why_not; // of the first of them, or of a read after all that was done
     std::vector<Path> not_settable; // what still differs, if all was done
 };
 
-// Carries out the plan. What was taken away with something else is then added again. Throws Failure if the state cannot be
-// read.
+// Carries out the plan. What was taken away with something else is then added again.
 Outcome carry_out(Module& module, const Plan& plan, const Value& document, AddressOrder order);
 
-// Back to what was read before. As far as it goes: what fails does not keep the rest from being done. What of the settings
-// is left to be undone.
-std::vector<Path> roll_back(Module& module, const Value& before, const Scope& scope, AddressOrder order);
+// What is not as it was.
+struct Remains
+{
+    std::vector<Path> left;
+    std::optional<Failure> why_unknown; // why the state could not be read, and what is left is not known
+};
+
+// Back to what was read before. As far as it goes: what fails does not keep the rest from being done.
+Remains roll_back(Module& module, const Value& before, const Scope& scope, AddressOrder order);
 
 } // namespace tool

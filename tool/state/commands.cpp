@@ -15,6 +15,7 @@
 #include <cerrno>
 #include <cstdlib>
 #include <iostream>
+#include <optional>
 #include <unistd.h>
 
 namespace tool {
@@ -180,23 +181,37 @@ bool is_agreed_to(Output& output, std::size_t calls)
     return answer == "y" || answer == "yes";
 }
 
+void write_remains(Output& output, const Remains& remains)
+{
+    constexpr std::string_view not_rolled_back = "not rolled back: ";
+    if (remains.why_unknown)
+        output.format("{}what is left cannot be read: {}\n", not_rolled_back, remains.why_unknown->what());
+    else if (remains.left.empty())
+        output.write("rolled back\n");
+    write_paths(output, not_rolled_back, remains.left);
+}
+
+// Unknown, it may be all of the document.
+Value list_of(const Remains& remains)
+{
+    return list_of(remains.why_unknown ? std::vector<Path> {Path()} : remains.left);
+}
+
 // Says what could not be done, and what of it is left.
 [[noreturn]] void end_in_failure(
-    Output& output, const Outcome& outcome, const std::vector<Path>* left, const Manner& manner)
+    Output& output, const Outcome& outcome, const std::optional<Remains>& remains, const Manner& manner)
 {
     if (manner.style == Style::Text) {
         output.format("{} done\n", count_of(outcome.done.size()));
         write_commands(output, "not done: ", outcome.not_done);
-        if (left && left->empty())
-            output.write("rolled back\n");
-        else if (left)
-            write_paths(output, "not rolled back: ", *left);
+        if (remains)
+            write_remains(output, *remains);
     } else {
         Value answer = Value::object();
         answer.members["done"] = list_of(outcome.done);
         answer.members["notDone"] = list_of(outcome.not_done);
-        if (left)
-            answer.members["notRolledBack"] = list_of(*left);
+        if (remains)
+            answer.members["notRolledBack"] = list_of(*remains);
         output.write(print_document(answer, spacing_of(manner)));
     }
     output.flush();
@@ -240,10 +255,10 @@ int apply(std::span<const std::string> words, const StateOptions& options, const
         end_in_success(output, outcome, manner);
         return EXIT_SUCCESS;
     }
-    if (!options.rollback)
-        end_in_failure(output, outcome, nullptr, manner);
-    const std::vector<Path> left = roll_back(module, before, scope, manner.order);
-    end_in_failure(output, outcome, &left, manner);
+    std::optional<Remains> remains;
+    if (options.rollback)
+        remains = roll_back(module, before, scope, manner.order);
+    end_in_failure(output, outcome, remains, manner);
 }
 
 int graph(std::span<const std::string> words, const StateOptions& options, const Manner& manner, Output& output)

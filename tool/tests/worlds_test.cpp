@@ -384,7 +384,9 @@ TEST(worlds, are_rolled_back)
         const Outcome outcome = carry_out(module, plan, wanted, order);
         ASSERT_TRUE(outcome.why_not);
         ASSERT_EQ(outcome.done.size() + outcome.not_done.size(), plan.calls.size());
-        ASSERT_THAT(roll_back(module, before, {}, order), IsEmpty());
+        const Remains remains = roll_back(module, before, {}, order);
+        ASSERT_THAT(remains.left, IsEmpty());
+        ASSERT_FALSE(remains.why_unknown);
         ASSERT_EQ(shown_differences(before, state()), "");
     }
 }
@@ -400,7 +402,7 @@ TEST(worlds, say_what_is_left_where_rolling_back_fails)
     Failing module(static_cast<unsigned>(plan.calls.size()));
     module.stays = true;
     ASSERT_TRUE(carry_out(module, plan, wanted, order).why_not);
-    EXPECT_THAT(roll_back(module, before, {}, order), Not(IsEmpty()));
+    EXPECT_THAT(roll_back(module, before, {}, order).left, Not(IsEmpty()));
 }
 
 } // namespace
