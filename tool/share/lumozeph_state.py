@@ -103,8 +103,8 @@ not_settable:
   elements: str
   sample: [/instances/blue/lifs/eth0/dhcpServers]
 losses:
-  description: What is lost with the change, as nobody reports it.
-  returned: success
+  description: What is lost with the change, or with I(rollback), as nobody reports it.
+  returned: success, and failure after something was begun, with rollback
   type: list
   elements: str
 error:
@@ -146,7 +146,9 @@ not_done:
   type: list
   elements: str
 not_rolled_back:
-  description: JSON pointers to what I(rollback) could not bring back. Empty, all is as it was.
+  description:
+    - JSON pointers to what I(rollback) could not bring back. Without them and C(losses), all is as it was.
+    - An empty one means the whole document, where the state could not be read.
   returned: failure after something was begun, with rollback
   type: list
   elements: str
@@ -270,11 +272,13 @@ def main():
 
 def fail(module, outcome, error, has_written):
     result = {}
-    for name, theirs in (("done", "done"), ("not_done", "notDone"), ("not_rolled_back", "notRolledBack")):
+    names = {"done": "done", "not_done": "notDone", "not_rolled_back": "notRolledBack", "losses": "losses"}
+    for name, theirs in names.items():
         if theirs in outcome:
             result[name] = outcome[theirs]
     # Nobody knows what was done before a call that hangs.
-    is_as_before = result.get("not_rolled_back") == [] or result.get("done") == []
+    is_rolled_back = result.get("not_rolled_back") == [] and result.get("losses") == []
+    is_as_before = is_rolled_back or result.get("done") == []
     module.fail_json(msg=sentence(error), error=error, changed=has_written or not is_as_before, **result)
 
 

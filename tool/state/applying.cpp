@@ -80,15 +80,17 @@ Remains roll_back(Module& module, const Value& before, const Scope& scope, Addre
     for (unsigned round = 0; round <= rounds; ++round) {
         try {
             const Value state = module.read(scope);
-            remains = {paths_of(state, before), std::nullopt};
-            const std::vector<Call> calls = plan_of(state, before, order).calls;
-            if (calls.empty())
-                return {};
-            if (round < rounds)
-                call_each(module, calls);
+            remains.left = paths_of(state, before);
+            remains.why_unknown.reset();
+            const Plan plan = plan_of(state, before, order);
+            if (plan.calls.empty() || round == rounds)
+                break;
+            call_each(module, plan.calls);
+            remains.losses.insert(plan.losses.begin(), plan.losses.end());
         } catch (const Failure& failure) {
             // The next read may succeed.
-            remains = {{}, failure};
+            remains.left.clear();
+            remains.why_unknown = failure;
         }
     }
     return remains;

@@ -186,9 +186,11 @@ void write_remains(Output& output, const Remains& remains)
     constexpr std::string_view not_rolled_back = "not rolled back: ";
     if (remains.why_unknown)
         output.format("{}what is left cannot be read: {}\n", not_rolled_back, remains.why_unknown->what());
-    else if (remains.left.empty())
+    else if (remains.left.empty() && remains.losses.empty())
         output.write("rolled back\n");
     write_paths(output, not_rolled_back, remains.left);
+    for (const std::string& loss : remains.losses)
+        output.format("{}{}\n", not_rolled_back, loss);
 }
 
 // Unknown, it may be all of the document.
@@ -210,8 +212,10 @@ Value list_of(const Remains& remains)
         Value answer = Value::object();
         answer.members["done"] = list_of(outcome.done);
         answer.members["notDone"] = list_of(outcome.not_done);
-        if (remains)
+        if (remains) {
             answer.members["notRolledBack"] = list_of(*remains);
+            answer.members["losses"] = list_of(std::vector<std::string>(remains->losses.begin(), remains->losses.end()));
+        }
         output.write(print_document(answer, spacing_of(manner)));
     }
     output.flush();

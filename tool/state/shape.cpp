@@ -572,7 +572,7 @@ constexpr Level endpoints {.name = "endpoints",
     .creation = {"AddBridgeEndpoint", "name value1 value2 value3 flag1 flag2"},
     .deletion = {"DelBridgeEndpoint"},
     .rank = 3,
-    .loss = "its texts, the first of which is its bridge, are not reported and will be empty"};
+    .loss = "its texts, the first of which is its bridge, are not reported and become empty"};
 
 constexpr Field connection_fields[] {
     {"name", "name"},

@@ -178,9 +178,16 @@ class Module(unittest.TestCase):
         self.assertEqual(len(result["done"]), 1)
         self.assertNotIn("not_rolled_back", result)
         result = self.ask(state=wanted, dest="state.json", rollback=True)
-        self.assertEqual((result["changed"], result["done"]), (False, []))
+        self.assertEqual((result["changed"], result["done"], result["losses"]), (False, [], []))
         # It is what the host is to be.
         self.assertEqual(json.loads((self.box.folder / "state.json").read_text())["instances"], wanted["instances"])
+
+    def test_says_what_rolling_back_loses(self):
+        for name in ("e1", "e2"):
+            self.control("endpoint", "add", name)
+        self.box.world("host01", "fault", "add", "DelBridgeEndpoint#2=EBUSY")
+        result = self.ask(state={"endpoints": {}}, rollback=True)
+        self.assertEqual((result["changed"], result["not_rolled_back"], len(result["losses"])), (True, [], 1))
 
 
 class Documentation(unittest.TestCase):
