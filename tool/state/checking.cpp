@@ -102,6 +102,8 @@ private:
 
     std::string normal_key(const Level& level, const Level* outer, const std::string& key, const Value& where) const
     {
+        if (key.empty() && !level.may_have_no_name)
+            refuse(where, fmt::format("expected a key of {}, found an empty one", level.name));
         try {
             return key_of(level, fields_of_key(level, outer, key));
         } catch (const Misuse& misuse) {

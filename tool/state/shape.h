@@ -74,6 +74,7 @@ struct Level
     Selection selection = {};
     // The fields that are the key, with blanks between its parts: "dest/mask gateway lif". None: it is one object.
     std::string_view key = {};
+    bool may_have_no_name = false; // the key, if it is a text alone
     std::span<const Field> fields = {};
     std::span<const Level* const> levels = {};
     Setter creation = {}; // of an object under its key; also changes it
