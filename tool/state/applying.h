@@ -55,7 +55,7 @@ Outcome carry_out(Module& module, const Plan& plan, const Value& document, Addre
 struct Remains
 {
     std::vector<Path> left;
-    std::set<std::string> losses; // of what was added again
+    std::set<std::string> losses;       // of what was added again
     std::optional<Failure> why_unknown; // why the state could not be read, and what is left is not known
 };
 

@@ -13,8 +13,10 @@
 #include <algorithm>
 #include <cctype>
 #include <cerrno>
+#include <cstdint>
 #include <cstdlib>
 #include <iostream>
+#include <map>
 #include <optional>
 #include <unistd.h>
 
@@ -214,7 +216,8 @@ Value list_of(const Remains& remains)
         answer.members["notDone"] = list_of(outcome.not_done);
         if (remains) {
             answer.members["notRolledBack"] = list_of(*remains);
-            answer.members["losses"] = list_of(std::vector<std::string>(remains->losses.begin(), remains->losses.end()));
+            answer.members["losses"] =
+                list_of(std::vector<std::string>(remains->losses.begin(), remains->losses.end()));
         }
         output.write(print_document(answer, spacing_of(manner)));
     }
@@ -236,6 +239,22 @@ void end_in_success(Output& output, const Outcome& outcome, const Manner& manner
     output.flush();
 }
 
+// What goes with bridges and is in no document, by the words of the calls that take them away.
+std::map<std::string, std::string> losses_with_bridges(const Plan& plan, const Scope& scope, AddressOrder order)
+{
+    std::map<std::string, std::string> losses;
+    for (const Call& call : plan.calls) {
+        if (call.operation->name != "BridgeDel")
+            continue;
+        const std::string& bridge = std::ranges::find(call.given, "key", &Given::name)->value;
+        if (const std::uint64_t count = entries_unread(bridge, scope, order))
+            losses[words_of(call)] =
+                fmt::format("{}: forwarding entries of networks that it does not list are lost: {}",
+                    text_of(Path {"bridges", bridge}), count);
+    }
+    return losses;
+}
+
 int apply(std::span<const std::string> words, const StateOptions& options, const Manner& manner, Output& output)
 {
     demand_words(words, 1, 1, "FILE");
@@ -243,7 +262,10 @@ int apply(std::span<const std::string> words, const StateOptions& options, const
     HostModule module(manner.order);
     const Scope scope = scope_of(document);
     const Value before = module.read(scope);
-    const Plan plan = plan_of(before, document, manner.order);
+    Plan plan = plan_of(before, document, manner.order);
+    const std::map<std::string, std::string> with_bridges = losses_with_bridges(plan, scope, manner.order);
+    for (const auto& [call, loss] : with_bridges)
+        plan.losses.push_back(loss);
     if (options.dry_run) {
         show_dry(output, plan, before, document, manner);
         return EXIT_SUCCESS;
@@ -260,8 +282,12 @@ int apply(std::span<const std::string> words, const StateOptions& options, const
         return EXIT_SUCCESS;
     }
     std::optional<Remains> remains;
-    if (options.rollback)
+    if (options.rollback) {
         remains = roll_back(module, before, scope, manner.order);
+        for (const Call& call : outcome.done)
+            if (const auto loss = with_bridges.find(words_of(call)); loss != with_bridges.end())
+                remains->losses.insert(loss->second);
+    }
     end_in_failure(output, outcome, remains, manner);
 }
 

@@ -117,7 +117,37 @@ public:
         }
     }
 
+    std::uint64_t entries_unread(const std::string& bridge)
+    {
+        const Reply bridges = call(*find_operation("GetBridgeInstances"), {});
+        const std::uint64_t all = entries_of(bridge, *records_of(*find_operation("GetBridgeInstances"), bridges));
+        const Level& level = forwarding_entries();
+        const Operation& operation = *find_operation(level.read);
+        std::uint64_t known = 0;
+        for (const Texts& asked : questions(level, {{"key", bridge}}))
+            known += records_of(operation, call(operation, given_to(operation, level.given, asked, _order)))->count;
+        return all > known ? all - known : 0;
+    }
+
 private:
+    static const Level& forwarding_entries()
+    {
+        const auto named = [](std::string_view name) { return [name](const Level* one) { return one->name == name; }; };
+        const Level& bridges = **std::ranges::find_if(whole_state().levels, named("bridges"));
+        return **std::ranges::find_if(bridges.levels, named("fdb"));
+    }
+
+    // As many as the bridge itself says.
+    static std::uint64_t entries_of(const std::string& bridge, const Records& bridges)
+    {
+        const Member& name = *bridges.record->find("name");
+        const Member& entries = *bridges.record->find(count_of_entries);
+        for (std::size_t i = 0; i < bridges.count; ++i)
+            if (text_in(bridges[i] + name.offset, name.width) == bridge)
+                return load_number(bridges[i] + entries.offset, entries.width);
+        return 0;
+    }
+
     Value read(const Level& level, const Level& outer, const Texts& texts, const std::byte* data, const Value& owner)
     {
         if (!level.embedded.empty())
@@ -337,6 +367,11 @@ Value read_state(const Scope& scope, AddressOrder order)
         document.members["instance"] = Value::string(scope.instance);
     document.members["format"] = Value::number(std::string(document_format));
     return document;
+}
+
+std::uint64_t entries_unread(const std::string& bridge, const Scope& scope, AddressOrder order)
+{
+    return Reader(scope, order).entries_unread(bridge);
 }
 
 } // namespace tool

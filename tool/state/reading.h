@@ -5,6 +5,7 @@
 #include "tool/state/texts.h"
 #include "tool/values.h"
 
+#include <cstdint>
 #include <set>
 #include <string>
 #include <string_view>
@@ -30,6 +31,10 @@ struct Scope
 
 // Throws Failure.
 Value read_state(const Scope& scope, AddressOrder order);
+
+// How many forwarding entries a bridge has that are in none of the networks which it lists or the scope names, and so in no
+// document. Throws Failure.
+std::uint64_t entries_unread(const std::string& bridge, const Scope& scope, AddressOrder order);
 
 // What a document is about. The networks are those whose forwarding entries it has.
 Scope scope_of(const Value& document);

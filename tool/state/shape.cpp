@@ -456,7 +456,7 @@ constexpr Field bridge_fields[] {
     fixed("value1"),
     fixed("text1"),
     fixed("text2"),
-    statistic("value6"),
+    statistic(count_of_entries),
     statistic("data"),
 };
 constexpr Setter bridge_setters[] {

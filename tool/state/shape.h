@@ -87,6 +87,9 @@ struct Level
     std::string_view loss = {}; // of what its creation sets, and nobody reports
 };
 
+// Of a bridge's record: how many forwarding entries it has.
+inline constexpr std::string_view count_of_entries = "value6";
+
 // The whole document, whose levels are read one after the other.
 const Level& whole_state();
 
