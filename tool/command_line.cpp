@@ -250,23 +250,6 @@ private:
     std::string _address_order;
 };
 
-} // namespace
-
-CommandLine command_line_of(const CommandLine& general, std::vector<std::string> arguments)
-{
-    Parser parser(general);
-    try {
-        return parser.parse(std::move(arguments));
-    } catch (const CLI::ParseError& error) {
-        CommandLine line = general;
-        line.manner.style = parser.style();
-        line.mistake = error.what();
-        return line;
-    }
-}
-
-namespace {
-
 bool was_given(const CommandLine& line, std::string_view option)
 {
     return std::ranges::find(line.options_given, option) != line.options_given.end();
@@ -281,6 +264,19 @@ void refuse_one_family(std::span<const std::string> words)
 }
 
 } // namespace
+
+CommandLine command_line_of(const CommandLine& general, std::vector<std::string> arguments)
+{
+    Parser parser(general);
+    try {
+        return parser.parse(std::move(arguments));
+    } catch (const CLI::ParseError& error) {
+        CommandLine line = general;
+        line.manner.style = parser.style();
+        line.mistake = error.what();
+        return line;
+    }
+}
 
 // Even where help is wanted: what was mistyped may be what was wanted.
 void refuse_mistakes(const CommandLine& line)
