@@ -78,6 +78,22 @@ void take_statistics(const Level& level, Value& object)
     }
 }
 
+bool has_any_statistics(const Level& level, const Value& object)
+{
+    const bool has_own = std::ranges::any_of(level.fields, [&](const Field& field) {
+        return field.part == Part::Statistic && object.find(std::string(field.name)) != nullptr;
+    });
+    return has_own || std::ranges::any_of(level.levels, [&](const Level* inner) {
+        const Value* const member = object.find(std::string(inner->name));
+        if (!member || inner->part == Part::Statistic)
+            return member != nullptr;
+        if (inner->key.empty())
+            return has_any_statistics(*inner, *member);
+        return std::ranges::any_of(
+            member->members, [&](const auto& one) { return has_any_statistics(*inner, one.second); });
+    });
+}
+
 std::string shown(const Value& value)
 {
     if (value.kind == Value::Kind::Text)
@@ -163,6 +179,11 @@ Value without_statistics(const Value& document)
     Value settings = document;
     take_statistics(whole_state(), settings);
     return settings;
+}
+
+bool has_statistics(const Value& document)
+{
+    return has_any_statistics(whole_state(), document);
 }
 
 std::string text_of(const Path& path)

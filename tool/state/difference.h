@@ -25,8 +25,9 @@ std::vector<Difference> differences(const Value& from, const Value& to);
 // members that it has.
 Value part_spoken_of(const Value& state, const Value& document);
 
-// The document without what is the module's own.
+// The document without what is the module's own, and whether it has any of it.
 Value without_statistics(const Value& document);
+bool has_statistics(const Value& document);
 
 // As a person reads them: -, + and ~ are what is taken away, added and changed.
 std::string text_of(const std::vector<Difference>& differences);

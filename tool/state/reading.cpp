@@ -347,8 +347,7 @@ private:
 Scope scope_of(const Value& document)
 {
     const Value* const instance = document.find("instance");
-    Scope scope {instance ? instance->text : "",
-        document == without_statistics(document) ? Statistics::LeftOut : Statistics::Included};
+    Scope scope {instance ? instance->text : "", has_statistics(document) ? Statistics::Included : Statistics::LeftOut};
     if (const Value* const bridges = document.find("bridges"))
         for (const auto& [name, bridge] : bridges->members)
             if (const Value* const entries = bridge.find("fdb"))
