@@ -38,13 +38,11 @@ public:
         for (const std::string& word : words.first(words.size() - 1)) {
             const bool is_value = !_pending.empty();
             _pending = {};
-            if (_options_are_ended)
-                _words.push_back(word);
-            else if (const OptionWords* const option = find(word))
+            if (const OptionWords* const option = _options_are_ended ? nullptr : find(word))
                 _pending = option->takes_value ? std::string_view(word) : std::string_view();
-            else if (word == "--")
+            else if (word == "--" && !_options_are_ended)
                 _options_are_ended = true;
-            else if (!is_value && !word.starts_with('-'))
+            else if (_options_are_ended || (!is_value && !word.starts_with('-')))
                 _words.push_back(word);
         }
         if (own_verb() && own_verb()->name == "help")
